@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: Apache-2.0
+// A walk over the entries of one directory.
+#pragma once
+
+#include "platform/directory.h"
+#include "platform/file.h"
+#include "zelbasictypes/files/zelpath.h"
+
+#include <cstdint>
+#include <memory>
+
+/// One entry and what the platform knows about it. An entry whose state can't be read is still an
+/// entry, with `exists` false.
+class ZelDirEntry {
+public:
+    ZelDirEntry() = default;
+    ZelDirEntry(const KorString& directory, const KorString& name);
+
+    const ZelPath& path() const { return path_; }
+    bool exists() const { return valid_; }
+    bool isDirectory() const;
+    bool isRegular() const;
+    /// In bytes; 0 when the state couldn't be read.
+    std::int64_t size() const;
+    bool isDot() const { return isDirectoryNamed("."); }
+    bool isDotDot() const { return isDirectoryNamed(".."); }
+
+private:
+    bool isDirectoryNamed(const char* name) const;
+
+    ZelPath path_;
+    platform::FileStatus stat_{};
+    bool valid_ = false;
+};
+
+/// Opens nothing until `begin`, which may be called again and then starts anew. Entries come in the
+/// order of the system.
+class ZelDirIterator {
+public:
+    /// `directory` stays the caller's and must outlive the walk. `skipDots` leaves "." and ".." out.
+    explicit ZelDirIterator(const KorString* directory, bool skipDots = true);
+    ZelDirIterator(const ZelDirIterator&) = delete;
+    ZelDirIterator& operator=(const ZelDirIterator&) = delete;
+    ~ZelDirIterator();
+
+    void begin();
+    void next();
+    bool isDone() const { return done; }
+    /// The current entry; meaningful while the walk isn't done.
+    const ZelDirEntry& entry() const { return entry_; }
+
+private:
+    void close();
+    void take(const KorString& name);
+    void skip();
+
+    const KorString* directory;
+    bool skipDots;
+    platform::DirectorySearch* search = nullptr;
+    ZelDirEntry entry_;
+    bool done = false;
+};
+
+/// The number of entries, "." and ".." among them.
+std::int32_t entryCount(const KorString& directory);
+/// The sizes of the regular files added up, in bytes, without those of subdirectories.
+std::int64_t totalSize(const KorString& directory);

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: Apache-2.0
+// The pool that keeps freed blocks by size class, and the one pool that a process works on.
+//
+// One lock guards the buckets of all pools and the choice of the current pool, so that all calls
+// here are safe from any thread; only `setCaching` takes no lock. Every block carries in front of
+// it the way to give it back, so that it may outlive the pool that it came from. Nothing here
+// reports failure: an allocation that fails for good ends the process.
+#pragma once
+
+#include "component/objects/services/ibucketmemorypool.h"
+
+class MemoryBucket;
+
+/// The classes rise in steps of `granularity` up to `linearMax` and double from there up to
+/// `bucketMax`; greater blocks are not kept. All three are in bytes. A pool belongs to its
+/// references, and the newest one becomes the process's current pool.
+class BucketMemoryPool : public virtual IBucketMemoryPool {
+public:
+    static constexpr const char* interfaceName = "BucketMemoryPool";
+
+    static constexpr std::int32_t standardGranularity = 4;
+    static constexpr std::int32_t standardLinearMax = 8192;
+    static constexpr std::int32_t standardBucketMax = 0x40000;
+
+    /// Takes over the cached blocks of the current pool when that has the same classes.
+    BucketMemoryPool(std::int32_t granularity, std::int32_t linearMax, std::int32_t bucketMax);
+    BucketMemoryPool(const BucketMemoryPool&) = delete;
+    BucketMemoryPool& operator=(const BucketMemoryPool&) = delete;
+    ~BucketMemoryPool() override;
+
+    void qi(const char* name, void** result, std::int32_t reserved = 0) override;
+    const char* className() override { return interfaceName; }
+
+    bool clear() override;
+    /// A `size` of 0 or less gives a block of the smallest class.
+    void* allocate(std::int32_t size, unsigned& got) override;
+    bool free(std::int32_t size, void*& block) override;
+    bool setCaching(bool on) override;
+
+    /// Takes over all cached blocks of `source`, which must have the same classes.
+    void mergeFrom(BucketMemoryPool& source);
+
+private:
+    /// The buckets in the order of their classes; an entry is null until its class is used.
+    struct Table {
+        std::int32_t capacity = 0;
+        MemoryBucket** items = nullptr;
+        std::int32_t count = 0;
+    };
+    struct SizeClass {
+        std::int32_t index;
+        std::int32_t size;
+    };
+
+    SizeClass classOf(std::int32_t size) const;
+    bool hasSameClasses(const BucketMemoryPool& other) const;
+    MemoryBucket*& slot(std::int32_t index);
+
+    Table buckets;
+    std::int32_t granularity;
+    std::int32_t linearMax;
+    std::int32_t bucketMax; ///< negative while caching is off
+};
+
+/// A block of at least `size` bytes from the current pool; `got` is the size to give back with it.
+/// Without a pool the host's shared one is looked for, and failing that a pool of our own is made,
+/// which hands its blocks over once the shared one turns up.
+void* bucketAlloc(std::int32_t size, unsigned& got);
+
+/// Gives a block back; `size` is what `got` was. Nothing when either is 0.
+void bucketFree(std::int32_t size, void* block);
+
+/// The current pool, made when there is none. Borrowed.
+BucketMemoryPool* currentBucketPool();
+
+/// Looks for the shared pool now; true when the process works on a pool that is there to stay.
+bool connectSharedPool();
+
+/// Frees what the current pool keeps and lets go of it. Blocks still in use stay good.
+void destroyBucketPool();
