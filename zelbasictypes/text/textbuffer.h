@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: Apache-2.0
+// The terminated buffer that both string classes stand on: borrowed text or a block of the pool.
+#pragma once
+
+#include "zelbasictypes/memory/bucketmemorypool.h"
+
+#include <cstdint>
+#include <initializer_list>
+#include <string_view>
+
+namespace zeltext {
+
+/// `data` is null or a terminated text. `capacity` is what the pool gave, in bytes; 0 marks a text
+/// that lives elsewhere, and such a text is never written to. A plain value: copying it copies no
+/// text, and whoever holds it decides when to release it.
+template <class Unit> struct Buffer {
+    Unit* data = nullptr;
+    std::int32_t capacity = 0;
+
+    bool isOwned() const { return capacity > 0; }
+    bool isBorrowed() const { return data && capacity == 0; }
+    /// Gives an owned block back to the pool and leaves the buffer null.
+    void release() {
+        if (capacity > 0) bucketFree(capacity, data);
+        *this = Buffer();
+    }
+    /// True when an owned block holds `length` units and their terminator.
+    bool fits(std::int64_t length) const {
+        return (length + 1) * static_cast<std::int64_t>(sizeof(Unit)) <= capacity;
+    }
+};
+
+/// The longest text, in units, whose buffer a signed 32-bit size can name.
+template <class Unit>
+inline constexpr std::int64_t longestText = INT32_MAX / static_cast<std::int32_t>(sizeof(Unit)) - 1;
+
+/// A new block for `length` units, terminated at both ends of the room; `length` must not exceed
+/// `longestText`.
+template <class Unit> Buffer<Unit> makeRoom(std::int64_t length);
+
+/// A new block of exact size with the pieces one after the other. A text too long for one buffer
+/// raises an assertion and gives a null buffer.
+template <class Unit>
+Buffer<Unit> compose(std::initializer_list<std::basic_string_view<Unit>> pieces);
+
+/// Makes `buffer` the text `piece`, in the block at hand when that is owned and large enough.
+/// `piece` may lie inside the buffer.
+template <class Unit> void store(Buffer<Unit>& buffer, std::basic_string_view<Unit> piece);
+
+/// Turns a borrowed text into an owned copy; nothing for a null one.
+template <class Unit> void detach(Buffer<Unit>& buffer, std::int32_t length);
+
+extern template Buffer<char> makeRoom(std::int64_t);
+extern template Buffer<char16_t> makeRoom(std::int64_t);
+extern template Buffer<char> compose(std::initializer_list<std::string_view>);
+extern template Buffer<char16_t> compose(std::initializer_list<std::u16string_view>);
+extern template void store(Buffer<char>&, std::string_view);
+extern template void store(Buffer<char16_t>&, std::u16string_view);
+extern template void detach(Buffer<char>&, std::int32_t);
+extern template void detach(Buffer<char16_t>&, std::int32_t);
+
+} // namespace zeltext
