@@ -4,6 +4,7 @@
 
 #include "zelbasictypes/memory/bucketmemorypool.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <string_view>
@@ -34,29 +35,34 @@ template <class Unit> struct Buffer {
 template <class Unit>
 inline constexpr std::int64_t longestText = INT32_MAX / static_cast<std::int32_t>(sizeof(Unit)) - 1;
 
-/// A new block for `length` units, terminated at both ends of the room; `length` must not exceed
-/// `longestText`.
+/// A new block for `length` units, terminated at both ends of the room. A text too long for one
+/// buffer raises an assertion and gives a null buffer.
 template <class Unit> Buffer<Unit> makeRoom(std::int64_t length);
 
-/// A new block of exact size with the pieces one after the other. A text too long for one buffer
-/// raises an assertion and gives a null buffer.
+/// A new block of exact size with the pieces one after the other, or null as of makeRoom.
 template <class Unit>
-Buffer<Unit> compose(std::initializer_list<std::basic_string_view<Unit>> pieces);
+Buffer<Unit> compose(const std::basic_string_view<Unit>* pieces, std::size_t count);
+template <class Unit>
+Buffer<Unit> compose(std::initializer_list<std::basic_string_view<Unit>> pieces) {
+    return compose(pieces.begin(), pieces.size());
+}
 
 /// Makes `buffer` the text `piece`, in the block at hand when that is owned and large enough.
 /// `piece` may lie inside the buffer.
 template <class Unit> void store(Buffer<Unit>& buffer, std::basic_string_view<Unit> piece);
 
-/// Turns a borrowed text into an owned copy; nothing for a null one.
-template <class Unit> void detach(Buffer<Unit>& buffer, std::int32_t length);
+/// Adds `piece` at the end of the text of `length` units: in place when an owned block has the
+/// room, else in a new one of exact size. `piece` may lie inside the buffer.
+template <class Unit>
+void extend(Buffer<Unit>& buffer, std::size_t length, std::basic_string_view<Unit> piece);
 
 extern template Buffer<char> makeRoom(std::int64_t);
 extern template Buffer<char16_t> makeRoom(std::int64_t);
-extern template Buffer<char> compose(std::initializer_list<std::string_view>);
-extern template Buffer<char16_t> compose(std::initializer_list<std::u16string_view>);
+extern template Buffer<char> compose(const std::string_view*, std::size_t);
+extern template Buffer<char16_t> compose(const std::u16string_view*, std::size_t);
 extern template void store(Buffer<char>&, std::string_view);
 extern template void store(Buffer<char16_t>&, std::u16string_view);
-extern template void detach(Buffer<char>&, std::int32_t);
-extern template void detach(Buffer<char16_t>&, std::int32_t);
+extern template void extend(Buffer<char>&, std::size_t, std::string_view);
+extern template void extend(Buffer<char16_t>&, std::size_t, std::u16string_view);
 
 } // namespace zeltext
