@@ -15,12 +15,12 @@ public:
     static constexpr const char* interfaceName = "IZelCompInternal";
     using IZelUnknown::className;
 
-    virtual void reserved1() = 0;
-    virtual void reserved2() = 0;
+    virtual void internalReserved1() = 0;
+    virtual void internalReserved2() = 0;
     virtual const ZelGuid* componentId() = 0;
     virtual const char* moduleName() = 0;
     /// Returns 0.
-    virtual std::int32_t reserved3() = 0;
+    virtual std::int32_t internalReserved3() = 0;
     virtual std::int32_t classCount() = 0;
     /// False on an empty table.
     virtual bool firstClass(ZelGuid* out) = 0;
@@ -29,7 +29,7 @@ public:
     /// Null for an identifier that the component does not offer.
     virtual const char* className(const ZelGuid& id) = 0;
     /// Returns true.
-    virtual bool reserved4() = 0;
+    virtual bool internalReserved4() = 0;
     /// Hands the module's self-tests to `service`; without one tells the user.
     virtual void runSelfTests(IZelSelfTestService* service) = 0;
     /// The name is copied.

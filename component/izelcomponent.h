@@ -21,5 +21,5 @@ public:
     /// then left alone.
     virtual std::int32_t createInstance(const ZelGuid& id, IZelUnknown** out) = 0;
     /// Returns 0.
-    virtual std::int32_t reserved1() = 0;
+    virtual std::int32_t componentReserved() = 0;
 };

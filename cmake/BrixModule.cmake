@@ -1,0 +1,29 @@
+# SPDX-License-Identifier: Apache-2.0
+# A loadable module as the host expects it: its own name without a prefix, and nothing exported but
+# EntryPoint and the members of the class brix.
+
+set(BRIX_EXPORTS_DIR ${CMAKE_CURRENT_LIST_DIR})
+
+# brix_exported_sources(sources...): sources of this folder whose functions a module may export.
+function(brix_exported_sources)
+  if(NOT WIN32)
+    set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS -fvisibility=default)
+  endif()
+endfunction()
+
+# brix_module(TARGET): for a target made by add_library(... MODULE ...), which links componententry
+# and an identity directly.
+function(brix_module target)
+  set_target_properties(${target} PROPERTIES PREFIX "")
+  if(CMAKE_LIBRARY_OUTPUT_DIRECTORY STREQUAL "" AND CMAKE_RUNTIME_OUTPUT_DIRECTORY)
+    set_target_properties(${target} PROPERTIES
+      LIBRARY_OUTPUT_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+  endif()
+  if(WIN32)
+    target_sources(${target} PRIVATE ${BRIX_EXPORTS_DIR}/brix.def)
+  else()
+    target_link_options(${target} PRIVATE
+      LINKER:--version-script=${BRIX_EXPORTS_DIR}/brix.map LINKER:--no-undefined)
+    set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${BRIX_EXPORTS_DIR}/brix.map)
+  endif()
+endfunction()
