@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: Apache-2.0
+// The shared state of one import.
+#include "host/modelling/importsession.h"
+
+namespace host {
+
+std::string ImportSession::nameFor(std::string_view interfaceName) {
+    auto found = ordinals_.find(interfaceName);
+    if (found == ordinals_.end()) found = ordinals_.emplace(interfaceName, 0).first;
+    return std::string(interfaceName) + '#' + std::to_string(++found->second);
+}
+
+void ImportSession::drop(std::string what, Identifier identifier, std::string why) {
+    record.dropped.push_back({std::move(what), identifier, std::move(why)});
+}
+
+} // namespace host
