@@ -120,7 +120,8 @@ public:
     /// As trim, and each inner run of white space becomes one separator. Never null.
     KorCString simplify(char separator = ' ') const;
     /// At most `width` characters, the cut marked by `dots` full stops: at the end (mode 0), in
-    /// front (1) or in the middle (2). A width not above `dots` gives `width` full stops.
+    /// front (1) or in the middle (2). A width not above `dots` gives `width` full stops; negative
+    /// numbers count as 0.
     KorCString fit(std::int32_t width, std::int32_t mode, std::int32_t dots) const;
 
 private:

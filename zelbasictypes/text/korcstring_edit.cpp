@@ -123,6 +123,7 @@ KorCString KorCString::simplify(char separator) const {
 
 KorCString KorCString::fit(std::int32_t width, std::int32_t mode, std::int32_t dots) const {
     KorCString result;
+    dots = std::max(dots, 0);
     if (width <= dots)
         result.buffer = zeltext::onlyStops<char>(width);
     else if (length() <= width)

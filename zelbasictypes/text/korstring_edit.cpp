@@ -145,6 +145,7 @@ KorString KorString::stripSpace() const {
 
 KorString KorString::fit(std::int32_t width, std::int32_t mode, std::int32_t dots) const {
     KorString result;
+    dots = std::max(dots, 0);
     if (width <= dots)
         result.text = zeltext::onlyStops<char16_t>(width);
     else if (length() <= width || !zeltext::isFitMode(mode))

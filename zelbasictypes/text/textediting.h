@@ -36,11 +36,10 @@ void replaceAll(Buffer<Unit>& buffer, std::basic_string_view<Unit> text,
 enum class FitMode : std::int32_t { cutEnd, cutFront, cutMiddle };
 inline bool isFitMode(std::int32_t mode) { return mode >= 0 && mode <= 2; }
 
-/// What `fit` makes of a text longer than `width`. Fewer than no dots count as none.
+/// What `fit` makes of a text longer than `width`. `dots` is not negative.
 template <class Unit>
 Buffer<Unit> fitted(std::basic_string_view<Unit> text, std::int32_t width, FitMode mode,
                     std::int32_t dots) {
-    dots = std::max(dots, 0);
     const auto kept = static_cast<std::size_t>(width - dots);
     const std::basic_string<Unit> stops(static_cast<std::size_t>(dots), Unit('.'));
     const std::size_t head = mode == FitMode::cutEnd     ? kept
