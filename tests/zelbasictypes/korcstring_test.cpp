@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: Apache-2.0
+// The narrow string, case by case; textmodel_test.cpp has the random walk.
+#include "zelbasictypes/text/korcstring.h"
+
+#include "tests/zelbasictypes/assertioncounter.h"
+#include "zelbasictypes/text/korstring.h"
+
+#include <climits>
+#include <gtest/gtest.h>
+#include <sstream>
+#include <stdexcept>
+
+namespace {
+
+TEST(KorCString, TellsNullFromEmpty) {
+    const KorCString null, empty("");
+    EXPECT_TRUE(null.isEmpty() && empty.isEmpty());
+    EXPECT_EQ(null.c_str(), nullptr);
+    EXPECT_FALSE(null == empty);
+    EXPECT_FALSE(null == "");
+    EXPECT_TRUE(null == KorCString(static_cast<const char*>(nullptr)));
+    EXPECT_TRUE(null < empty);
+    EXPECT_FALSE(empty < null);
+    EXPECT_EQ(null.compare(KorCString()), 0);
+    EXPECT_EQ(null.hash(), 0u);
+    EXPECT_EQ(empty.hash(), 5381u);
+}
+
+TEST(KorCString, HashesBytesAsSignedValues) {
+    EXPECT_EQ(KorCString("ab").hash(), (5381u * 33 + 'a') * 33 + 'b');
+    EXPECT_EQ(KorCString("\xE9").hash(), 5381u * 33 - 23);
+}
+
+TEST(KorCString, OrdersBytesAsUnsignedValues) {
+    EXPECT_EQ(KorCString("\x80").compare("\x7F"), 1);
+    EXPECT_EQ(KorCString("a").compare("ab"), -1);
+}
+
+TEST(KorCString, SharesABorrowedTextAndCopiesAnOwnedOne) {
+    static const char literal[] = "IDataStore";
+    const KorCString borrowed = KorCString::borrow(literal);
+    const KorCString shared = borrowed;
+    KorCString assigned("before");
+    assigned = borrowed;
+    EXPECT_EQ(shared.c_str(), literal);
+    EXPECT_EQ(assigned.c_str(), literal);
+    const KorCString owned(literal);
+    const KorCString copy = owned;
+    EXPECT_NE(copy.c_str(), owned.c_str());
+    EXPECT_EQ(copy, owned);
+}
+
+TEST(KorCString, NeverWritesIntoABorrowedText) {
+    char storage[] = "aXbXc";
+    const auto changed = [&storage](auto change) {
+        KorCString text = KorCString::borrow(storage);
+        change(text);
+        EXPECT_TRUE(text.isOwned());
+        EXPECT_STREQ(storage, "aXbXc");
+        return text;
+    };
+    EXPECT_EQ(changed([](KorCString& t) { t.toLower(); }), "axbxc");
+    EXPECT_EQ(changed([](KorCString& t) { t.toUpper(); }), "AXBXC");
+    EXPECT_EQ(changed([](KorCString& t) { t.reverse(); }), "cXbXa");
+    EXPECT_EQ(changed([](KorCString& t) { t.setAt(0, 'z'); }), "zXbXc");
+    EXPECT_EQ(changed([](KorCString& t) { t.replaceChar('X', '-'); }), "a-b-c");
+    EXPECT_EQ(changed([](KorCString& t) { t.replaceRange(1, 1, "-"); }), "a-bXc");
+    EXPECT_EQ(changed([](KorCString& t) { t.append('d'); }), "aXbXcd");
+}
+
+TEST(KorCString, KeepsItsBlockWhenAReplacementHasTheSameLength) {
+    KorCString text("one two");
+    const char* block = text.c_str();
+    text.replaceRange(4, 3, "six");
+    EXPECT_EQ(text, "one six");
+    EXPECT_EQ(text.c_str(), block);
+}
+
+TEST(KorCString, TakesTheLowEightBitsOfWideUnits) {
+    EXPECT_EQ(KorCString(u"a\u0142b"), "aBb");
+    EXPECT_EQ(KorCString(u"abc", 2), "ab");
+    EXPECT_EQ(KorCString(u"abc", INT_MAX), "abc");
+}
+
+TEST(KorCString, Concatenates) {
+    const char* const parts[] = {"a", "", "bc", nullptr};
+    EXPECT_EQ(KorCString::concat("a", "b"), "ab");
+    EXPECT_EQ(KorCString::concat("a", KorCString(), "c"), "ac");
+    EXPECT_EQ(KorCString::concat(parts), "abc");
+    EXPECT_EQ(KorCString::concat("n", INT_MIN), "n-2147483648");
+}
+
+TEST(KorCString, ReportsANegativeStart) {
+    AssertionCounter assertions;
+    const KorCString text("abc");
+    EXPECT_EQ(text.find("a", -1), -1);
+    EXPECT_EQ(text.find('a', -1), -1);
+    EXPECT_EQ(text.find("", -1), -1);
+    EXPECT_EQ(assertions.count, 3);
+    EXPECT_EQ(assertions.last, "start >= 0");
+}
+
+TEST(KorCString, FindsAnEmptyPartAtTheEnds) {
+    const KorCString text("abc");
+    EXPECT_EQ(text.find("", INT_MAX), 0);
+    EXPECT_EQ(KorCString().find(""), 0);
+    EXPECT_EQ(text.rfind(""), 3);
+    EXPECT_EQ(text.find('\0'), -1);
+    EXPECT_EQ(text.rfind('\0'), -1);
+}
+
+TEST(KorCString, DoesNotSearchInsertedTextAgain) {
+    KorCString text("aaa");
+    text.replaceAll("a", "aa");
+    EXPECT_EQ(text, "aaaaaa");
+    text.replaceAll("aa", "");
+    EXPECT_EQ(text, "");
+    KorCString overlapping("aaaaa");
+    overlapping.replaceAll("aa", "b");
+    EXPECT_EQ(overlapping, "bba");
+}
+
+TEST(KorCString, LeavesTheTextWhenAReplacementIsNull) {
+    KorCString text = KorCString::borrow("a%1");
+    text.replaceAll("%1", KorCString());
+    text.replaceAll(KorCString(), "x");
+    text.replaceAll("%2", "x");
+    EXPECT_EQ(text, "a%1");
+    EXPECT_FALSE(text.isOwned());
+}
+
+TEST(KorCString, SimplifiesWhiteSpace) {
+    const struct {
+        const char* text;
+        const char* trimmed;
+        const char* simplified;
+    } cases[] = {
+        {"", "", ""},          {" \t\r\n ", "", ""},        {"  a  b\tc ", "a  b\tc", "a_b_c"},
+        {"abc", "abc", "abc"}, {"\xA0x", "\xA0x", "\xA0x"},
+    };
+    for (const auto& row : cases) {
+        EXPECT_EQ(KorCString(row.text).trim(), row.trimmed) << row.text;
+        EXPECT_EQ(KorCString(row.text).simplify('_'), row.simplified) << row.text;
+    }
+    EXPECT_EQ(KorCString().trim(), KorCString());
+    EXPECT_EQ(KorCString().simplify(), "");
+}
+
+TEST(KorCString, ReadsLinesUpToTheirLimit) {
+    std::istringstream stream("first\n\n" + std::string(5000, 'x'));
+    KorCString line;
+    EXPECT_TRUE(line.readLine(stream));
+    EXPECT_EQ(line, "first");
+    EXPECT_TRUE(line.readLine(stream));
+    EXPECT_EQ(line, "");
+    EXPECT_FALSE(line.readLine(stream));
+    EXPECT_EQ(line.length(), 4096);
+    EXPECT_FALSE(line.readLine(stream));
+}
+
+TEST(KorCString, TakesTheUtf8FormAndItsBlock) {
+    const KorString wide(u"\u00e9t\u00e9");
+    const char* block = wide.toUtf8();
+    KorCString text("old");
+    text.takeUtf8(wide);
+    EXPECT_EQ(text, "\xC3\xA9t\xC3\xA9");
+    EXPECT_EQ(text.c_str(), block);
+    text.takeUtf8(KorString());
+    EXPECT_EQ(text, "");
+    EXPECT_STREQ(wide.toUtf8(), "\xC3\xA9t\xC3\xA9");
+}
+
+TEST(KorCString, TakesTheFormOfTheTextAsItIsNow) {
+    KorString wide(u"ab");
+    wide.toUtf8();
+    wide.append(u'c');
+    KorCString text;
+    text.takeUtf8(wide);
+    EXPECT_EQ(text, "abc");
+}
+
+TEST(KorCString, WritesNothingForNull) {
+    std::ostringstream stream;
+    stream << KorCString() << KorCString("a") << KorString(u"b\u0142c");
+    EXPECT_EQ(stream.str(), "abc");
+}
+
+TEST(KorCString, AcceptsPartsOfItself) {
+    KorCString text("abcdef");
+    text.append(text);
+    EXPECT_EQ(text, "abcdefabcdef");
+    text.assign(text.c_str() + 4, 4);
+    EXPECT_EQ(text, "efab");
+    text.replaceRange(1, 0, text);
+    EXPECT_EQ(text, "eefabfab");
+    text.replaceAll("f", text);
+    EXPECT_EQ(text, "eeeefabfababeefabfabab");
+    KorCString& self = text;
+    text = self;
+    EXPECT_EQ(text, "eeeefabfababeefabfabab");
+}
+
+} // namespace

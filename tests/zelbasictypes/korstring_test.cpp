@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: Apache-2.0
+// The wide string without a host, case by case; textmodel_test.cpp has the random walk.
+#include "zelbasictypes/text/korstring.h"
+
+#include "zelbasictypes/text/korcstring.h"
+
+#include <climits>
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(KorString, ComparesNullEqualToEmpty) {
+    const KorString null, empty(u"");
+    EXPECT_TRUE(null.isNull());
+    EXPECT_FALSE(empty.isNull());
+    EXPECT_TRUE(null == empty);
+    EXPECT_TRUE(null == "");
+    EXPECT_EQ(null.compare(empty), 0);
+    EXPECT_FALSE(null < empty || empty < null);
+    EXPECT_NE(null.c_str(), nullptr);
+    EXPECT_STREQ(null.toNarrow(), "");
+    EXPECT_STREQ(null.toUtf8(), "");
+    EXPECT_EQ(null.length(), 0);
+}
+
+TEST(KorString, OrdersByUnitWithoutAHost) {
+    EXPECT_EQ(KorString().compare("a"), -1);
+    EXPECT_EQ(KorString("ab").compare("a"), 1);
+    EXPECT_EQ(KorString(u"\u8000").compare(u"\u7fff"), 1);
+    EXPECT_TRUE(KorString("Z") < KorString("a"));
+}
+
+TEST(KorString, WidensBytesAsSignedValues) {
+    const KorString text("a\xE9");
+    EXPECT_EQ(text.at(1), 0xFFE9);
+    EXPECT_TRUE(text == "a\xE9");
+    EXPECT_STREQ(text.toNarrow(), "a");
+    EXPECT_EQ(KorString("0123456789\x80"
+                        "bcdef\xFFg")
+                  .at(16),
+              0xFFFF);
+    EXPECT_EQ(KorString(KorCString("ab")), "ab");
+    EXPECT_EQ(KorString("abc", 2), "ab");
+    EXPECT_EQ(KorString("abc", INT_MAX), "abc");
+    EXPECT_TRUE(KorString(static_cast<const char*>(nullptr)).isNull());
+    EXPECT_TRUE(KorString(KorCString()).isNull());
+    EXPECT_EQ(KorString('x'), "x");
+}
+
+TEST(KorString, SharesABorrowedTextWithItsNarrowForm) {
+    static const char16_t wide[] = u"Gr\u00f6\u00dfe";
+    static const char narrow[] = "Groesse";
+    const KorString borrowed = KorString::borrow(wide, narrow);
+    const KorString copy = borrowed;
+    KorString assigned("something longer than that");
+    assigned.toNarrow();
+    assigned = borrowed;
+    for (const KorString* text : {&borrowed, &copy, &std::as_const(assigned)}) {
+        EXPECT_EQ(text->c_str(), wide);
+        EXPECT_EQ(text->toNarrow(), narrow);
+    }
+    const KorString moved = std::move(assigned);
+    EXPECT_EQ(moved.toNarrow(), narrow);
+    EXPECT_TRUE(assigned.isNull());
+    EXPECT_STREQ(assigned.toNarrow(), "");
+}
+
+TEST(KorString, DropsABorrowedNarrowFormWhenTheTextChanges) {
+    const auto narrowAfter = [](auto change) {
+        KorString text = KorString::borrow(u"wide", "narrow");
+        change(text);
+        return std::string(text.toNarrow());
+    };
+    EXPECT_EQ(narrowAfter([](KorString& t) { t.append(u'r'); }), "wider");
+    EXPECT_EQ(narrowAfter([](KorString& t) { t.setAt(0, u's'); }), "side");
+    EXPECT_EQ(narrowAfter([](KorString& t) { t.remove(0, 2); }), "de");
+    EXPECT_EQ(narrowAfter([](KorString& t) { t.replaceAll("i", "o"); }), "wode");
+    EXPECT_EQ(narrowAfter([](KorString& t) { t.assign("new"); }), "new");
+    EXPECT_EQ(narrowAfter([](KorString& t) { t = KorString("new"); }), "new");
+    KorString other("other");
+    EXPECT_EQ(narrowAfter([&other](KorString& t) { t.swapText(other); }), "other");
+    EXPECT_STREQ(other.toNarrow(), "wide");
+}
+
+TEST(KorString, LeavesABorrowedTextAloneWhenCutOrFilled) {
+    char16_t storage[] = u"a%1b";
+    KorString text = KorString::borrow(storage);
+    const KorString arg("x");
+    const KorString* const args[] = {&arg};
+    text.truncate(1);
+    text.substitute(args);
+    EXPECT_EQ(text.c_str(), storage);
+    EXPECT_EQ(text, "a%1b");
+    text.remove(0, 1);
+    EXPECT_EQ(text, "%1b");
+    EXPECT_EQ(storage[0], u'a');
+}
+
+TEST(KorString, ReusesALargeEnoughBlock) {
+    KorString text("0123456789");
+    const char16_t* block = text.c_str();
+    text = KorString(KorString("abc")).append(u'd');
+    text.assign("0123456789");
+    block = text.c_str();
+    const KorString shorter("abc");
+    text = shorter;
+    EXPECT_EQ(text.c_str(), block);
+    text.assign(u"wxyz", 2);
+    EXPECT_EQ(text.c_str(), block);
+    EXPECT_EQ(text, "wx");
+    text.assign("narrow");
+    EXPECT_EQ(text.c_str(), block);
+    EXPECT_EQ(text, "narrow");
+}
+
+TEST(KorString, BorrowsOnAssignmentOfNoUnits) {
+    static const char16_t wide[] = u"kept";
+    KorString text("before");
+    text.assign(wide, 0);
+    EXPECT_EQ(text.c_str(), wide);
+    EXPECT_FALSE(text.isOwned());
+    text.assign("abc", 0);
+    EXPECT_TRUE(text.isEmpty());
+    text.assign(static_cast<const char16_t*>(nullptr));
+    EXPECT_TRUE(text.isNull());
+}
+
+TEST(KorString, GivesNullWhereNothingIsLeft) {
+    const KorString text("abc");
+    EXPECT_TRUE(text.mid(3, 1).isNull());
+    EXPECT_TRUE(text.mid(1, 0).isNull());
+    EXPECT_TRUE(text.mid(INT_MAX, INT_MAX).isNull());
+    EXPECT_TRUE(text.from(4).isNull());
+    EXPECT_TRUE(KorString().mid(0, 1).isNull());
+    EXPECT_EQ(text.mid(-5, 2), "ab");
+    EXPECT_EQ(text.mid(1, INT_MAX), "bc");
+    EXPECT_EQ(text.left(-1), "abc");
+}
+
+TEST(KorString, KnowsAsciiWithoutAHost) {
+    const KorString text(u"aZ\u00c4 9\t\u00e4");
+    EXPECT_EQ(text.toLower(), KorString(u"az\u00c4 9\t\u00e4"));
+    EXPECT_EQ(text.toUpper(), KorString(u"AZ\u00c4 9\t\u00e4"));
+    EXPECT_EQ(text.stripSpace(), KorString(u"aZ\u00c49\u00e4"));
+    EXPECT_EQ(KorString(" a  b ").simplify(u'_'), " a  b ");
+    EXPECT_TRUE(text.isSpaceAt(3) && text.isDigitAt(4));
+    EXPECT_FALSE(text.isDigitAt(0) || text.isSpaceAt(0));
+    for (const int outside : {-1, 7, 8, INT_MAX, INT_MIN}) {
+        EXPECT_FALSE(text.isSpaceAt(outside)) << outside;
+        EXPECT_FALSE(text.isDigitAt(outside)) << outside;
+    }
+    EXPECT_TRUE(KorString().toLower().isNull());
+}
+
+TEST(KorString, FoldsOnlyAsciiWhenItAsksForParts) {
+    const KorString text(u"One \u00c4pfel");
+    EXPECT_TRUE(text.contains("One"));
+    EXPECT_FALSE(text.contains("one"));
+    EXPECT_TRUE(text.contains(u"oNE \u00c4P", false));
+    EXPECT_FALSE(text.contains(u"\u00e4pfel", false));
+    EXPECT_TRUE(text.contains("", false));
+    EXPECT_FALSE(text.contains("One and more than that", false));
+}
+
+TEST(KorString, ComparesStartsWithinBothTexts) {
+    const KorString text("abc");
+    EXPECT_TRUE(text.startsWith("abX", 2));
+    EXPECT_TRUE(text.startsWith("X", 0));
+    EXPECT_FALSE(text.startsWith("abX", 3));
+    EXPECT_FALSE(text.startsWith("ab", 3));
+    EXPECT_FALSE(text.startsWith("abcd", 4));
+    EXPECT_FALSE(text.startsWith("abc", INT_MAX));
+    EXPECT_FALSE(KorString().startsWith(KorString(), 1));
+}
+
+TEST(KorString, SumsItsUnitsAsHash) {
+    EXPECT_EQ(KorString().hash(), 0u);
+    EXPECT_EQ(KorString(u"a\uffff").hash(), 'a' + 0xFFFFu);
+}
+
+TEST(KorString, SharesValuesThatAreMadeAnew) {
+    EXPECT_EQ(&KorString::sharedBlank(), &KorString::sharedBlank());
+    EXPECT_NE(&KorString::sharedBlank(), &KorString::sharedTitle());
+    KorString::freeShared();
+    EXPECT_EQ(KorString::sharedBlank(), " ");
+    EXPECT_EQ(KorString::sharedTitle(), " ");
+    EXPECT_EQ(KorString::sharedEmpty(), "");
+    EXPECT_FALSE(KorString::sharedEmpty().isNull());
+    KorString::freeShared();
+    KorString::freeShared();
+}
+
+TEST(KorString, AcceptsPartsOfItself) {
+    KorString text("abcdef");
+    text.append(text);
+    EXPECT_EQ(text, "abcdefabcdef");
+    text.assign(text.c_str() + 4, 4);
+    EXPECT_EQ(text, "efab");
+    EXPECT_EQ(text.replaced(1, 2, text), "eefabab");
+    text.replaceAll("f", text);
+    EXPECT_EQ(text, "eefabab");
+}
+
+} // namespace

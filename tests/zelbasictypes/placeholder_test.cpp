@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: Apache-2.0
+// Placeholders, shortening and packed lists.
+#include "tests/zelbasictypes/assertioncounter.h"
+#include "zelbasictypes/text/packedlist.h"
+#include "zelbasictypes/text/zelformat.h"
+
+#include <climits>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace {
+
+TEST(ZelFormat, FillsTheHighestPlaceholderFirst) {
+    EXPECT_EQ(zelFormat("%1 %2", "%2", "x"), "%2 x");
+    EXPECT_EQ(zelFormat("%1 %2", "a", "%1"), "a a");
+    EXPECT_EQ(zelFormat("%6%5%4%3%2%1", "a", "b", "c", "d", "e", "f"), "fedcba");
+    EXPECT_EQ(zelFormat("%1 and %1, not %2", "x"), "x and x, not %2");
+    EXPECT_EQ(zelFormat("%1%2", KorCString(), "x"), "%1x");
+    EXPECT_TRUE(zelFormat(nullptr, "x").isNull());
+}
+
+TEST(ZelFormat, CountsUpInItsCountedForm) {
+    const KorCString args[] = {"%2", "b", "c", "d", "e", "f", "g", "h", "i", "j"};
+    EXPECT_EQ(zelFormat("%1 %2", 2, args), "b b");
+    EXPECT_EQ(zelFormat("%10", 10, args), "b0");
+    EXPECT_EQ(zelFormat("%9", 10, args), "i");
+    EXPECT_EQ(zelFormat("%1", 0, args), "%1");
+}
+
+TEST(Substitute, FillsInOnePass) {
+    const KorString a("one"), b("%1"), ten("ten");
+    const KorString* const args[] = {&a, &b, nullptr, &a, &a, &a, &a, &a, &a, &ten};
+    const struct {
+        const char* text;
+        const char* filled;
+    } cases[] = {
+        {"", ""},
+        {"plain", "plain"},
+        {"%1", "one"},
+        {"<%2%1>", "<%1one>"},
+        {"%1 %1", "one one"},
+        {"no%3thing", "nothing"},
+        {"%:", "ten"},
+        {"%10", "one0"},
+        {"%%1", "%%1"},
+        {"%%%1", "%%one"},
+        {"%0 %; %a", "%0 %; %a"},
+        {"100%", "100%"},
+        {"%", "%"},
+    };
+    for (const auto& row : cases) {
+        KorString text(row.text);
+        text.substitute(args);
+        EXPECT_EQ(text, row.filled) << row.text;
+    }
+}
+
+TEST(Fit, MarksTheCutWithFullStops) {
+    const char* text = "abcdefghijklmnopqrst";
+    const struct {
+        std::int32_t width, mode, dots;
+        const char* result;
+    } cases[] = {
+        {8, 0, 3, "abcde..."},  {8, 1, 3, "...pqrst"}, {8, 2, 3, "ab...rst"},
+        {3, 0, 3, "..."},       {2, 7, 3, ".."},       {0, 0, 0, ""},
+        {-4, 0, 3, ""},         {-4, 0, -5, ""},       {19, 0, 0, "abcdefghijklmnopqrs"},
+        {20, 0, 3, text},       {INT_MAX, 2, 3, text}, {4, 1, -9, "qrst"},
+        {INT_MAX, 9, -1, text}, {8, 2, 0, "abcdqrst"},
+    };
+    for (const auto& row : cases) {
+        EXPECT_EQ(KorCString(text).fit(row.width, row.mode, row.dots), row.result) << row.width;
+        EXPECT_EQ(KorString(text).fit(row.width, row.mode, row.dots), row.result) << row.width;
+    }
+    EXPECT_EQ(KorCString().fit(3, 0, 1), KorCString());
+    EXPECT_EQ(KorString("ab").fit(2, 0, 2), "..");
+}
+
+TEST(Fit, AnswersAnUnknownModeWithACopy) {
+    AssertionCounter assertions;
+    EXPECT_EQ(KorCString("abcdef").fit(4, 3, 1), "abcdef");
+    EXPECT_EQ(assertions.count, 1);
+    EXPECT_EQ(assertions.last, "0");
+    EXPECT_EQ(KorString("abcdef").fit(4, -1, 1), "abcdef");
+    EXPECT_EQ(assertions.count, 1);
+}
+
+std::vector<std::string> unpacked(const char* text) {
+    std::vector<KorString> list;
+    zelUnpackStrings(text, list);
+    std::vector<std::string> result;
+    for (const KorString& entry : list) result.emplace_back(entry.toNarrow());
+    return result;
+}
+
+TEST(PackedList, ComesBackAsItWas) {
+    const std::vector<KorString> list = {"a", "two words", "3 ", " ", "x"};
+    KorString text;
+    zelPackStrings(text, list);
+    EXPECT_EQ(text, "1 a9 two words2 3 1  1 x");
+    std::vector<KorString> back;
+    zelUnpackStrings(text, back);
+    EXPECT_EQ(back, list);
+}
+
+TEST(PackedList, ReadsWhatIsThere) {
+    using List = std::vector<std::string>;
+    const struct {
+        const char* text;
+        List entries;
+    } cases[] = {
+        {"", {}},
+        {"unpacked", {}},
+        {"not packed", {"not packed"}},
+        {" x", {" x"}},
+        {"1 a0 1 b", {"a", "1 a0 1 b"}},
+        {"-1 abc", {"-1 abc"}},
+        {"9 abc", {"abc"}},
+        {"99999999999999999999 abc", {"abc"}},
+        {"2 ab3", {"ab"}},
+        {"0x2 ab", {"ab"}},
+        {"3 ", {""}},
+    };
+    for (const auto& row : cases) EXPECT_EQ(unpacked(row.text), row.entries) << row.text;
+}
+
+} // namespace

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: Apache-2.0
+// UTF-8 and numbers.
+#include "zelbasictypes/text/korcstring.h"
+#include "zelbasictypes/text/korstring.h"
+
+#include <cfloat>
+#include <climits>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace {
+
+TEST(Utf8, ComesBackForEveryUnit) {
+    std::u16string all;
+    for (unsigned unit = 1; unit <= 0xFFFF; ++unit) all += static_cast<char16_t>(unit);
+    const KorString text(all.c_str());
+    EXPECT_EQ(std::string(text.toUtf8()).size(), 0x7Fu + 2 * 0x780 + 3 * 0xF800);
+    EXPECT_EQ(KorString::fromUtf8(text.toUtf8()), text);
+}
+
+TEST(Utf8, ComesBackWithAForeignUnitAnywhere) {
+    for (std::size_t size = 0; size < 70; ++size) {
+        for (std::size_t at = 0; at < size; ++at) {
+            std::u16string units(size, u'x');
+            units[at] = at % 2 ? 0x00E9 : 0xD800;
+            const std::vector<char16_t> exact(units.c_str(), units.c_str() + size + 1);
+            const KorString text = KorString::borrow(exact.data());
+            const std::string bytes = text.toUtf8();
+            const std::vector<char> exactBytes(bytes.c_str(), bytes.c_str() + bytes.size() + 1);
+            ASSERT_EQ(KorString::fromUtf8(exactBytes.data()), text) << size << ' ' << at;
+            ASSERT_EQ(std::string(text.toNarrow()), std::string(size - 1, 'x'));
+        }
+    }
+}
+
+TEST(Utf8, RefusesTheWholeOfABadText) {
+    const char* const bad[] = {
+        "\xC3",         "ab\xC3",       "\xE2\x82",         "\xE2",     "\xC1\xBF", "\xC0\x80",
+        "\xE0\x9F\xBF", "\xE0\x80\x80", "\xF0\x9F\x98\x80", "a\xF8xxx", "\xFF",     "good\xFE",
+    };
+    for (const char* text : bad) {
+        const std::string source(text);
+        const std::vector<char> exact(source.c_str(), source.c_str() + source.size() + 1);
+        const KorString result = KorString::fromUtf8(exact.data());
+        EXPECT_EQ(result, "") << text;
+        EXPECT_FALSE(result.isNull()) << text;
+    }
+    EXPECT_FALSE(KorString::fromUtf8(nullptr).isNull());
+}
+
+TEST(Utf8, DoesNotCheckTheFormOfFollowingBytes) {
+    EXPECT_EQ(KorString::fromUtf8("\xC3)"), KorString(u"\u00e9"));
+    EXPECT_EQ(KorString::fromUtf8("\xE1\xC1x").at(0), 0x1000 | 0x01 << 6 | 0x38);
+    EXPECT_EQ(KorString::fromUtf8("a\x81z"), KorString(u"a\u0001z"));
+}
+
+TEST(TextNumbers, ReadIntegersWithPrefixes) {
+    const struct {
+        const char16_t* text;
+        bool ok;
+        std::int32_t value;
+    } cases[] = {
+        {u"12", true, 12},      {u" -7 mm", true, -7}, {u"0x1F", true, 31},
+        {u"010", true, 8},      {u"", false, 0},       {u"mm", false, 0},
+        {u"5\u00e95", true, 5}, {u"\uff11", false, 0}, {u"-2147483648", true, INT_MIN},
+    };
+    for (const auto& row : cases) {
+        bool ok = !row.ok;
+        EXPECT_EQ(KorString(row.text).toInt(&ok), row.value);
+        EXPECT_EQ(ok, row.ok) << row.value;
+    }
+    EXPECT_EQ(KorString().toInt(), 0);
+}
+
+TEST(TextNumbers, ReadDoubles) {
+    bool ok = false;
+    EXPECT_EQ(KorString("2.5e3x").toDouble(&ok), 2500);
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(KorString("x").toDouble(&ok), 0);
+    EXPECT_FALSE(ok);
+    EXPECT_EQ(KorCString("0.25").toFloat(), 0.25f);
+    EXPECT_THROW(KorCString("x").toFloat(), std::invalid_argument);
+    EXPECT_THROW(KorCString().toFloat(), std::invalid_argument);
+    EXPECT_THROW(KorCString("1e99").toFloat(), std::out_of_range);
+}
+
+TEST(TextNumbers, PrintIntegers) {
+    KorFloatFormat wide;
+    wide.spec = "6";
+    EXPECT_EQ(KorString(INT_MIN), "-2147483648");
+    EXPECT_EQ(KorString(UINT_MAX), "4294967295");
+    EXPECT_EQ(KorString(ULLONG_MAX), "18446744073709551615");
+    EXPECT_EQ(KorString(-42, wide), "   -42");
+    EXPECT_EQ(KorString(LLONG_MIN, wide), "-9223372036854775808");
+    EXPECT_EQ(KorCString(7), "7");
+    wide.spec = "-100";
+    EXPECT_EQ(KorString(42L, wide).length(), 100);
+}
+
+TEST(TextNumbers, PrintDoubles) {
+    EXPECT_EQ(KorString(0.5), "0.500000");
+    EXPECT_EQ(KorString(1e10), "10000000000.000000");
+    EXPECT_EQ(KorString(-2e10), "-2.000000e+10");
+    EXPECT_EQ(KorString(0.5f), "0.500000");
+    EXPECT_EQ(KorString(0.5, {false, true, ".1"}), "0.5");
+    EXPECT_EQ(KorString(1e-7, {true, false, ".3"}), "1e-07");
+    EXPECT_EQ(KorString(0.5, {true, true, ".2"}), "5.00e-01");
+    EXPECT_EQ(KorString(0.5, {true, false, nullptr}), "0.5");
+    EXPECT_EQ(KorString(DBL_MAX, {false, false, ".3"}).length(), 313);
+    EXPECT_EQ(KorString(1.0, {false, false, "39.3"}).length(), 39);
+    EXPECT_EQ(KorString(1.0, {false, false, "40.3"}).length(), 40);
+    EXPECT_EQ(KorCString(DBL_MAX).length(), 316);
+    EXPECT_EQ(KorCString(1.5f), "1.500000");
+}
+
+TEST(TextNumbers, PrintTheShortestTextThatLosesNothing) {
+    const struct {
+        double value;
+        const char* text;
+    } cases[] = {
+        {0.5, "0.5"},
+        {2.0, "2"},
+        {-0.0, "0"},
+        {0.1, "0.1"},
+        {1.0 / 3, "0.3333333333333333"},
+        {-2147483648.0, "-2147483648"},
+        {2147483648.0, "2147483648"},
+        {1e300, "1e+300"},
+        {123456.75, "123456.75"},
+        {1e-7, "1e-07"},
+    };
+    for (const auto& row : cases) EXPECT_EQ(KorCString(row.value, true), row.text);
+    EXPECT_EQ(KorCString(0.5f, true), "0.5");
+    EXPECT_EQ(KorCString(2.0f, true), "2");
+    EXPECT_EQ(KorCString(0.1f, true), "0.1");
+    EXPECT_EQ(KorCString(std::numeric_limits<double>::infinity(), true), "inf");
+    EXPECT_EQ(KorCString(std::numeric_limits<float>::quiet_NaN(), true), "nan");
+    EXPECT_THROW(KorCString(DBL_MAX, true), std::out_of_range);
+}
+
+} // namespace
