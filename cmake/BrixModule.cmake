@@ -2,8 +2,6 @@
 # A loadable module as the host expects it: its own name without a prefix, and nothing exported but
 # EntryPoint and the members of the class brix.
 
-set(BRIX_EXPORTS_DIR ${CMAKE_CURRENT_LIST_DIR})
-
 # brix_exported_sources(sources...): sources of this folder whose functions a module may export.
 function(brix_exported_sources)
   if(NOT WIN32)
@@ -20,10 +18,19 @@ function(brix_module target)
       LIBRARY_OUTPUT_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
   endif()
   if(WIN32)
-    target_sources(${target} PRIVATE ${BRIX_EXPORTS_DIR}/brix.def)
+    target_sources(${target} PRIVATE ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/brix.def)
   else()
     target_link_options(${target} PRIVATE
-      LINKER:--version-script=${BRIX_EXPORTS_DIR}/brix.map LINKER:--no-undefined)
-    set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${BRIX_EXPORTS_DIR}/brix.map)
+      LINKER:--version-script=${CMAKE_CURRENT_FUNCTION_LIST_DIR}/brix.map LINKER:--no-undefined)
+    set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/brix.map)
+  endif()
+endfunction()
+
+# brix_test_exports(TARGET): the test that the built module shows what it should and no more.
+function(brix_test_exports target)
+  if(NOT WIN32)
+    add_test(NAME ${target}.ShowsNothingButItsEntryPoint COMMAND ${CMAKE_COMMAND}
+      -DNM=${CMAKE_NM} -DMODULE=$<TARGET_FILE:${target}>
+      -P ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/CheckExports.cmake)
   endif()
 endfunction()

@@ -5,7 +5,7 @@
 #include "component/objects/countservice.h"
 #include "component/objects/zelweakref.h"
 
-void ZelShared::addRef() { zelIncrement(&count); }
+void ZelShared::addRef() { zelIncrement(&count_); }
 
 void ZelShared::release() {
     if (dropReference()) delete this;
@@ -13,23 +13,23 @@ void ZelShared::release() {
 
 void ZelShared::releaseNoDelete() { dropReference(); }
 
-std::int32_t ZelShared::refCount() { return count; }
+std::int32_t ZelShared::refCount() { return count_; }
 
 ZelWeakRef* ZelShared::weakRef() {
-    if (!weak) {
-        weak = new ZelWeakRef(this);
-        weak->addRef();
+    if (!weak_) {
+        weak_ = new ZelWeakRef(this);
+        weak_->addRef();
     }
-    return weak;
+    return weak_;
 }
 
 /// True when the last reference went; the weak reference has then lost its target already.
 bool ZelShared::dropReference() {
-    if (!zelDecrement(&count)) return false;
-    if (weak) {
-        weak->target_ = nullptr;
-        weak->release();
-        weak = nullptr;
+    if (!zelDecrement(&count_)) return false;
+    if (weak_) {
+        weak_->target_ = nullptr;
+        weak_->release();
+        weak_ = nullptr;
     }
     return true;
 }

@@ -41,6 +41,6 @@ public:
 private:
     bool dropReference();
 
-    std::int32_t count = 0;
-    ZelWeakRef* weak = nullptr;
+    std::int32_t count_ = 0;
+    ZelWeakRef* weak_ = nullptr;
 };

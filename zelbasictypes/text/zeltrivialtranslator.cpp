@@ -40,11 +40,11 @@ KorString ZelTrivialTranslator::filled(const char* key, const Args&... args) {
     return text;
 }
 
-KorString ZelTrivialTranslator::translateList(const char* key, std::int32_t argCount,
+KorString ZelTrivialTranslator::translateList(const char* key, std::int32_t count,
                                               const KorString* args) {
     KorString text;
     lookup(key, text);
-    for (std::int32_t n = 1; n <= argCount; ++n) fillFirst(text, n, args[n - 1]);
+    for (std::int32_t n = 1; n <= count; ++n) fillFirst(text, n, args[n - 1]);
     return text;
 }
 

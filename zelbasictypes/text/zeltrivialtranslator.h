@@ -11,7 +11,7 @@ public:
     void qi(const char* name, void** result, std::int32_t reserved = 0) override;
     const char* className() override;
 
-    KorString translateList(const char* key, std::int32_t argCount, const KorString* args) override;
+    KorString translateList(const char* key, std::int32_t count, const KorString* args) override;
     KorString translate(const char* key, const KorString& a1, const KorString& a2,
                         const KorString& a3, const KorString& a4, const KorString& a5,
                         const KorString& a6) override;

@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: Apache-2.0
+// A module as the host meets it: loaded from its file, entered by name, counted by the manager.
+#include "component/entrypoint.h"
+#include "component/izelcompinternal.h"
+#include "component/izelcomponent.h"
+#include "component/izelcomponentmanager.h"
+#include "component/objects/iptr.h"
+#include "component/objects/queryinterface.h"
+#include "component/objects/services/izelrandom.h"
+#include "component/objectwalk.h"
+#include "platform/module.h"
+#include "tests/component/iticket.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+
+namespace {
+
+const ZelGuid ticketId{0x71C4E700, 1, 2, {3, 4, 5, 6, 7, 8, 9, 10}};
+
+class Sevens : public IZelRandom {
+public:
+    void qi(const char* name, void** result, std::int32_t) override {
+        zelAnswerQuery<IZelRandom>(this, className(), name, result);
+    }
+    const char* className() override { return "Sevens"; }
+    void seed(std::int32_t) override {}
+    std::int32_t below(std::int32_t limit) override { return limit - 1; }
+};
+
+/// Notes the counts that change through it.
+class Manager : public IZelComponentManager {
+public:
+    void qi(const char* name, void** result, std::int32_t) override {
+        zelAnswerQuery<IZelComponentManager>(this, className(), name, result);
+    }
+    const char* className() override { return "Manager"; }
+    std::int32_t createInstance(const ZelGuid&, const KorCString&, void**) override { return 0; }
+    std::int32_t getService(const KorCString& name, void** out) override {
+        if (!random || !(name == IZelRandom::interfaceName)) return 0;
+        *out = static_cast<IZelRandom*>(random);
+        return 1;
+    }
+    std::int32_t status() override { return 0; }
+    void incrementCount(std::int32_t* count) override {
+        ++*count;
+        ++increments;
+    }
+    bool decrementCount(std::int32_t* count) override {
+        ++decrements;
+        return --*count == 0;
+    }
+    IZelComponentManager* findManager(const KorCString&, std::int32_t) override { return nullptr; }
+
+    Sevens* random = nullptr;
+    int increments = 0;
+    int decrements = 0;
+};
+
+/// One module, one manager and one component for all tests; they stay until the process ends.
+struct Host {
+    Manager manager;
+    ZelEntryPoint enter = nullptr;
+    IPtr<IZelComponent> component;
+    IZelCompInternal* inside = nullptr;
+
+    Host() {
+        const platform::Module module = platform::loadModule(TEST_MODULE);
+        enter = reinterpret_cast<ZelEntryPoint>(platform::findEntry(module, zelEntryPointName));
+        std::int32_t version = 0;
+        IZelComponent* made = nullptr;
+        if (!enter || enter(&version, &made) != 1 || version != 100) return;
+        component = made;
+        component->initialize(&manager);
+        inside = zelQuery<IZelCompInternal>(component.unknown);
+    }
+};
+
+Host& host() {
+    static auto* one = new Host;
+    return *one;
+}
+
+class ModuleTest : public testing::Test {
+protected:
+    void SetUp() override { ASSERT_NE(host().inside, nullptr); }
+
+    /// An object of the module, which must be there.
+    IZelUnknown* make(const ZelGuid& id, std::int32_t expectedKind) {
+        IZelUnknown* object = nullptr;
+        EXPECT_EQ(host().component->createInstance(id, &object), expectedKind);
+        return object;
+    }
+};
+
+TEST_F(ModuleTest, SaysWhoItIs) {
+    KorCString id;
+    host().inside->componentId()->toText(id);
+    EXPECT_EQ(id, "{7d9a23cb-428c-49c5-a57d-d95863408c16}");
+    EXPECT_STREQ(host().inside->moduleName(), "brix");
+}
+
+TEST_F(ModuleTest, EnumeratesItsClasses) {
+    std::map<std::string, std::string> classes;
+    ZelGuid id;
+    for (bool more = host().inside->firstClass(&id); more; more = host().inside->nextClass(&id)) {
+        KorCString text;
+        id.toText(text);
+        classes[host().inside->className(id)] = text.c_str();
+    }
+    const std::map<std::string, std::string> expected = {
+        {"DefaultLangInitializer", "{a6c62276-0a76-4531-9855-a196dfbefffc}"},
+        {"Ticket", "{71c4e700-0001-0002-0304-05060708090a}"}};
+    EXPECT_EQ(classes, expected);
+    EXPECT_EQ(host().inside->classCount(), 2);
+}
+
+TEST_F(ModuleTest, CountsItsObjectsThroughTheManagerUntilTheLastRelease) {
+    const int increments = host().manager.increments;
+    const int decrements = host().manager.decrements;
+    bool gone = false;
+    {
+        const IPtr<IZelUnknown> object(make(ticketId, 1));
+        ASSERT_TRUE(object);
+        auto* ticket = zelQuery<ITicket>(object.iface);
+        ASSERT_NE(ticket, nullptr);
+        ticket->flagWhenGone(&gone);
+        EXPECT_EQ(host().manager.increments, increments + 1);
+        host().component->terminate();
+        EXPECT_FALSE(gone);
+    }
+    EXPECT_TRUE(gone);
+    EXPECT_EQ(host().manager.decrements, decrements + 1);
+}
+
+TEST_F(ModuleTest, AsksTheHostForServices) {
+    const IPtr<IZelUnknown> object(make(ticketId, 1));
+    auto* ticket = zelQuery<ITicket>(object.iface);
+    ASSERT_NE(ticket, nullptr);
+    EXPECT_EQ(ticket->draw(), -1);
+    const IPtr<Sevens> random(new Sevens);
+    host().manager.random = random.iface;
+    EXPECT_EQ(ticket->draw(), 6);
+    host().manager.random = nullptr;
+    EXPECT_EQ(random->refCount(), 1);
+}
+
+TEST_F(ModuleTest, SharesItsSingletonAndRefusesUnknownClasses) {
+    const ZelGuid hook{
+        0xA6C62276, 0x0A76, 0x4531, {0x98, 0x55, 0xA1, 0x96, 0xDF, 0xBE, 0xFF, 0xFC}};
+    EXPECT_EQ(make(hook, 2), make(hook, 2));
+    EXPECT_EQ(make(ZelGuid(), 0), nullptr);
+}
+
+TEST_F(ModuleTest, ObjectsNameTheModuleTheyComeFrom) {
+    host().inside->setScopeName("lab");
+    const IPtr<IZelUnknown> object(make(ticketId, 1));
+    ZelComponentRecord record;
+    EXPECT_TRUE(zelComponentOf(object.iface, record));
+    EXPECT_STREQ(record.moduleName, "brix");
+    EXPECT_STREQ(record.scopeName, "lab");
+    EXPECT_EQ(record.componentId, *host().inside->componentId());
+    host().inside->setScopeName(KorCString());
+
+    std::vector<ZelClassRecord> classes;
+    EXPECT_TRUE(zelListClasses(object.iface, classes));
+    ASSERT_EQ(classes.size(), 2u);
+    EXPECT_EQ(classes[0].name, "Ticket");
+    EXPECT_EQ(classes[1].name, "ITicket");
+    EXPECT_EQ(classes[1].parent, "Ticket");
+}
+
+} // namespace

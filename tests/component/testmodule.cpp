@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: Apache-2.0
+// A loadable module with one counted class, as small as a component can be.
+#include "component/itemfactory.h"
+#include "component/objects/queryinterface.h"
+#include "component/objects/services/izelrandom.h"
+#include "component/objects/sptr.h"
+#include "tests/component/iticket.h"
+
+namespace {
+
+class Ticket : public ITicket {
+public:
+    ~Ticket() override {
+        if (gone) *gone = true;
+    }
+    void qi(const char* name, void** result, std::int32_t) override {
+        zelAnswerQuery<ITicket>(this, className(), name, result);
+    }
+    const char* className() override { return "Ticket"; }
+    void flagWhenGone(bool* flag) override { gone = flag; }
+    std::int32_t draw() override {
+        SPtr<IZelRandom> random;
+        return random ? random->below(7) : -1;
+    }
+
+private:
+    bool* gone = nullptr;
+};
+
+ZelTClassItemFactory<Ticket> itemFactory{"Ticket", nullptr,
+                                         ZelGuid{0x71C4E700, 1, 2, {3, 4, 5, 6, 7, 8, 9, 10}}};
+
+} // namespace

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: Apache-2.0
+// The hash table against a plain map, its order, its sizes.
+#include "component/zelhashtable.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <random>
+#include <vector>
+
+namespace {
+
+struct Same {
+    std::uint32_t operator()(std::uint32_t key) const { return key; }
+};
+using Table = ZelHashTable<std::uint32_t, int, Same>;
+
+std::vector<std::uint32_t> keysOf(const Table& table) {
+    std::vector<std::uint32_t> keys;
+    for (auto at = table.first(); at; at.advance()) keys.push_back(at.key());
+    return keys;
+}
+
+TEST(NextPrime, StepsThroughItsTable) {
+    struct {
+        std::uint32_t n, prime;
+    } const cases[] = {{0, 2},
+                       {1, 2},
+                       {2, 3},
+                       {3, 5},
+                       {10, 11},
+                       {99, 131},
+                       {131, 257},
+                       {1073741827u, 2147483659u},
+                       {257, 521},
+                       {65537, 131101},
+                       {2147483658u, 2147483659u},
+                       {2147483659u, 2147483659u},
+                       {0xFFFFFFFFu, 2147483659u}};
+    for (const auto& c : cases) EXPECT_EQ(zelNextPrime(c.n), c.prime) << c.n;
+}
+
+TEST(ZelHashTable, TakesItsSizeFromWhatIsExpected) {
+    struct {
+        std::uint32_t expected, buckets;
+    } const cases[] = {{0, 17}, {2, 17}, {3, 3}, {4, 5}, {10, 11}, {17, 17}, {18, 37}, {100, 131}};
+    for (const auto& c : cases) EXPECT_EQ(Table(c.expected).bucketCount(), c.buckets) << c.expected;
+}
+
+TEST(ZelHashTable, AnswersWhileEmpty) {
+    Table table;
+    EXPECT_EQ(table.find(1), nullptr);
+    EXPECT_FALSE(table.first());
+    EXPECT_EQ(table.count(), 0);
+}
+
+TEST(ZelHashTable, WalksBucketsUpwardsAndEachFromTheNewest) {
+    Table table; // 17 buckets
+    for (std::uint32_t key : {16u, 1u, 18u, 0u, 35u, 34u}) table.findOrInsert(key);
+    EXPECT_EQ(keysOf(table), (std::vector<std::uint32_t>{34, 0, 35, 18, 1, 16}));
+}
+
+TEST(ZelHashTable, GrowsAtFourFifthsAndTurnsEachBucketAround) {
+    Table table(4); // 5 buckets, full at 4 entries
+    for (std::uint32_t key : {0u, 55u, 110u}) table.findOrInsert(key);
+    EXPECT_EQ(table.bucketCount(), 5u);
+    EXPECT_EQ(keysOf(table), (std::vector<std::uint32_t>{110, 55, 0}));
+    int& value = table.findOrInsert(1) = 7;
+    EXPECT_EQ(table.bucketCount(), 11u);
+    EXPECT_EQ(keysOf(table), (std::vector<std::uint32_t>{0, 55, 110, 1}));
+    EXPECT_EQ(&table.findOrInsert(1), &value);
+}
+
+TEST(ZelHashTable, HoldsOneHundredAndFourClassesBeforeItGrows) {
+    Table table(100);
+    for (std::uint32_t key = 0; key < 104; ++key) table.findOrInsert(key);
+    EXPECT_EQ(table.bucketCount(), 131u);
+    table.findOrInsert(104);
+    EXPECT_EQ(table.bucketCount(), 257u);
+}
+
+TEST(ZelHashTable, ClearKeepsTheSize) {
+    Table table(4);
+    for (std::uint32_t key = 0; key < 4; ++key) table.findOrInsert(key) = 1;
+    table.clear();
+    EXPECT_EQ(table.count(), 0);
+    EXPECT_EQ(table.bucketCount(), 11u);
+    EXPECT_EQ(table.find(2), nullptr);
+    EXPECT_FALSE(table.first());
+    EXPECT_EQ(table.findOrInsert(2), 0);
+}
+
+TEST(ZelHashTable, AgreesWithAPlainMap) {
+    Table table;
+    std::map<std::uint32_t, int> model;
+    std::mt19937 random(20);
+    for (int step = 0; step < 20000; ++step) {
+        const auto key = static_cast<std::uint32_t>(random() % 3000 * 65537);
+        if (step % 3 == 0) {
+            table.findOrInsert(key) = step;
+            model[key] = step;
+        }
+        const int* found = table.find(key);
+        const auto expected = model.find(key);
+        ASSERT_EQ(found != nullptr, expected != model.end()) << step;
+        if (found) {
+            ASSERT_EQ(*found, expected->second) << step;
+        }
+    }
+    EXPECT_EQ(table.count(), static_cast<std::int32_t>(model.size()));
+    std::map<std::uint32_t, int> walked;
+    for (auto at = table.first(); at; at.advance()) walked[at.key()] = at.value();
+    EXPECT_EQ(walked, model);
+}
+
+} // namespace

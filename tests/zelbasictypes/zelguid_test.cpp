@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: Apache-2.0
+// Identifiers: order, making, and both texts.
+#include "zelbasictypes/data/zelguid.h"
+
+#include "zelbasictypes/text/korcstring.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+namespace {
+
+const ZelGuid sample{0x01AB2345, 0x6789, 0x00CD, {0xEF, 0x01, 0x00, 0x45, 0x67, 0x89, 0xAB, 0xCD}};
+const char* const sampleText = "{01ab2345-6789-00cd-ef01-00456789abcd}";
+const char* const sampleList =
+    "0x1ab2345, 0x6789, 0xcd, 0xef, 0x1, 0x0, 0x45, 0x67, 0x89, 0xab, 0xcd";
+
+std::string textOf(const ZelGuid& id) {
+    KorCString text;
+    id.toText(text);
+    return text.c_str();
+}
+
+std::string listOf(const ZelGuid& id) {
+    KorCString text;
+    id.toList(text);
+    return text.c_str();
+}
+
+ZelGuid fromText(const char* text) {
+    ZelGuid id = sample;
+    id.fromText(text);
+    return id;
+}
+
+ZelGuid fromList(const char* text) {
+    ZelGuid id = sample;
+    id.fromList(text);
+    return id;
+}
+
+TEST(ZelGuid, ComparesFieldsInTurnAsUnsignedNumbers) {
+    const ZelGuid rising[] = {
+        {},
+        {0, 0, 0, {0, 0, 0, 0, 0, 0, 0, 0x7F}},
+        {0, 0, 0, {0, 0, 0, 0, 0, 0, 0, 0x80}},
+        {0, 0, 0, {1, 0, 0, 0, 0, 0, 0, 0}},
+        {0, 0, 1, {}},
+        {0, 0, 0x8000, {}},
+        {0, 1, 0, {}},
+        {1, 0, 0, {}},
+        {0x80000000, 0, 0, {}},
+    };
+    for (const ZelGuid& a : rising) {
+        for (const ZelGuid& b : rising) {
+            EXPECT_EQ(ZelGuid::less(a, b), &a < &b) << textOf(a) << textOf(b);
+            EXPECT_EQ(ZelGuid::equals(a, b), &a == &b) << textOf(a) << textOf(b);
+        }
+    }
+}
+
+TEST(ZelGuid, OnlyNilIsInvalid) {
+    EXPECT_FALSE(ZelGuid().isValid());
+    EXPECT_TRUE((ZelGuid{0, 0, 0, {0, 0, 0, 0, 0, 0, 0, 1}}).isValid());
+}
+
+TEST(ZelGuid, GeneratesDifferentRandomValues) {
+    std::set<ZelGuid, ZelGuidLess> seen;
+    for (int i = 0; i < 100; ++i) {
+        ZelGuid id;
+        ASSERT_TRUE(id.generate());
+        EXPECT_TRUE(seen.insert(id).second);
+        EXPECT_EQ(id.data3 >> 12, 4) << textOf(id);
+        EXPECT_EQ(id.data4[0] >> 6, 2) << textOf(id);
+    }
+}
+
+TEST(ZelGuid, WritesAndReadsBothTexts) {
+    EXPECT_EQ(textOf(sample), sampleText);
+    EXPECT_EQ(fromText(sampleText), sample);
+    EXPECT_EQ(listOf(sample), sampleList);
+    EXPECT_EQ(fromList(sampleList), sample);
+    EXPECT_EQ(textOf(ZelGuid()), "{00000000-0000-0000-0000-000000000000}");
+    EXPECT_EQ(fromText("{00000000-0000-0000-0000-000000000000}"), ZelGuid());
+
+    ZelGuid full{0xFFFFFFFF, 0xFFFF, 0xFFFF, {255, 255, 255, 255, 255, 255, 255, 255}};
+    EXPECT_EQ(fromText(textOf(full).c_str()), full);
+    EXPECT_EQ(fromList(listOf(full).c_str()), full);
+}
+
+TEST(ZelGuid, BraceTextLooksAtDigitsOnly) {
+    EXPECT_EQ(fromText("(01AB2345/6789/00CD/EF01/00456789ABCD)"), sample);
+    const ZelGuid cut = fromText("{01a-2345-6---00cd-ef01-00456789abcz}");
+    EXPECT_EQ(cut, ZelGuid()); // 37 characters
+    const ZelGuid upToTheFirstOther = fromText("{01ag2345-6---00cd-e.01-00456789abcz}-");
+    EXPECT_EQ(upToTheFirstOther.data1, 0x01Au);
+    EXPECT_EQ(upToTheFirstOther.data2, 0x6u);
+    EXPECT_EQ(upToTheFirstOther.data4[0], 0xE);
+}
+
+TEST(ZelGuid, BadBraceTextGivesNil) {
+    for (const char* text :
+         {"", "{01ab2345-6789-00cd-ef01-00456789abcd", //
+          "{01ab2345-6789-00cd-ef01-00456789abcd} ", "{g1ab2345-6789-00cd-ef01-00456789abcd}",
+          "{01ab2345-6789- 0cd-ef01-00456789abcd}", "{01ab2345--789-00cd-ef01-00456789abcd}",
+          "{01ab2345-6789-00cd-ef01-00456789ab+d}"}) {
+        EXPECT_EQ(fromText(text), ZelGuid()) << text;
+    }
+    ZelGuid id = sample;
+    id.fromText(KorCString());
+    EXPECT_EQ(id, ZelGuid());
+}
+
+TEST(ZelGuid, ListKeepsTheFieldsInFrontOfTheFirstBadOne) {
+    struct {
+        const char* text;
+        ZelGuid id;
+    } const cases[] = {
+        {"", {}},
+        {"0x12, 0x34", {0x12, 0x34, 0, {}}},
+        {"12,34,  ab", {0x12, 0x34, 0xAB, {}}},
+        {"0x12, what, 0x34", {0x12, 0, 0, {}}},
+        {"0x12, , 0x34", {0x12, 0, 0, {}}},
+        {"1,2,3,4,5,6,7,8,9,a,b,c,d", {1, 2, 3, {4, 5, 6, 7, 8, 9, 10, 11}}},
+        {"1,2,3,fe,what", {1, 2, 3, {0xFE}}},
+    };
+    for (const auto& c : cases) EXPECT_EQ(fromList(c.text), c.id) << c.text;
+    ZelGuid id = sample;
+    id.fromList(KorCString());
+    EXPECT_EQ(id, ZelGuid());
+}
+
+TEST(ZelGuid, ListOfAnyLengthIsReadSafely) {
+    const std::string blanks(200, ' ');
+    EXPECT_EQ(fromList(("7," + blanks + "8").c_str()), (ZelGuid{7, 0, 0, {}}));
+}
+
+} // namespace
