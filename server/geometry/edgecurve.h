@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: Apache-2.0
+// What an edge is sent as: one curve, or a chain of pieces.
+#pragma once
+
+#include "server/geometry/curvepiece.h"
+#include "server/geometry/tolerances.h"
+
+#include <TopoDS_Edge.hxx>
+
+#include <string>
+#include <vector>
+
+namespace server {
+
+struct EdgeCurve {
+    std::vector<CurvePiece> pieces; ///< in the direction of the curve; empty when there is no way
+    std::string from;               ///< the kind of the original, as the report names it
+    std::string to;                 ///< empty when the curve goes as it is
+    std::string why;                ///< of a conversion, or of there being no pieces
+};
+
+/// The kind of an edge's curve: "Line", "Circle", "BSplineCurve" and so on.
+std::string curveKind(const TopoDS_Edge& edge);
+
+/// The direction is that of the edge's curve, whatever the edge's orientation. An edge without a
+/// curve becomes the line between its vertices.
+EdgeCurve edgeCurve(const TopoDS_Edge& edge, const Tolerances& tolerances);
+
+/// Whether the edge has a place but no extent: flagged so, or shorter than `shortest`.
+bool hasNoExtent(const TopoDS_Edge& edge, double shortest);
+
+/// Whether edgeCurve has pieces for it: a bounded curve, or at least two vertices.
+bool canBeSent(const TopoDS_Edge& edge);
+
+} // namespace server

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: Apache-2.0
+// The checks of loading and of transfer, and the faces that nobody speaks of.
+#include "server/reading/transferlosses.h"
+
+#include <Interface_Check.hxx>
+#include <Interface_CheckIterator.hxx>
+#include <Interface_InterfaceModel.hxx>
+#include <StepShape_FaceSurface.hxx>
+#include <Transfer_Binder.hxx>
+#include <Transfer_TransientProcess.hxx>
+#include <XSControl_TransferReader.hxx>
+#include <XSControl_WorkSession.hxx>
+
+#include <set>
+
+namespace server {
+namespace {
+
+using Model = Handle(Interface_InterfaceModel);
+
+std::string typeOf(const Model& model, int number) {
+    if (number < 1 || number > model->NbEntities()) return "file";
+    return model->Value(number)->DynamicType()->Name();
+}
+
+void dropFailed(const Model& model, const Handle(Interface_Check) & check, int number,
+                const char* step, Report& report) {
+    if (check.IsNull() || !check->HasFailed()) return;
+    report.dropped("entity", number,
+                   typeOf(model, number) + " failed in " + step + ": " + check->CFail(1));
+}
+
+bool hasResult(const Handle(Transfer_TransientProcess) & process,
+               const Handle(Standard_Transient) & entity) {
+    const Handle(Transfer_Binder) binder = process->Find(entity);
+    return !binder.IsNull() && binder->HasResult();
+}
+
+std::set<int> reportChecks(const Model& model, const Interface_CheckIterator& checks,
+                           Report& report) {
+    std::set<int> named;
+    for (checks.Start(); checks.More(); checks.Next()) {
+        if (checks.Value()->HasFailed()) named.insert(checks.Number());
+        dropFailed(model, checks.Value(), checks.Number(), "transfer", report);
+    }
+    return named;
+}
+
+void reportSilentFaces(const Model& model, const Handle(Transfer_TransientProcess) & process,
+                       const std::set<int>& named, Report& report) {
+    for (int i = 1; i <= model->NbEntities(); ++i) {
+        const Handle(Standard_Transient) entity = model->Value(i);
+        if (Handle(StepShape_FaceSurface)::DownCast(entity).IsNull() || named.count(i)) continue;
+        if (!hasResult(process, entity)) {
+            report.dropped("entity", i, typeOf(model, i) + " left no face behind");
+        }
+    }
+}
+
+} // namespace
+
+void reportLoadFailures(const XSControl_Reader& reader, Report& report) {
+    const Model model = reader.Model();
+    if (model.IsNull()) return;
+    dropFailed(model, model->GlobalCheck(Standard_True), 0, "loading", report);
+    for (int i = 1; i <= model->NbEntities(); ++i) {
+        dropFailed(model, model->Check(i, Standard_True), i, "loading", report);
+    }
+}
+
+void reportTransferFailures(const XSControl_Reader& reader, Report& report) {
+    const Handle(Transfer_TransientProcess) process =
+        reader.WS()->TransferReader()->TransientProcess();
+    const Model model = reader.Model();
+    if (process.IsNull() || model.IsNull()) return;
+    const auto named = reportChecks(model, process->CheckList(Standard_False), report);
+    reportSilentFaces(model, process, named, report);
+}
+
+} // namespace server

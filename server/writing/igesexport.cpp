@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: Apache-2.0
+// The kernel's IGES writer, with solids as boundary representations.
+#include "server/writing/igesexport.h"
+
+#include "server/failure.h"
+
+#include <IGESControl_Controller.hxx>
+#include <IGESControl_Writer.hxx>
+#include <Interface_Static.hxx>
+#include <Standard_Failure.hxx>
+
+namespace server {
+namespace {
+
+constexpr int asBoundaryRepresentation = 1;
+
+/// IGES names the inch "IN" where the kernel's setting says "INCH".
+std::string igesName(const LengthUnit& unit) {
+    const std::string name = unit.kernelName;
+    return name == "INCH" ? "IN" : name;
+}
+
+} // namespace
+
+void exportIges(const TopoDS_Shape& shape, const LengthUnit& unit, const std::string& path) {
+    IGESControl_Controller::Init();
+    const KernelUnit kept(unit);
+    Interface_Static::SetCVal("write.iges.header.author", "");
+    Interface_Static::SetCVal("write.iges.header.company", "");
+    IGESControl_Writer writer(igesName(unit).c_str(), asBoundaryRepresentation);
+    if (!writer.AddShape(shape)) {
+        throw Standard_Failure("the shape has no IGES form");
+    }
+    writer.ComputeModel();
+    if (!writer.Write(path.c_str())) {
+        throw Failure(ExitCode::unwritable, path + " can't be written");
+    }
+}
+
+} // namespace server
