@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: Apache-2.0
+// Programs as processes: stopping, watching the parent, dying with a reason. For the programs of
+// the tree; the component itself uses none of it.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace platform {
+
+/// Runs `callback` on a thread of its own each time the user or the system asks this process to
+/// stop. Replaces an earlier callback. Call it once, early, before other threads start.
+void onInterrupt(std::function<void()> callback);
+
+/// Asks each direct child process to end, or ends it by force. Returns how many there were.
+std::int32_t terminateChildren(bool force = false);
+
+std::uint32_t parentProcessId();
+bool isProcessAlive(std::uint32_t processId);
+/// Runs `callback` on a thread of its own within a quarter of a second of the parent's death.
+void onParentDeath(std::function<void()> callback);
+
+/// Turns a crash into one line on standard error, made of `program`, the kind of the crash and
+/// what `describe` says (which must be safe in a signal handler: return a static buffer), removes
+/// the file `unlinkPath`, unless empty, and ends the process with `exitCode`.
+void onCrash(const char* program, const char* (*describe)(), const std::string& unlinkPath,
+             std::int32_t exitCode);
+
+/// Limits for a worker; what goes past them is refused, or the process ends. 0 sets none.
+bool limitMemory(std::uint64_t bytes);
+bool limitProcessorTime(std::uint32_t seconds);
+
+/// Ends the process at once, without destructors or exit handlers.
+[[noreturn]] void exitNow(std::int32_t exitCode);
+
+/// The path of the running program, in the library's form; empty when it can't be told.
+std::u16string executablePath();
+
+/// Whether standard input is a terminal, so that somebody can be asked.
+bool isInputTerminal();
+
+} // namespace platform

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: Apache-2.0
+// Kernel objects for locking, with the behaviour of the target's.
+//
+// Waits take milliseconds; `infinite` waits without limit. Mutexes are recursive for their owner.
+// An object whose making failed is not valid, and waits on it return at once, false.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+namespace platform {
+
+inline constexpr std::uint32_t infinite = 0xFFFFFFFF;
+
+/// What can be waited for.
+class Waitable {
+public:
+    virtual ~Waitable() = default;
+    /// True when the object was obtained within the time.
+    virtual bool wait(std::uint32_t milliseconds) = 0;
+    /// Gives one unit away: a mutex is released, an event set, a semaphore raised by one.
+    virtual bool signal() = 0;
+};
+
+/// Releases `toSignal` and waits on `toWaitFor` without limit, with no gap in which a signal could
+/// be missed.
+bool signalAndWait(Waitable& toSignal, Waitable& toWaitFor);
+
+std::unique_ptr<Waitable> makeMutex();
+std::unique_ptr<Waitable> makeEvent(bool manualReset, bool signalled);
+
+/// `signal` raises by one; `raise` by several at once.
+class Semaphore : public Waitable {
+public:
+    virtual bool raise(std::int32_t count) = 0;
+};
+std::unique_ptr<Semaphore> makeSemaphore(std::int32_t initial, std::int32_t maximum);
+
+/// A mutex shared between processes by its name. A holder that dies gives it up. Null when it
+/// can't be made, or, for opening, isn't there.
+std::unique_ptr<Waitable> createNamedMutex(const char* name);
+std::unique_ptr<Waitable> openNamedMutex(const char* name);
+
+/// Recursive for its owner, within one process. A negative spin count is the system's default.
+class CriticalSection {
+public:
+    explicit CriticalSection(std::int32_t spinCount = -1);
+    ~CriticalSection();
+    CriticalSection(const CriticalSection&) = delete;
+    CriticalSection& operator=(const CriticalSection&) = delete;
+
+    void enter();
+    void leave();
+
+private:
+    struct Section;
+    std::unique_ptr<Section> section;
+};
+
+class CriticalSectionLock {
+public:
+    explicit CriticalSectionLock(CriticalSection& held) : section(held) { section.enter(); }
+    ~CriticalSectionLock() { section.leave(); }
+    CriticalSectionLock(const CriticalSectionLock&) = delete;
+    CriticalSectionLock& operator=(const CriticalSectionLock&) = delete;
+
+private:
+    CriticalSection& section;
+};
+
+} // namespace platform
