@@ -4,8 +4,8 @@
 // Wide paths are terminated UTF-16 texts, narrow ones UTF-8. Both may use either separator and the
 // form "X:\...". On a POSIX system a backslash is a slash, and "X:" is the directory that the
 // environment variable ZEL_DRIVE_X names, or else the root. Names there are bytes: what is no valid
-// UTF-8 crosses as the code units 0xDC80 to 0xDCFF, one for each such byte, and comes back the same;
-// an unpaired surrogate that stands for no byte crosses as its three-byte form.
+// UTF-8 crosses as the code units 0xDC80 to 0xDCFF, one for each such byte, and comes back the
+// same; an unpaired surrogate that stands for no byte crosses as its three-byte form.
 //
 // Unless a call says otherwise: what counts or identifies is -1 on failure, what is bool is false,
 // what is a pointer is null, and lastError() tells why. Nothing here throws.
