@@ -13,7 +13,7 @@ endfunction()
 # and an identity directly.
 function(brix_module target)
   set_target_properties(${target} PROPERTIES PREFIX "")
-  if(CMAKE_LIBRARY_OUTPUT_DIRECTORY STREQUAL "" AND CMAKE_RUNTIME_OUTPUT_DIRECTORY)
+  if(NOT CMAKE_LIBRARY_OUTPUT_DIRECTORY AND CMAKE_RUNTIME_OUTPUT_DIRECTORY)
     set_target_properties(${target} PROPERTIES
       LIBRARY_OUTPUT_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
   endif()

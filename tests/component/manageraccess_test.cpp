@@ -123,7 +123,10 @@ TEST_P(ManagerAccess, ScopeNameIsKeptAsACopy) {
     EXPECT_EQ(zelScopeName(), "lab");
 }
 
-INSTANTIATE_TEST_SUITE_P(Calls, ManagerAccess, testing::Values(Call::Service, Call::Instance));
+INSTANTIATE_TEST_SUITE_P(Calls, ManagerAccess, testing::Values(Call::Service, Call::Instance),
+                         [](const auto& call) {
+                             return call.param == Call::Service ? "Service" : "Instance";
+                         });
 
 TEST(CountService, CountsPlainlyBeforeThereIsAManager) {
     std::int32_t count = 0;

@@ -93,7 +93,7 @@ TEST(ZelGuid, BraceTextLooksAtDigitsOnly) {
     EXPECT_EQ(fromText("(01AB2345/6789/00CD/EF01/00456789ABCD)"), sample);
     const ZelGuid cut = fromText("{01a-2345-6---00cd-ef01-00456789abcz}");
     EXPECT_EQ(cut, ZelGuid()); // 37 characters
-    const ZelGuid upToTheFirstOther = fromText("{01ag2345-6---00cd-e.01-00456789abcz}-");
+    const ZelGuid upToTheFirstOther = fromText("{01ag2345-6----00cd-e.01-00456789abcz}");
     EXPECT_EQ(upToTheFirstOther.data1, 0x01Au);
     EXPECT_EQ(upToTheFirstOther.data2, 0x6u);
     EXPECT_EQ(upToTheFirstOther.data4[0], 0xE);

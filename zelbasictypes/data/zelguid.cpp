@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
+#include <iterator>
 #include <string>
 
 namespace {
@@ -59,6 +60,16 @@ void readListFields(std::string_view rest, ZelGuid& out) {
 }
 
 } // namespace
+
+bool ZelGuid::generate() {
+    platform::Guid made;
+    if (!platform::createGuid(&made)) return false;
+    data1 = made.data1;
+    data2 = made.data2;
+    data3 = made.data3;
+    std::copy(std::begin(made.data4), std::end(made.data4), data4);
+    return true;
+}
 
 void ZelGuid::toText(KorCString& out) const {
     char text[braceLength + 1];
