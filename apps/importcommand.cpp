@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: Apache-2.0
+// Parsing the command line of brix-import.
+#include "apps/importcommand.h"
+
+#include <CLI/CLI.hpp>
+
+namespace apps {
+namespace {
+
+constexpr int wrongUse = 2;
+
+/// The texts as the parser fills them.
+struct Words {
+    std::string model, outputBase, server, module, environment, answer, settingsFile, trace, json,
+        picture, exportFile;
+    std::vector<std::string> arguments, settings, without;
+    bool noServer = false;
+};
+
+CLI::Option* addList(CLI::App& parser, const char* name, std::vector<std::string>& list,
+                     const char* value, const char* help) {
+    return parser.add_option(name, list, help)->type_name(value)->allow_extra_args(false);
+}
+
+void addInput(CLI::App& parser, Words& words) {
+    parser.add_option("MODEL", words.model, "the CAD file");
+    parser
+        .add_option(
+            "--output-base", words.outputBase,
+            "output base name; default: in a temporary directory that is removed at the end")
+        ->type_name("BASE");
+    parser.add_flag("--no-server", words.noServer,
+                    "start no server: read the BASE.direct that is there already, without MODEL");
+    addList(parser, "--argument", words.arguments, "WORD",
+            "a further word of the server's option list; repeatable");
+    parser.add_option("--server", words.server, "the server; default: the one beside this program")
+        ->type_name("PROGRAM");
+    parser
+        .add_option("--module", words.module, "the component; default: the one beside this program")
+        ->type_name("FILE");
+    parser
+        .add_option("--environment", words.environment,
+                    "lines NAME=VALUE that the server's environment gets")
+        ->type_name("FILE");
+}
+
+void addHost(CLI::App& parser, Words& words) {
+    parser
+        .add_option("--answer", words.answer,
+                    "answers every question; default: a terminal is asked")
+        ->check(CLI::IsMember({"yes", "no"}))
+        ->type_name("yes|no");
+    addList(parser, "--set", words.settings, "KEY=VALUE",
+            "a setting, such as \"General/Show Batch Processing=1\"; repeatable");
+    parser.add_option("--settings", words.settingsFile, "an INI file of settings")
+        ->type_name("FILE");
+    addList(parser, "--without", words.without, "SERVICE",
+            "leaves a service of the host out, such as IGuiSimpleDlg; repeatable");
+}
+
+void addOutput(CLI::App& parser, Words& words) {
+    parser
+        .add_option("--trace", words.trace,
+                    "writes one JSON line for each call at the modelling component")
+        ->type_name("FILE");
+    parser.add_option("--json", words.json, "the report as JSON; default: to standard output")
+        ->expected(0, 1)
+        ->type_name("[FILE]");
+    parser.add_option("--picture", words.picture, "a shaded picture of what arrived")
+        ->type_name("FILE.png");
+    parser
+        .add_option("--export", words.exportFile,
+                    "the rebuilt shape, as .brep, .step, .stl or .glb by extension")
+        ->type_name("FILE");
+}
+
+constexpr const char* exitStatusHelp =
+    "Exit status: 0 the whole model arrived, 1 nothing was imported, 2 wrong use, 3 module or\n"
+    "server unusable, 4 arrived with losses, each named in the report.";
+
+QStringList toQStrings(const std::vector<std::string>& texts) {
+    QStringList list;
+    for (const std::string& text : texts) list << QString::fromStdString(text);
+    return list;
+}
+
+ImportCommand commandOf(const Words& words, bool json) {
+    ImportCommand command;
+    host::ImportOptions& options = command.options;
+    options.model = QString::fromStdString(words.model);
+    options.outputBase = QString::fromStdString(words.outputBase);
+    options.noServer = words.noServer;
+    options.arguments = toQStrings(words.arguments);
+    options.server = QString::fromStdString(words.server);
+    options.module = QString::fromStdString(words.module);
+    options.environmentFile = QString::fromStdString(words.environment);
+    if (!words.answer.empty()) options.answer = words.answer == "yes";
+    options.settings = toQStrings(words.settings);
+    options.settingsFile = QString::fromStdString(words.settingsFile);
+    options.without = toQStrings(words.without);
+    options.traceFile = QString::fromStdString(words.trace);
+    options.picture = QString::fromStdString(words.picture);
+    options.exportFile = QString::fromStdString(words.exportFile);
+    command.json = json;
+    command.jsonFile = QString::fromStdString(words.json);
+    return command;
+}
+
+/// A word behind --json is its file, unless it is the only one that can be MODEL.
+void settleJson(Words& words) {
+    if (words.model.empty() && !words.noServer) std::swap(words.model, words.json);
+}
+
+const char* problemOf(const Words& words) {
+    if (words.noServer && !words.model.empty()) return "--no-server takes no MODEL";
+    if (words.noServer && words.outputBase.empty()) return "--no-server needs --output-base";
+    if (!words.noServer && words.model.empty()) return "MODEL is missing";
+    return nullptr;
+}
+
+} // namespace
+
+ParsedCommand parseImportCommand(const QStringList& commandLine) {
+    CLI::App parser("Imports a CAD file through the component and reports what came.",
+                    "brix-import");
+    parser.set_version_flag("--version", "brix-import " BRIX_VERSION);
+    parser.footer(exitStatusHelp);
+    Words words;
+    addInput(parser, words);
+    addHost(parser, words);
+    addOutput(parser, words);
+
+    std::vector<std::string> reversed;
+    for (const QString& word : commandLine.mid(1)) {
+        reversed.insert(reversed.begin(), word.toStdString());
+    }
+    try {
+        parser.parse(reversed);
+    } catch (const CLI::ParseError& error) {
+        return {{}, parser.exit(error) == 0 ? 0 : wrongUse};
+    }
+    settleJson(words);
+    if (const char* problem = problemOf(words)) {
+        std::cerr << "brix-import: " << problem << "\nRun with --help for more information.\n";
+        return {{}, wrongUse};
+    }
+    return {commandOf(words, parser.count("--json") > 0), 0};
+}
+
+} // namespace apps

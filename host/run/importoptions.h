@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: Apache-2.0
+// What one import of the reference host is asked to do.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace host {
+
+/// Empty texts mean the default, or that a thing isn't wanted.
+struct ImportOptions {
+    QString model;      ///< the CAD file; none when there is no server
+    QString outputBase; ///< default: in a new temporary directory, removed at the end
+    bool noServer = false;
+    QStringList arguments; ///< further words of the option list
+    QString server, module;
+    QString environmentFile;
+    std::optional<bool> answer;
+    QStringList settings; ///< words KEY=VALUE; they come after the file
+    QString settingsFile;
+    QStringList without; ///< interfaces of services
+    QString traceFile;
+    QString picture, exportFile;
+};
+
+} // namespace host

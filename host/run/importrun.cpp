@@ -1,0 +1,221 @@
+// SPDX-License-Identifier: Apache-2.0
+// The steps of a run: host, module, import, rebuilding.
+#include "host/run/importrun.h"
+
+#include "component/manageraccess.h"
+#include "host/modelling/modellingcomponent.h"
+#include "host/run/interrupts.h"
+#include "host/run/loadedmodule.h"
+#include "host/run/measuring.h"
+#include "host/run/programfiles.h"
+#include "host/run/runfacts.h"
+#include "host/run/runwatch.h"
+#include "host/run/serverreport.h"
+#include "host/services/services.h"
+#include "host/text.h"
+#include "zelbasictypes/sets/bitvector.h"
+#include "zelbasictypes/text/zeltranslator.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+namespace host {
+namespace {
+
+class ImportRun {
+public:
+    ImportRun(const ImportOptions& options, const RunSurroundings& surroundings)
+        : options_(options), surroundings_(surroundings) {}
+    ~ImportRun() { rootManager().clear(); }
+
+    RunOutcome execute();
+
+private:
+    /// Each answers the reason for which the run ends there, or an empty text.
+    std::string makeSettings();
+    std::string makePlaces();
+    std::string offerEverything();
+
+    RunOutcome fail(ExitStatus status, const std::string& reason);
+    void lookAtServer();
+    void import(ITessoraCADImporterClient& client);
+    bool callImport(ITessoraCADImporterClient& client);
+    void takeResults(ITessoraCADImporterClient& client);
+    void judge();
+    std::list<KorString> optionList() const;
+    bool wasStartRefused() const;
+
+    const ImportOptions& options_;
+    const RunSurroundings& surroundings_;
+    QTemporaryDir temporary_;
+    QString outputBase_;
+    std::ofstream trace_;
+    IPtr<SettingsStore> settings_{new SettingsStore};
+    Services services_;
+    std::unique_ptr<ModellingComponent> modelling_;
+    RunFacts facts_;
+    RunOutcome outcome_;
+};
+
+RunOutcome ImportRun::execute() {
+    for (const auto step :
+         {&ImportRun::makeSettings, &ImportRun::makePlaces, &ImportRun::offerEverything}) {
+        const std::string reason = (this->*step)();
+        if (!reason.empty()) return fail(ExitStatus::wrongUse, reason);
+    }
+    LoadedModule module;
+    const QString file = options_.module.isEmpty() ? defaultModule() : options_.module;
+    const std::string reason = module.load(file, rootManager());
+    if (!reason.empty()) return fail(ExitStatus::unusable, reason);
+    const IPtr<ITessoraCADImporterClient> client = module.makeClient();
+    if (!client) return fail(ExitStatus::unusable, "the module offers no import client");
+    import(*client.iface);
+    return std::move(outcome_);
+}
+
+RunOutcome ImportRun::fail(ExitStatus status, const std::string& reason) {
+    outcome_.failure = status;
+    outcome_.reason = reason;
+    return std::move(outcome_);
+}
+
+std::string ImportRun::makeSettings() {
+    if (!options_.settingsFile.isEmpty() && !settings_->load(options_.settingsFile)) {
+        return "the settings can't be read: " + options_.settingsFile.toStdString();
+    }
+    for (const QString& word : options_.settings) {
+        if (!settings_->setFromWord(word)) return "not KEY=VALUE: " + word.toStdString();
+    }
+    return {};
+}
+
+std::string ImportRun::makePlaces() {
+    if (!temporary_.isValid()) return "no temporary directory can be made";
+    outputBase_ = options_.outputBase.isEmpty() ? temporary_.filePath(QStringLiteral("model"))
+                                                : options_.outputBase;
+    if (!options_.traceFile.isEmpty()) {
+        trace_.open(std::filesystem::path(options_.traceFile.toStdU16String()), std::ios::binary);
+        if (!trace_) return "the trace can't be written: " + options_.traceFile.toStdString();
+    }
+    outcome_.name =
+        QFileInfo(options_.model.isEmpty() ? outputBase_ : options_.model).fileName().toStdString();
+    return {};
+}
+
+std::string ImportRun::offerEverything() {
+    services_ = offerServices(rootManager(), {surroundings_.messages, surroundings_.terminal,
+                                              options_.answer, settings_});
+    services_.directories->setDirectory("temp", toKorString(temporary_.path()));
+    facts_.modelFile = outputBase_ + QStringLiteral(".direct");
+    const auto lookAtModelFile = [this] {
+        const QFileInfo file(facts_.modelFile);
+        facts_.modelFileBytes = file.isFile() ? std::optional(file.size()) : std::nullopt;
+    };
+    modelling_ = std::make_unique<ModellingComponent>(
+        rootManager(), trace_.is_open() ? &trace_ : nullptr, lookAtModelFile);
+    for (const QString& service : options_.without) {
+        if (!rootManager().withdraw(service.toStdString())) {
+            return "no such service: " + service.toStdString();
+        }
+    }
+    return {};
+}
+
+void ImportRun::lookAtServer() {
+    facts_.noServer = options_.noServer;
+    facts_.importerMissing = options_.without.contains(QStringLiteral("IZelCADImporter"));
+    if (options_.noServer) return;
+    facts_.server = options_.server.isEmpty() ? defaultServer() : options_.server;
+    if (facts_.server.isEmpty()) facts_.server = QStringLiteral("cad-importer-server");
+    facts_.startProblem = startProblem(facts_.server);
+}
+
+void ImportRun::import(ITessoraCADImporterClient& client) {
+    lookAtServer();
+    const ServerReportFile reportFile(outputBase_);
+    outcome_.result = callImport(client);
+    facts_.interrupted = interruptCount() > 0;
+    takeResults(client);
+    outcome_.server = reportFile.read();
+    facts_.serverReported = !outcome_.server.is_null();
+    outcome_.losses = outcome_.record.dropped;
+    measure(outcome_, options_);
+    judge();
+}
+
+std::list<KorString> ImportRun::optionList() const {
+    QStringList words;
+    if (options_.noServer) {
+        words << QStringLiteral("-ControlSocket") << QString() << QStringLiteral("0");
+    } else {
+        words << QStringLiteral("-InputFile") << options_.model;
+    }
+    words << QStringLiteral("-OutputBaseName") << outputBase_ << options_.arguments;
+    std::list<KorString> list;
+    for (const QString& word : words) list.push_back(toKorString(word));
+    return list;
+}
+
+bool ImportRun::callImport(ITessoraCADImporterClient& client) {
+    const RunWatch watch(services_.busyState, outcome_.name, surroundings_.messages);
+    std::list<KorString> files;
+    const bool result =
+        client.importModel(toKorString(options_.environmentFile), toKorString(facts_.server),
+                           optionList(), modelling_->importTarget(), nullptr, nullptr, files);
+    for (const KorString& file : files) {
+        outcome_.exportedFiles.push_back(
+            toQString(file).replace(QLatin1Char('\\'), QLatin1Char('/')).toStdString());
+    }
+    return result;
+}
+
+/// The lists pass to the host with all that they point at. The entries of the models are the
+/// host's own objects, which the modelling component holds anyway.
+void ImportRun::takeResults(ITessoraCADImporterClient& client) {
+    outcome_.hasResults = client.hasResults();
+    std::list<IZelFeature*> systems;
+    std::list<BitVector*> masks;
+    client.coordinateSystems(systems, masks);
+    modelling_->takeCoordinateSystems(systems);
+    for (BitVector* mask : masks) {
+        mask->addRef();
+        mask->release();
+    }
+    outcome_.record = modelling_->record();
+}
+
+/// The notice bears the text that the translator gives this program too.
+bool ImportRun::wasStartRefused() const {
+    const std::string notice = toUtf8(zelTranslate("The CAD Importer server could not be started"));
+    const auto& notices = services_.dialog->notices();
+    return std::find(notices.begin(), notices.end(), notice) != notices.end();
+}
+
+void ImportRun::judge() {
+    if (outcome_.hasResults) return;
+    const bool refused = wasStartRefused();
+    if (refused && facts_.startProblem.isEmpty()) {
+        facts_.startProblem = QStringLiteral("the system refuses to run it");
+    }
+    if (refused) outcome_.failure = ExitStatus::unusable;
+    const std::string reason = reasonForNothing(facts_);
+    if (outcome_.result) {
+        outcome_.losses.push_back({"model", 0, reason});
+    } else {
+        outcome_.reason = reason;
+    }
+}
+
+} // namespace
+
+RunOutcome runImport(const ImportOptions& options, const RunSurroundings& surroundings) {
+    zelSetManager(&rootManager());
+    return ImportRun(options, surroundings).execute();
+}
+
+} // namespace host

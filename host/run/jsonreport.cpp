@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: Apache-2.0
+// The report as JSON.
+#include "host/run/report.h"
+
+namespace host {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Json boxJson(const std::array<double, 6>& box) {
+    return {{box[0], box[1], box[2]}, {box[3], box[4], box[5]}};
+}
+
+Json modelJson(const RebuiltModel& model) {
+    Json json;
+    json["faces"] = model.faces;
+    json["edges"] = model.edges;
+    json["shells"] = model.shells;
+    json["closed"] = model.closed;
+    json["valid"] = model.valid;
+    json["area"] = model.areaM2;
+    json["volume"] = model.volumeM3;
+    json["boundingBox"] = boxJson(model.boundingBoxM);
+    return json;
+}
+
+Json lossJson(const DroppedRecord& loss, const char* by) {
+    return {{"what", loss.what}, {"identifier", loss.identifier}, {"why", loss.why}, {"by", by}};
+}
+
+Json modelsJson(const RunOutcome& outcome) {
+    Json list = Json::array();
+    for (const RebuiltModel& model : outcome.models) list.push_back(modelJson(model));
+    return list;
+}
+
+Json lossesJson(const RunOutcome& outcome) {
+    Json list = Json::array();
+    for (const auto& loss : serverLosses(outcome.server)) list.push_back(lossJson(loss, "server"));
+    for (const auto& loss : outcome.losses) list.push_back(lossJson(loss, "host"));
+    return list;
+}
+
+} // namespace
+
+std::string jsonReport(const RunOutcome& outcome) {
+    Json json;
+    json["result"] = outcome.result;
+    json["hasResults"] = outcome.hasResults;
+    json["coordinateSystems"] = outcome.record.coordinateSystems.size();
+    json["exportedFiles"] = outcome.exportedFiles;
+    json["models"] = modelsJson(outcome);
+    json["dropped"] = lossesJson(outcome);
+    json["server"] = outcome.server;
+    json["reason"] = outcome.reason.empty() ? Json() : Json(outcome.reason);
+    json["exitStatus"] = static_cast<int>(exitStatus(outcome));
+    return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
+} // namespace host

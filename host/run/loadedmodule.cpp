@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: Apache-2.0
+// From a file to a component to a client.
+#include "host/run/loadedmodule.h"
+
+#include "component/entrypoint.h"
+#include "platform/module.h"
+#include "zelbasictypes/data/zelguid.h"
+
+#include <QFileInfo>
+
+namespace host {
+namespace {
+
+constexpr std::int32_t contractVersion = 100;
+
+/// The class of the import client, {53DE97AC-2769-4D39-ADBD-373120B9818F}.
+const ZelGuid clientClassId{
+    0x53de97ac, 0x2769, 0x4d39, {0xad, 0xbd, 0x37, 0x31, 0x20, 0xb9, 0x81, 0x8f}};
+
+ZelEntryPoint entryPointOf(platform::Module module) {
+    return reinterpret_cast<ZelEntryPoint>(platform::findEntry(module, zelEntryPointName));
+}
+
+} // namespace
+
+LoadedModule::~LoadedModule() {
+    if (component_) component_->terminate();
+}
+
+std::string LoadedModule::load(const QString& fileName, IZelComponentManager& manager) {
+    if (fileName.isEmpty()) return "the module is missing: none lies beside this program";
+    const std::string name = fileName.toStdString();
+    if (!QFileInfo::exists(fileName)) return "the module is missing: " + name;
+    const QString path = QFileInfo(fileName).absoluteFilePath();
+    platform::Module module = platform::loadModule(path.toStdU16String().c_str());
+    if (!module) return "the module can't be loaded: " + platform::moduleError();
+    const ZelEntryPoint entryPoint = entryPointOf(module);
+    if (!entryPoint) return "this is no component, it has no EntryPoint: " + name;
+
+    std::int32_t version = 0;
+    IZelComponent* component = nullptr;
+    if (entryPoint(&version, &component) != 1 || !component)
+        return "no component came from " + name;
+    component_ = component;
+    if (version != contractVersion) {
+        return "the component's version is " + std::to_string(version) + " instead of " +
+               std::to_string(contractVersion) + ": " + name;
+    }
+    component_->initialize(&manager);
+    return {};
+}
+
+IPtr<ITessoraCADImporterClient> LoadedModule::makeClient() {
+    IZelUnknown* made = nullptr;
+    if (!component_ || component_->createInstance(clientClassId, &made) == 0) return {};
+    const IPtr<IZelUnknown> held(made);
+    return IPtr<ITessoraCADImporterClient>(zelQuery<ITessoraCADImporterClient>(made));
+}
+
+} // namespace host

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: Apache-2.0
+// A component, loaded from its file and brought up as any host does it.
+#pragma once
+
+#include "client/itessoracadimporterclient.h"
+#include "component/izelcomponent.h"
+#include "component/objects/iptr.h"
+
+#include <QString>
+
+#include <string>
+
+class IZelComponentManager;
+
+namespace host {
+
+/// The file stays loaded to the end of the program: what the module registered with Qt and its
+/// static objects may be needed until then. The component itself goes with this object.
+class LoadedModule {
+public:
+    LoadedModule() = default;
+    LoadedModule(const LoadedModule&) = delete;
+    LoadedModule& operator=(const LoadedModule&) = delete;
+    ~LoadedModule();
+
+    /// Loads the file, makes its component and hands it the manager. Empty on success, otherwise
+    /// the reason in one line.
+    std::string load(const QString& fileName, IZelComponentManager& manager);
+
+    /// A new import client; null when the component offers none, or something else in its place.
+    IPtr<ITessoraCADImporterClient> makeClient();
+
+private:
+    IPtr<IZelComponent> component_;
+};
+
+} // namespace host

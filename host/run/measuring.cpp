@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: Apache-2.0
+// Rebuilding, or counting instead.
+#include "host/run/measuring.h"
+
+#include "host/run/importoptions.h"
+#include "host/run/interrupts.h"
+#include "host/run/runoutcome.h"
+
+#include <algorithm>
+
+namespace host {
+namespace {
+
+void include(std::array<double, 6>& box, const ShellRecord& shell) {
+    box = {std::min(box[0], shell.boxMin.x), std::min(box[1], shell.boxMin.y),
+           std::min(box[2], shell.boxMin.z), std::max(box[3], shell.boxMax.x),
+           std::max(box[4], shell.boxMax.y), std::max(box[5], shell.boxMax.z)};
+}
+
+/// What arrived of a model, by its topology and the boxes of its shells.
+RebuiltModel counted(const ModelRecord& model) {
+    RebuiltModel figures;
+    figures.faces = static_cast<int>(model.faces.size());
+    figures.edges = static_cast<int>(model.edges.size());
+    figures.shells = static_cast<int>(model.shells.size());
+    if (model.shells.empty()) return figures;
+    figures.closed = true;
+    const ShellRecord& first = model.shells.front();
+    figures.boundingBoxM = {first.boxMin.x, first.boxMin.y, first.boxMin.z,
+                            first.boxMax.x, first.boxMax.y, first.boxMax.z};
+    for (const ShellRecord& shell : model.shells) {
+        figures.closed = figures.closed && shell.closed;
+        include(figures.boundingBoxM, shell);
+    }
+    return figures;
+}
+
+bool isNamed(const std::vector<DroppedRecord>& losses, const DroppedRecord& loss) {
+    return std::any_of(losses.begin(), losses.end(), [&](const DroppedRecord& known) {
+        return known.what == loss.what && known.identifier == loss.identifier;
+    });
+}
+
+/// What the host has named already isn't told again when it shows in the solid as well.
+void addLosses(RunOutcome& outcome, const RebuildOutcome& rebuilt) {
+    const std::vector<DroppedRecord> named = outcome.losses;
+    for (const DroppedRecord& loss : rebuilt.dropped) {
+        if (!isNamed(named, loss)) outcome.losses.push_back(loss);
+    }
+    if (!rebuilt.failure.isEmpty()) {
+        outcome.losses.push_back({"solid", 0, rebuilt.failure.toStdString()});
+    }
+}
+
+RebuildOptions rebuildOptions(const ImportOptions& options) {
+    RebuildOptions result;
+    result.program = rebuildProgram();
+    result.picture = options.picture;
+    result.exportFile = options.exportFile;
+    result.stopRequested = [] { return interruptCount() > 0; };
+    return result;
+}
+
+void noteUnmade(RunOutcome& outcome, const ImportOptions& options) {
+    const char* why = "there is no program here that rebuilds solids";
+    if (!options.picture.isEmpty()) outcome.losses.push_back({"picture", 0, why});
+    if (!options.exportFile.isEmpty()) outcome.losses.push_back({"export", 0, why});
+}
+
+} // namespace
+
+void measure(RunOutcome& outcome, const ImportOptions& options) {
+    if (outcome.record.models.empty()) return;
+    const RebuildOptions settings = rebuildOptions(options);
+    if (settings.program.isEmpty()) {
+        noteUnmade(outcome, options);
+    } else {
+        const RebuildOutcome rebuilt = rebuild(outcome.record, settings);
+        addLosses(outcome, rebuilt);
+        outcome.models = rebuilt.models;
+        outcome.rebuilt = !rebuilt.models.empty();
+    }
+    const auto& models = outcome.record.models;
+    for (std::size_t i = outcome.models.size(); i < models.size(); ++i) {
+        outcome.models.push_back(counted(models[i]));
+    }
+}
+
+} // namespace host

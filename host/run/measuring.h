@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: Apache-2.0
+// From the record of an import to figures: of solids where the worker makes some, else of what
+// arrived.
+#pragma once
+
+namespace host {
+
+struct ImportOptions;
+struct RunOutcome;
+
+/// Fills `models` and `rebuilt`, and adds what was lost on the way to `losses`. Picture and export
+/// are made here. An interrupt ends it early.
+void measure(RunOutcome& outcome, const ImportOptions& options);
+
+} // namespace host

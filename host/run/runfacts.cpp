@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: Apache-2.0
+// From facts to a reason, the most telling first.
+#include "host/run/runfacts.h"
+
+namespace host {
+namespace {
+
+std::string withoutModelFile(const RunFacts& facts) {
+    if (facts.noServer) return "there is no model file " + facts.modelFile.toStdString();
+    return facts.serverReported
+               ? "the server came to its end without leaving a model file"
+               : "the server crashed or gave up: it left neither a model file nor a report";
+}
+
+} // namespace
+
+std::string reasonForNothing(const RunFacts& facts) {
+    if (!facts.startProblem.isEmpty()) {
+        return "the server can't be started: " + facts.server.toStdString() + ": " +
+               facts.startProblem.toStdString();
+    }
+    if (facts.interrupted) return "the import was stopped on request";
+    if (facts.importerMissing) return "there is no importer to give a model to";
+    if (!facts.modelFileBytes) return withoutModelFile(facts);
+    if (*facts.modelFileBytes == 0) return "the model file is empty";
+    return "the model file holds no model that can be read (" +
+           std::to_string(*facts.modelFileBytes) + " bytes)";
+}
+
+} // namespace host

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: Apache-2.0
+// What is known of how a run went, and the line that it makes for the user.
+#pragma once
+
+#include "host/run/runoutcome.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace host {
+
+struct RunFacts {
+    bool noServer = false;
+    bool interrupted = false;
+    QString server;              ///< the program
+    QString startProblem;        ///< why the server could not be started; empty when it could
+    bool serverReported = false; ///< whether it left a report
+    QString modelFile;           ///< BASE.direct
+    bool importerMissing = false;
+    /// The size of the model file when it was about to be read; none when it wasn't there.
+    std::optional<std::int64_t> modelFileBytes;
+};
+
+/// Why nothing arrived, in one line.
+std::string reasonForNothing(const RunFacts& facts);
+
+} // namespace host
