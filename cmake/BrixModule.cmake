@@ -21,7 +21,7 @@ function(brix_module target)
     target_sources(${target} PRIVATE ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/brix.def)
   else()
     target_link_options(${target} PRIVATE
-      LINKER:--version-script=${CMAKE_CURRENT_FUNCTION_LIST_DIR}/brix.map LINKER:--no-undefined)
+      LINKER:--version-script=${CMAKE_CURRENT_FUNCTION_LIST_DIR}/brix.map)
     set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/brix.map)
   endif()
 endfunction()
