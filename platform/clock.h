@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
-// Time and process numbers.
+// The fine counter, the process's number, and waiting.
 #pragma once
 
 #include <cstdint>
 
 namespace platform {
 
-/// A counter that never runs back, and its steps in a second.
-std::int64_t performanceCounter();
-std::int64_t performanceFrequency();
+/// Ticks since some moment in the past; never runs backwards.
+std::uint64_t performanceCounter();
+/// Ticks of `performanceCounter` a second.
+std::uint64_t performanceFrequency();
+
 std::uint32_t processId();
-void sleep(std::uint32_t milliseconds);
+
+/// At least that long, whatever signals arrive.
+void sleepMs(std::uint32_t milliseconds);
 
 } // namespace platform

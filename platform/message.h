@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
-// A last word to the user.
+// The last resort for telling the user something.
 #pragma once
 
 namespace platform {
 
-/// A modal message on the target; a line on standard error elsewhere. Waits until it is read.
+/// Shows a modal message with an OK button and returns when it was seen. Where there are no windows
+/// it goes to standard error, title first, and returns at once.
 void showMessage(const char16_t* title, const char16_t* text);
 
 } // namespace platform

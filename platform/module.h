@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Loadable modules.
+// Loading modules at run time.
 #pragma once
 
 #include <string>
@@ -8,14 +8,19 @@ namespace platform {
 
 using Module = void*;
 
-/// Loads a module with all that it needs; null on failure, and moduleError() says why.
+/// Null on failure. A path as in file.h; without any separator it is a name that the system looks
+/// for on its own search path. A module loaded twice is one, and closed after the second close.
 Module loadModule(const char16_t* path);
 Module loadModule(const char* path);
-/// The address of an exported entry, or null.
+
+/// Null when the module is null or has no such entry.
 void* findEntry(Module module, const char* name);
-/// The module's code and statics must not be used any more.
-void unloadModule(Module module);
-/// The reason of the last failure on this thread, in the system's words.
+
+/// Null is allowed. Nothing of the module may be in use any more.
+void closeModule(Module module);
+
+/// What the system says about the calling thread's last failure here, in one line; empty when
+/// nothing failed.
 std::string moduleError();
 
 } // namespace platform
