@@ -69,16 +69,29 @@ void installHandlers() {
     ::sigaction(SIGHUP, &action, nullptr);
 }
 
-/// The direct children of all threads of this process.
+/// The parent of a process, 0 when it has gone. Its name stands in brackets and may hold anything.
+pid_t parentOf(const char* process) {
+    std::ifstream file(std::string("/proc/") + process + "/stat");
+    std::string line;
+    std::getline(file, line);
+    const std::size_t bracket = line.rfind(')');
+    if (bracket == std::string::npos) return 0;
+    std::istringstream rest(line.substr(bracket + 1));
+    char state = 0;
+    pid_t parent = 0;
+    rest >> state >> parent;
+    return state == 'Z' ? 0 : parent;
+}
+
 std::vector<pid_t> children() {
     std::vector<pid_t> result;
-    DIR* tasks = ::opendir("/proc/self/task");
-    if (!tasks) return result;
-    while (const dirent* task = ::readdir(tasks)) {
-        std::ifstream list(std::string("/proc/self/task/") + task->d_name + "/children");
-        for (pid_t child = 0; list >> child;) result.push_back(child);
+    DIR* processes = ::opendir("/proc");
+    if (!processes) return result;
+    while (const dirent* entry = ::readdir(processes)) {
+        const pid_t process = std::atoi(entry->d_name);
+        if (process > 0 && parentOf(entry->d_name) == ::getpid()) result.push_back(process);
     }
-    ::closedir(tasks);
+    ::closedir(processes);
     return result;
 }
 
