@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A search over the entries of one directory.
+// A search over the entries of one directory, "." and ".." among them, in the system's order.
 #pragma once
 
 #include <string>
@@ -8,14 +8,11 @@ namespace platform {
 
 struct DirectorySearch;
 
-/// Finds the entries in the system's order, "." and ".." among them, except that the root of a
-/// drive may lack the two. Null when there is no such directory or nothing in it; `lastError` of
-/// file.h tells which. `name` gets the first entry's name, without its directory, in the wide form
-/// that file.h describes. The caller closes the search.
+/// Opens a search over all entries of `directory` and stores the name of the first in `name`. Null
+/// when the directory can't be listed. The search belongs to the caller, who closes it.
 DirectorySearch* findFirst(const char16_t* directory, std::u16string& name);
-/// False behind the last entry; `name` then stays as it was.
+/// False behind the last entry.
 bool findNext(DirectorySearch* search, std::u16string& name);
-/// Null is allowed.
 void findClose(DirectorySearch* search);
 
 } // namespace platform

@@ -1,25 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
-// The variables of the process environment, which child processes inherit.
-//
-// Where the environment is bytes, wide names and values are its UTF-8, with bytes that aren't
-// UTF-8 as file.h has them in file names. Nothing guards the environment: a change while another
-// thread reads it is a race.
+// The environment of the process. It is shared by all threads and guarded by nobody.
 #pragma once
 
 #include <string>
 
 namespace platform {
 
-/// The value at any length. False, and an empty `value`, when the variable isn't set; a variable
-/// may also be set to the empty text.
+/// The value of a variable, whatever its length; false, with `value` empty, when it isn't set. An
+/// empty value is a value.
 bool readEnvironment(const char16_t* name, std::u16string& value);
-
-/// The empty text is a value; null takes the variable away. False for a name that is empty or holds
-/// a "=", and when the system has no room.
+/// Sets a variable, to the empty text too.
 bool setEnvironment(const char16_t* name, const char16_t* value);
-
-/// Null when the variable isn't set. The text belongs to the platform and lasts until the calling
-/// thread's next call or any change of the variable.
+/// The narrow value, borrowed until the environment changes; null when it isn't set.
 const char* getenv(const char* name);
 
 } // namespace platform

@@ -1,132 +1,108 @@
 // SPDX-License-Identifier: Apache-2.0
-// Files by descriptor, stream and path, with the flags, share modes and mode bits of the target.
+// Files, in the vocabulary of the target system.
 //
-// Returns: descriptors are -1, streams null and the other calls -1 (0 is success) on failure;
-// `lastError` then tells why, for the calling thread, until its next call. Nothing here throws but
-// std::bad_alloc. Descriptors and streams are not passed on to child processes.
+// Wide paths are terminated UTF-16 texts, narrow ones UTF-8. Both may use either separator and the
+// form "X:\...". On a POSIX system a backslash is a slash, and "X:" is the directory that the
+// environment variable ZEL_DRIVE_X names, or else the root. Names there are bytes: what is no valid
+// UTF-8 crosses as the code units 0xDC80 to 0xDCFF, one for each such byte, and comes back the
+// same; an unpaired surrogate that stands for no byte crosses as its three-byte form.
 //
-// Paths have backslashes; slashes serve as well. Wide ones are UTF-16, narrow ones go to the system
-// byte by byte. Where the system has no drives, "X:" at the start stands for the directory that the
-// environment variable ZEL_DRIVE_X names, in the system's own form and with a capital X, and for
-// the root when there is none. Letter case is the file system's own matter.
-//
-// File names that aren't Unicode. Where the system's names are bytes, they are UTF-8, and every
-// name has exactly one wide form that leads back to it:
-// - a byte from 0x80 to 0xFF that isn't part of well-formed UTF-8 is the lone surrogate
-//   U+DC00 + byte, and a backslash byte within a name is U+DC5C;
-// - any other lone surrogate is its three-byte form (ED A0 80 to ED BF BF), unless it would form a
-//   pair with what follows; then its three bytes are lone surrogates as above.
-// Wide names that no listing can yield, such as U+DCC3 U+DCA9, are refused as `Error::other`.
-// On the target itself lone surrogates in a name pass unchanged.
-//
-// Where a system can't do a thing, this is what happens instead:
-// - POSIX: text mode changes nothing; `permissionReadWrite` gives what the user's mask allows;
-//   a temporary file stays behind when the process dies; share modes hold among users of this
-//   header and of flock, and are not enforced on file systems without such locks.
+// Unless a call says otherwise: what counts or identifies is -1 on failure, what is bool is false,
+// what is a pointer is null, and lastError() tells why. Nothing here throws.
 #pragma once
+
+#include "platform/error.h"
 
 #include <cstdint>
 #include <cstdio>
 #include <string>
+#include <string_view>
 
 namespace platform {
 
-using OpenFlags = std::int32_t;
-constexpr OpenFlags openReadOnly = 0;
-constexpr OpenFlags openWriteOnly = 0x1;
-constexpr OpenFlags openReadWrite = 0x2;
-constexpr OpenFlags openAppend = 0x8;
-constexpr OpenFlags openSequential = 0x20; ///< a hint: the file is read from front to back
-constexpr OpenFlags openTemporary = 0x40;  ///< the file goes when its descriptor is closed
-constexpr OpenFlags openCreate = 0x100;    ///< makes a missing file
-constexpr OpenFlags openTruncate = 0x200;
-constexpr OpenFlags openExclusive = 0x400; ///< with `openCreate`: an existing file is an error
-constexpr OpenFlags openText = 0x4000;
-constexpr OpenFlags openBinary = 0x8000;
+using Descriptor = std::int32_t;
 
-/// What other openers of the file may do meanwhile.
-using ShareMode = std::int32_t;
-constexpr ShareMode shareNone = 16; ///< no other opening at all, neither before nor after
-constexpr ShareMode shareAll = 64;
+/// How a file is opened; the numbers are those of the target's runtime library.
+namespace open_flag {
+inline constexpr std::int32_t readOnly = 0;
+inline constexpr std::int32_t writeOnly = 1;
+inline constexpr std::int32_t readWrite = 2;
+inline constexpr std::int32_t append = 0x8;
+inline constexpr std::int32_t sequential = 0x20; ///< read front to back, a hint
+inline constexpr std::int32_t temporary = 0x40;  ///< gone when its last descriptor is closed
+inline constexpr std::int32_t create = 0x100;
+inline constexpr std::int32_t truncate = 0x200;
+inline constexpr std::int32_t exclusive = 0x400; ///< with create: fails when the file exists
+inline constexpr std::int32_t text = 0x4000;     ///< changes nothing on a POSIX system
+inline constexpr std::int32_t binary = 0x8000;
+} // namespace open_flag
 
-/// Of a file that the call makes.
-using Permission = std::int32_t;
-constexpr Permission permissionRead = 0x100;
-constexpr Permission permissionReadWrite = 0x180;
+/// What other openings of the same file are let in.
+namespace share {
+inline constexpr std::int32_t denyReadWrite = 16; ///< none: a second opening fails as busy
+inline constexpr std::int32_t denyNone = 64;
+} // namespace share
 
-enum class Error {
-    none,
-    exists,
-    notFound, ///< also a directory of the path that is missing
-    denied,
-    busy, ///< another opener holds it
-    other,
-};
-/// Of the calling thread's last failed call of this header or of directory.h.
-Error lastError();
+inline constexpr std::int32_t readWritePermission = 0x180;
 
-/// A directory can't be opened.
-int openFile(const char16_t* path, OpenFlags flags, ShareMode share = shareAll,
-             Permission permission = permissionReadWrite);
-int openFile(const char* path, OpenFlags flags, ShareMode share = shareAll,
-             Permission permission = permissionReadWrite);
-/// Bytes read, 0 at the end, -1 on failure. A count is cut to 0x7FFFFFFF.
-std::int64_t readFile(int descriptor, void* buffer, std::int64_t countBytes);
-/// Bytes written, which is less than asked for on a full disk; -1 on failure.
-std::int64_t writeFile(int descriptor, const void* data, std::int64_t countBytes);
-/// `origin` is 0 from the start, 1 from the present place, 2 from the end. The new place from the
-/// start, or -1.
-std::int64_t seekFile(int descriptor, std::int64_t offsetBytes, int origin);
-int closeFile(int descriptor);
+Descriptor open(const char16_t* path, std::int32_t flags, std::int32_t sharing = share::denyNone,
+                std::int32_t permission = readWritePermission);
+Descriptor open(const char* path, std::int32_t flags, std::int32_t sharing = share::denyNone,
+                std::int32_t permission = readWritePermission);
+/// At most 0x7FFFFFFF bytes; the number moved, 0 at the end of a file.
+std::int64_t read(Descriptor file, void* buffer, std::uint64_t lengthBytes);
+std::int64_t write(Descriptor file, const void* buffer, std::uint64_t lengthBytes);
+/// `origin` is 0 for the beginning, 1 for the current position, 2 for the end.
+std::int64_t seek(Descriptor file, std::int64_t offset, std::int32_t origin);
+bool close(Descriptor file);
 
-/// `mode` as for fopen ("rb", "w"). Sharing is allowed. The caller closes with fclose.
+/// Modes as of fopen. The descriptor form takes the descriptor over when it succeeds.
 std::FILE* openStream(const char16_t* path, const char16_t* mode);
 std::FILE* openStream(const char* path, const char* mode);
-/// Closes `stream` in any case, as freopen does.
 std::FILE* reopenStream(const char16_t* path, const char16_t* mode, std::FILE* stream);
-/// The stream owns the descriptor from then on; on failure it stays the caller's.
-std::FILE* streamOf(int descriptor, const char* mode);
+std::FILE* streamOf(Descriptor file, const char* mode);
 
-/// `mode` is 0 for existence, 2 for writing, 4 for reading, 6 for both.
-int accessFile(const char16_t* path, int mode);
-int accessFile(const char* path, int mode);
+/// Mode 0: exists, 2: may be written, 4: may be read, 6: both. 0 for yes, -1 for no.
+std::int32_t access(const char16_t* path, std::int32_t mode);
 
-constexpr std::uint32_t modeTypeMask = 0xF000;
-constexpr std::uint32_t modeRegular = 0x8000;
-constexpr std::uint32_t modeDirectory = 0x4000;
+namespace file_mode {
+inline constexpr std::uint32_t regular = 0x8000;
+inline constexpr std::uint32_t directory = 0x4000;
+inline constexpr std::uint32_t type = 0xF000;
+} // namespace file_mode
 
 struct FileStatus {
     std::uint32_t mode = 0;
-    std::int64_t sizeBytes = 0;
-    // Seconds since the start of 1970, UTC.
-    std::int64_t accessTime = 0;
-    std::int64_t modificationTime = 0;
-    std::int64_t changeTime = 0; ///< of the state; on the target, when the file was made
-
-    bool isRegular() const { return (mode & modeTypeMask) == modeRegular; }
-    bool isDirectory() const { return (mode & modeTypeMask) == modeDirectory; }
+    std::int64_t size = 0;         ///< bytes
+    std::int64_t modifiedTime = 0; ///< seconds since 1970, as the two that follow
+    std::int64_t accessedTime = 0;
+    std::int64_t createdTime = 0; ///< of the last change of state on a POSIX system
 };
-/// `status` stays as it was on failure. Links are followed.
-int statFile(const char16_t* path, FileStatus& status);
-int statFile(const char* path, FileStatus& status);
 
-/// Removes a file, not a directory. `removeFile` and `unlinkFile` are one.
-int unlinkFile(const char16_t* path);
-int unlinkFile(const char* path);
-int removeFile(const char16_t* path);
-int removeFile(const char* path);
-/// Never replaces an existing target.
-int renameFile(const char16_t* from, const char16_t* to);
-int renameFile(const char* from, const char* to);
+/// 0, or -1 with `status` left alone.
+std::int32_t stat(const char16_t* path, FileStatus* status);
+std::int32_t stat(const char* path, FileStatus* status);
 
-int makeDirectory(const char16_t* path);
-int makeDirectory(const char* path);
-/// An empty one only.
-int removeDirectory(const char16_t* path);
-int removeDirectory(const char* path);
+/// A file or, for `remove`, an empty directory on a POSIX system. 0 or -1, as those that follow.
+std::int32_t unlink(const char16_t* path);
+std::int32_t unlink(const char* path);
+std::int32_t remove(const char16_t* path);
+std::int32_t remove(const char* path);
+/// Fails with `exists` when `to` is there already.
+std::int32_t rename(const char16_t* from, const char16_t* to);
+std::int32_t rename(const char* from, const char* to);
+std::int32_t makeDirectory(const char16_t* path);
+std::int32_t makeDirectory(const char* path);
+std::int32_t removeDirectory(const char16_t* path);
+std::int32_t removeDirectory(const char* path);
 
-/// Absolute, with backslashes, of any length; empty when it can't be told.
+/// In wide form with backslashes; empty on failure.
 std::u16string currentDirectory();
-int changeDirectory(const char16_t* path);
+
+/// A path in the library's form as programs of this system spell it: unchanged on the target,
+/// with slashes and the drive resolved on a POSIX system.
+std::u16string nativePath(std::u16string_view path);
+/// The other way: as the library spells a path of this system.
+std::u16string libraryPath(std::u16string_view path);
 
 } // namespace platform

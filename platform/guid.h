@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// New globally unique identifiers.
+// Globally unique identifiers.
 #pragma once
 
 #include <cstdint>
@@ -7,13 +7,13 @@
 namespace platform {
 
 struct Guid {
-    std::uint32_t data1 = 0;
-    std::uint16_t data2 = 0;
-    std::uint16_t data3 = 0;
-    std::uint8_t data4[8] = {};
+    std::uint32_t data1;
+    std::uint16_t data2;
+    std::uint16_t data3;
+    std::uint8_t data4[8];
 };
 
-/// A random one (version 4). False, with `guid` unchanged, when the system has none to give.
+/// A new identifier of random bits, version 4; false, with `guid` left alone, on failure.
 bool createGuid(Guid* guid);
 
 } // namespace platform

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the user has chosen for the writing of numbers.
+// What the user set up about numbers.
 #pragma once
 
 #include <string>
 
 namespace platform {
 
-/// The user's decimal separator, whatever locale the process has made its own. Most often of one
-/// unit; empty when the user's locale can't be read.
+/// The user's decimal separator, whatever locale the process is in; empty when it can't be told.
 std::u16string decimalSeparator();
 
 } // namespace platform

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// The last resort for telling the user something.
+// A last word to the user.
 #pragma once
 
 namespace platform {
 
-/// Shows a modal message with an OK button and returns when it was seen. Where there are no windows
-/// it goes to standard error, title first, and returns at once.
+/// A modal message on the target; a line on standard error elsewhere. Waits until it is read.
 void showMessage(const char16_t* title, const char16_t* text);
 
 } // namespace platform

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Loading modules at run time.
+// Loadable modules.
 #pragma once
 
 #include <string>
@@ -8,19 +8,14 @@ namespace platform {
 
 using Module = void*;
 
-/// Null on failure. A path as in file.h; without any separator it is a name that the system looks
-/// for on its own search path. A module loaded twice is one, and closed after the second close.
+/// Loads a module with all that it needs; null on failure, and moduleError() says why.
 Module loadModule(const char16_t* path);
 Module loadModule(const char* path);
-
-/// Null when the module is null or has no such entry.
+/// The address of an exported entry, or null.
 void* findEntry(Module module, const char* name);
-
-/// Null is allowed. Nothing of the module may be in use any more.
-void closeModule(Module module);
-
-/// What the system says about the calling thread's last failure here, in one line; empty when
-/// nothing failed.
+/// The module's code and statics must not be used any more.
+void unloadModule(Module module);
+/// The reason of the last failure on this thread, in the system's words.
 std::string moduleError();
 
 } // namespace platform

@@ -1,55 +1,43 @@
 // SPDX-License-Identifier: Apache-2.0
-// What programs need to know about their process, its parent and its children, and how they end.
-//
-// For programs only: these calls change settings of the whole process, which a component inside a
-// foreign host has no business with.
+// Programs as processes: stopping, watching the parent, dying with a reason. For the programs of
+// the tree; the component itself uses none of it.
 #pragma once
 
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <vector>
 
 namespace platform {
 
-/// Runs `callback` at each interrupt (Ctrl-C, SIGINT) and each request to terminate, which no
-/// longer end the process. It runs on one thread of its own, one call after the other, so it may do
-/// anything. A later call replaces the callback. Call it before other threads start.
+/// Runs `callback` on a thread of its own each time the user or the system asks this process to
+/// stop. Replaces an earlier callback. Call it once, early, before other threads start.
 void onInterrupt(std::function<void()> callback);
 
-/// Runs `callback` once, on a thread of its own, when the process that started this one has ended.
-/// Noticed within half a second.
+/// Asks each direct child process to end, or ends it by force. Returns how many there were.
+std::int32_t terminateChildren(bool force = false);
+
+std::uint32_t parentProcessId();
+bool isProcessAlive(std::uint32_t processId);
+/// Runs `callback` on a thread of its own within a quarter of a second of the parent's death.
 void onParentDeath(std::function<void()> callback);
 
-/// When the process crashes (bad memory access, arithmetic fault, abort, bad instruction), writes
-/// the line "PROGRAM: crashed (KIND): DESCRIPTION" to standard error, removes `fileToRemove` unless
-/// it is empty, and ends with `exitCode`. `describe` may be null; it runs in the signal handler, so
-/// it may only do what is safe there. The names are copied, the path at up to 4000 bytes. A stack
-/// overflow is reported on the thread that made this call only. A later call replaces it all.
-void onCrash(const char* program, const char* (*describe)(), const std::u16string& fileToRemove,
-             int exitCode);
+/// Turns a crash into one line on standard error, made of `program`, the kind of the crash and
+/// what `describe` says (which must be safe in a signal handler: return a static buffer), removes
+/// the file `unlinkPath`, unless empty, and ends the process with `exitCode`.
+void onCrash(const char* program, const char* (*describe)(), const std::string& unlinkPath,
+             std::int32_t exitCode);
 
-/// Ends the process at once: no destructors, no exit handlers, no flushing.
-[[noreturn]] void exitNow(int exitCode);
-
-/// Direct children of this process that still run.
-std::vector<std::uint32_t> childProcesses();
-/// Asks each of them to end, or ends it without asking; false when there was none.
-bool terminateChildren(bool withoutAsking = false);
-
-/// 0 when there is none that could be told.
-std::uint32_t parentProcessId();
-/// False also for one that has ended but that its parent hasn't looked after yet.
-bool processIsAlive(std::uint32_t processId);
-
-/// From here on the process gets at most that much memory (address space); what goes beyond fails
-/// as when memory is short. False when the system refuses.
+/// Limits for a worker; what goes past them is refused, or the process ends. 0 sets none.
 bool limitMemory(std::uint64_t bytes);
+bool limitProcessorTime(std::uint32_t seconds);
 
-/// Full path of the running program, with backslashes; empty when it can't be told.
+/// Ends the process at once, without destructors or exit handlers.
+[[noreturn]] void exitNow(std::int32_t exitCode);
+
+/// The path of the running program, in the library's form; empty when it can't be told.
 std::u16string executablePath();
 
-/// True when standard input is a terminal, so that somebody can be asked.
+/// Whether standard input is a terminal, so that somebody can be asked.
 bool isInputTerminal();
 
 } // namespace platform

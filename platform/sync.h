@@ -1,86 +1,71 @@
 // SPDX-License-Identifier: Apache-2.0
-// Mutexes, semaphores, events and critical sections, as the target's kernel has them.
+// Kernel objects for locking, with the behaviour of the target's.
 //
-// Kernel objects are handles. A creation that fails gives null; every call accepts null, does
-// nothing with it and reports false, so that a wait on it returns at once. All calls may come from
-// any thread; the closing of a handle is the last one on it. Waits answer true when they got what
-// they waited for and false when the time was over.
+// Waits take milliseconds; `infinite` waits without limit. Mutexes are recursive for their owner.
+// An object whose making failed is not valid, and waits on it return at once, false.
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 namespace platform {
 
-struct KernelObject;
-using Handle = KernelObject*;
+inline constexpr std::uint32_t infinite = 0xFFFFFFFF;
 
-constexpr std::uint32_t waitForever = 0xFFFFFFFF; ///< as a time
-
-/// Unowned at first. The owner may take it again, and then lets go as often. A mutex whose owner
-/// died without letting go passes to the next waiter, as if it had been let go.
-Handle createMutex();
-
-/// A mutex that all processes of this user share under one name, made if there is none yet. The
-/// name goes when its last handle, of whatever process, is closed or dies. Any characters but a
-/// backslash make a name; a name longer than about 80 characters may be refused.
-Handle createNamedMutex(const char* name);
-/// Null when no process has the mutex open.
-Handle openNamedMutex(const char* name);
-
-/// A wait takes one from its count and is over only when there is one to take.
-Handle createSemaphore(std::int32_t initialCount, std::int32_t maximumCount);
-
-/// A manual-reset event stays signalled until it is reset; an auto-reset one lets one waiter
-/// through and is then reset.
-Handle createEvent(bool manualReset, bool signalled);
-
-/// A mutex that the calling thread owns is let go.
-void closeHandle(Handle object);
-
-/// `timeoutMs` of 0 tries without waiting.
-bool waitFor(Handle object, std::uint32_t timeoutMs = waitForever);
-/// False unless the calling thread owns it.
-bool releaseMutex(Handle mutex);
-/// All or nothing: false, and nothing changed, when `count` would pass the maximum or is below 1.
-bool releaseSemaphore(Handle semaphore, std::int32_t count = 1);
-bool setEvent(Handle event);
-bool resetEvent(Handle event);
-
-/// Lets a mutex go, adds one to a semaphore or sets an event, then waits for another object. When
-/// the first part fails, false without a wait. What is signalled between the two isn't lost: all
-/// objects here keep their state.
-bool signalAndWait(Handle toSignal, Handle toWaitFor, std::uint32_t timeoutMs = waitForever);
-
-/// A lock of this process alone. Its owner may enter it again. The memory must not move.
-class CriticalSection {
+/// What can be waited for.
+class Waitable {
 public:
-    /// A negative count makes a plain one; otherwise an enterer that finds it taken tries that
-    /// often before it sleeps.
-    explicit CriticalSection(std::int32_t spinCount = -1);
-    CriticalSection(const CriticalSection&) = delete;
-    CriticalSection& operator=(const CriticalSection&) = delete;
-    ~CriticalSection();
-
-    void enter();
-    bool tryEnter();
-    void leave();
-    std::int32_t spinCount() const { return spinCount_; }
-
-private:
-    alignas(void*) unsigned char storage_[64];
-    std::int32_t spinCount_;
+    virtual ~Waitable() = default;
+    /// True when the object was obtained within the time.
+    virtual bool wait(std::uint32_t milliseconds) = 0;
+    /// Gives one unit away: a mutex is released, an event set, a semaphore raised by one.
+    virtual bool signal() = 0;
 };
 
-/// Inside for as long as it lives.
-class CriticalSectionLock {
+/// Releases `toSignal` and waits on `toWaitFor` without limit, with no gap in which a signal could
+/// be missed.
+bool signalAndWait(Waitable& toSignal, Waitable& toWaitFor);
+
+std::unique_ptr<Waitable> makeMutex();
+std::unique_ptr<Waitable> makeEvent(bool manualReset, bool signalled);
+
+/// `signal` raises by one; `raise` by several at once.
+class Semaphore : public Waitable {
 public:
-    explicit CriticalSectionLock(CriticalSection& section) : section_(section) { section_.enter(); }
-    CriticalSectionLock(const CriticalSectionLock&) = delete;
-    CriticalSectionLock& operator=(const CriticalSectionLock&) = delete;
-    ~CriticalSectionLock() { section_.leave(); }
+    virtual bool raise(std::int32_t count) = 0;
+};
+std::unique_ptr<Semaphore> makeSemaphore(std::int32_t initial, std::int32_t maximum);
+
+/// A mutex shared between processes by its name. A holder that dies gives it up. Null when it
+/// can't be made, or, for opening, isn't there.
+std::unique_ptr<Waitable> createNamedMutex(const char* name);
+std::unique_ptr<Waitable> openNamedMutex(const char* name);
+
+/// Recursive for its owner, within one process. A negative spin count is the system's default.
+class CriticalSection {
+public:
+    explicit CriticalSection(std::int32_t spinCount = -1);
+    ~CriticalSection();
+    CriticalSection(const CriticalSection&) = delete;
+    CriticalSection& operator=(const CriticalSection&) = delete;
+
+    void enter();
+    void leave();
 
 private:
-    CriticalSection& section_;
+    struct Section;
+    std::unique_ptr<Section> section;
+};
+
+class CriticalSectionLock {
+public:
+    explicit CriticalSectionLock(CriticalSection& held) : section(held) { section.enter(); }
+    ~CriticalSectionLock() { section.leave(); }
+    CriticalSectionLock(const CriticalSectionLock&) = delete;
+    CriticalSectionLock& operator=(const CriticalSectionLock&) = delete;
+
+private:
+    CriticalSection& section;
 };
 
 } // namespace platform
