@@ -7,7 +7,7 @@
 #include "zelbasictypes/files/zelpath.h"
 
 #include <cstdint>
-#include <memory>
+#include <string>
 
 /// One entry and what the platform knows about it. An entry whose state can't be read is still an
 /// entry, with `exists` false.
@@ -18,26 +18,28 @@ public:
 
     const ZelPath& path() const { return path_; }
     bool exists() const { return valid_; }
-    bool isDirectory() const;
-    bool isRegular() const;
+    bool isDirectory() const { return hasType(platform::file_mode::directory); }
+    bool isRegular() const { return hasType(platform::file_mode::regular); }
     /// In bytes; 0 when the state couldn't be read.
-    std::int64_t size() const;
+    std::int64_t size() const { return valid_ ? stat_.size : 0; }
     bool isDot() const { return isDirectoryNamed("."); }
     bool isDotDot() const { return isDirectoryNamed(".."); }
 
 private:
+    bool hasType(std::uint32_t type) const;
     bool isDirectoryNamed(const char* name) const;
 
     ZelPath path_;
-    platform::FileStatus stat_{};
+    platform::FileStatus stat_;
     bool valid_ = false;
 };
 
-/// Opens nothing until `begin`, which may be called again and then starts anew. Entries come in the
-/// order of the system.
+/// Opens nothing until `begin`, which may be called again and then starts anew; before it the walk
+/// counts as done. Entries come in the order of the system.
 class ZelDirIterator {
 public:
-    /// `directory` stays the caller's and must outlive the walk. `skipDots` leaves "." and ".." out.
+    /// `directory` stays the caller's and must outlive the walk. `skipDots` leaves "." and ".."
+    /// out.
     explicit ZelDirIterator(const KorString* directory, bool skipDots = true);
     ZelDirIterator(const ZelDirIterator&) = delete;
     ZelDirIterator& operator=(const ZelDirIterator&) = delete;
@@ -51,14 +53,15 @@ public:
 
 private:
     void close();
-    void take(const KorString& name);
-    void skip();
+    void step();
+    void take(const std::u16string& name);
+    void skipUnwanted();
 
     const KorString* directory;
     bool skipDots;
     platform::DirectorySearch* search = nullptr;
     ZelDirEntry entry_;
-    bool done = false;
+    bool done = true;
 };
 
 /// The number of entries, "." and ".." among them.

@@ -10,11 +10,11 @@
 class ZelPath : public KorString {
 public:
     ZelPath() = default;
-    explicit ZelPath(const KorString& text);
-    explicit ZelPath(const char* text);
+    explicit ZelPath(const KorString& source);
+    explicit ZelPath(const char* source);
     /// `name` below `directory`; just `name` when `directory` is empty.
     ZelPath(const KorString& directory, const KorString& name);
 
-    ZelPath& operator=(const KorString& text);
-    ZelPath& operator=(const char* text);
+    ZelPath& operator=(const KorString& source);
+    ZelPath& operator=(const char* source);
 };

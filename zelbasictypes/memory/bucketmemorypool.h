@@ -11,9 +11,9 @@
 
 class MemoryBucket;
 
-/// The classes rise in steps of `granularity` up to `linearMax` and double from there up to
-/// `bucketMax`; greater blocks are not kept. All three are in bytes. A pool belongs to its
-/// references, and the newest one becomes the process's current pool.
+/// The classes rise in steps of `granularity` up to `linearMax` (a whole number of steps, else it
+/// is rounded up) and double from there up to `bucketMax`; greater blocks are not kept. All three
+/// are in bytes. A pool belongs to its references, and the newest one becomes the current pool.
 class BucketMemoryPool : public virtual IBucketMemoryPool {
 public:
     static constexpr const char* interfaceName = "BucketMemoryPool";
@@ -32,7 +32,7 @@ public:
     const char* className() override { return interfaceName; }
 
     bool clear() override;
-    /// A `size` of 0 or less gives a block of the smallest class.
+    /// A `size` of 0 or less counts as 1.
     void* allocate(std::int32_t size, unsigned& got) override;
     bool free(std::int32_t size, void*& block) override;
     bool setCaching(bool on) override;

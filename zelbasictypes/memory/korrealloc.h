@@ -13,12 +13,12 @@
 /// block may be null.
 std::int32_t korMalloc(void** block, std::int32_t elementSize, std::int32_t count);
 
-/// Brings a block of `currentCount` elements to a count between `minCount` and `maxCount` (-1: the
-/// same as `minCount`) and returns that count. Elements added behind existing ones are zero; those
-/// of a first allocation are not cleared. A `currentCount` equal to `minCount` changes nothing.
+/// Brings a block of `curSize` elements to a count between `minNewSize` and `maxNewSize` (-1: the
+/// same as `minNewSize`) and returns that count. Elements added behind existing ones are zero;
+/// those of a first allocation are not cleared. A `curSize` equal to `minNewSize` changes nothing.
 /// Shrinking to 0 frees the block and leaves a null.
-std::int32_t korRealloc(void** block, std::int32_t elementSize, std::int32_t currentCount,
-                        std::int32_t minCount, std::int32_t maxCount = -1);
+std::int32_t korRealloc(void** block, std::int32_t elementSize, std::int32_t curSize,
+                        std::int32_t minNewSize, std::int32_t maxNewSize = -1);
 
 /// The next capacity of a growing array: `current` doubled until `needed` fits, or `needed` itself
 /// where the doubling would pass 0x40000000.

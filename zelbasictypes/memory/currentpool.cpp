@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: Apache-2.0
+// The process-wide calls on the pool, and its change from our own to the shared one.
+#include "zelbasictypes/memory/currentpool.h"
+
+#include "component/objects/countservice.h"
+#include "platform/sync.h"
+#include "zelbasictypes/memory/memoryblock.h"
+
+#include <new>
+
+namespace {
+
+constexpr std::int32_t allocationsBetweenChecks = 600;
+
+constinit CurrentPool currentPool;
+
+platform::CriticalSection& poolLock() {
+    alignas(platform::CriticalSection) static unsigned char room[sizeof(platform::CriticalSection)];
+    static auto* const lock = new (room) platform::CriticalSection;
+    return *lock;
+}
+
+/// The shared pool of the host, or null. Called without the lock, as the host may use locks of its
+/// own; an allocation that the look-up itself makes doesn't look again.
+BucketMemoryPool* findShared() {
+    static thread_local bool looking = false;
+    if (looking) return nullptr;
+    looking = true;
+    void* service = nullptr;
+    zelFindService(IBucketMemoryPool::interfaceName, &service);
+    auto* shared = zelQuery<BucketMemoryPool>(static_cast<IBucketMemoryPool*>(service));
+    looking = false;
+    return shared;
+}
+
+/// While the pool may still change, an allocation keeps the lock, so that its pool stays alive.
+void* allocateUnsettled(std::int32_t size, unsigned& got) {
+    bool lookNow = false;
+    {
+        const PoolLock hold;
+        lookNow = currentPool.isCheckDue() || !currentPool.pool();
+    }
+    BucketMemoryPool* shared = lookNow ? findShared() : nullptr;
+    const PoolLock hold;
+    if (shared) currentPool.settleOn(shared);
+    if (!currentPool.pool()) currentPool.makeProvisional();
+    void* block = currentPool.pool()->allocate(size, got);
+    currentPool.countAllocation();
+    return block;
+}
+
+} // namespace
+
+PoolLock::PoolLock() { poolLock().enter(); }
+
+PoolLock::~PoolLock() { poolLock().leave(); }
+
+CurrentPool& zelCurrentPool() { return currentPool; }
+
+void CurrentPool::publish() {
+    settled_.store(provisional_ ? nullptr : pool_, std::memory_order_release);
+}
+
+void CurrentPool::replace(BucketMemoryPool* next) {
+    BucketMemoryPool* old = pool_;
+    if (next == old) return;
+    if (next) next->addRef();
+    pool_ = next;
+    publish();
+    if (old) old->release();
+}
+
+void CurrentPool::settleOn(BucketMemoryPool* shared) {
+    if (pool_ && pool_ != shared) {
+        if (!provisional_) return;
+        shared->mergeFrom(*pool_);
+    }
+    provisional_ = false;
+    replace(shared);
+    publish();
+}
+
+void CurrentPool::makeProvisional() {
+    provisional_ = true;
+    sinceCheck_ = 0;
+    replace(new BucketMemoryPool(BucketMemoryPool::standardGranularity,
+                                 BucketMemoryPool::standardLinearMax,
+                                 BucketMemoryPool::standardBucketMax));
+}
+
+bool CurrentPool::isCheckDue() {
+    if (!provisional_ || sinceCheck_ <= allocationsBetweenChecks) return false;
+    sinceCheck_ = 0;
+    return true;
+}
+
+void* bucketAlloc(std::int32_t size, unsigned& got) {
+    BucketMemoryPool* settled = currentPool.settled();
+    return settled ? settled->allocate(size, got) : allocateUnsettled(size, got);
+}
+
+void bucketFree(std::int32_t size, void* block) {
+    if (size == 0 || !block) return;
+    if (BucketMemoryPool* settled = currentPool.settled()) {
+        settled->free(size, block);
+        return;
+    }
+    const PoolLock hold;
+    if (currentPool.pool()) {
+        currentPool.pool()->free(size, block);
+    } else {
+        zelReleaseBlock(block);
+    }
+}
+
+BucketMemoryPool* currentBucketPool() {
+    const PoolLock hold;
+    if (!currentPool.pool()) currentPool.makeProvisional();
+    return currentPool.pool();
+}
+
+bool connectSharedPool() {
+    if (currentPool.settled()) return true;
+    BucketMemoryPool* shared = findShared();
+    if (!shared) return false;
+    const PoolLock hold;
+    currentPool.settleOn(shared);
+    return true;
+}
+
+void destroyBucketPool() {
+    const PoolLock hold;
+    if (!currentPool.pool()) return;
+    currentPool.pool()->clear();
+    currentPool.replace(nullptr);
+}
