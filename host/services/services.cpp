@@ -7,6 +7,7 @@
 #include "host/services/chunkmanager.h"
 #include "host/services/errorservice.h"
 #include "host/services/macromanager.h"
+#include "host/services/memorychecker.h"
 #include "host/services/progress.h"
 #include "host/services/random.h"
 #include "host/services/renderer.h"
@@ -66,6 +67,8 @@ Services offerServices(ComponentManager& manager, const ServiceOptions& options)
     manager.offerService("IZelErrorService", new ErrorService(options.messages));
     manager.offerService("IZelAssertHandlerCB", new AssertionHandler(options.messages));
     manager.offerService("IGfxRenderer", new Renderer);
+    manager.offerService("IMemChecker",
+                         new MemoryChecker(settings.getBool("Host/Memory Checker", 0) != 0));
     manager.offerService("IZelProgress", new Progress);
     manager.offerService("IZelRandom", new Random);
     manager.offerService("IZelMManager", makeChunkManager(settings));

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: Apache-2.0
+// Whose report it is that lies beside the output.
+#include "host/run/serverreport.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace host {
+namespace {
+
+class ServerReportTest : public testing::Test {
+protected:
+    void write(const char* text, int agedSeconds = 0) {
+        QFile file(base + ".report.json");
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+        file.flush();
+        const QDateTime time = QDateTime::currentDateTime().addSecs(-agedSeconds);
+        ASSERT_TRUE(file.setFileTime(time, QFileDevice::FileModificationTime));
+    }
+    QTemporaryDir directory;
+    QString base = directory.filePath("model");
+};
+
+TEST_F(ServerReportTest, ReadsANewReport) {
+    const ServerReportFile file(base);
+    write(R"({"format":"STEP"})");
+    EXPECT_EQ(file.read()["format"], "STEP");
+}
+
+TEST_F(ServerReportTest, PassesOverOneThatWasThereBefore) {
+    write(R"({"format":"STEP"})", 60);
+    const ServerReportFile file(base);
+    EXPECT_TRUE(file.read().is_null());
+    write(R"({"format":"IGES"})");
+    EXPECT_EQ(file.read()["format"], "IGES");
+}
+
+TEST_F(ServerReportTest, TakesGarbageAndNothingForNoReport) {
+    const ServerReportFile file(base);
+    EXPECT_TRUE(file.read().is_null());
+    write(R"({"format":)");
+    EXPECT_TRUE(file.read().is_null());
+}
+
+} // namespace
+} // namespace host

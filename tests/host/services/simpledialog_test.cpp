@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: Apache-2.0
+// How the dialog answers, with and without somebody at the terminal.
+#include "host/services/simpledialog.h"
+
+#include "tests/host/hosttest.h"
+
+#include <sstream>
+
+namespace host {
+namespace {
+
+class SimpleDialogTest : public HostTest {
+protected:
+    std::int32_t ask(std::optional<bool> answer, std::istream* terminal) {
+        const IPtr<SimpleDialog> dialog(new SimpleDialog(answer, terminal, out));
+        return dialog->show(3, text("Go on?"), text(" "), false, false, false);
+    }
+    std::ostringstream out;
+};
+
+TEST_F(SimpleDialogTest, TakesTheAnswerGivenBeforehandAndAsksNobody) {
+    std::istringstream terminal("yes\n");
+    EXPECT_EQ(ask(true, nullptr), 1);
+    EXPECT_EQ(ask(false, &terminal), 0);
+    EXPECT_EQ(out.str(), "");
+}
+
+TEST_F(SimpleDialogTest, DeclinesWithoutATerminal) { EXPECT_EQ(ask({}, nullptr), 0); }
+
+TEST_F(SimpleDialogTest, AsksTheTerminal) {
+    const std::pair<const char*, std::int32_t> lines[] = {
+        {"y\n", 1}, {" YES \n", 1}, {"yes", 1}, {"n\n", 0}, {"\n", 0}, {"", 0}, {"yesterday\n", 0}};
+    for (const auto& [line, expected] : lines) {
+        std::istringstream terminal(line);
+        EXPECT_EQ(ask({}, &terminal), expected) << line;
+    }
+    EXPECT_EQ(out.str().substr(0, 13), "Go on? [y/N] ");
+}
+
+TEST_F(SimpleDialogTest, PrintsAndKeepsNotices) {
+    const IPtr<SimpleDialog> dialog(new SimpleDialog({}, nullptr, out));
+    dialog->show(1, text("It fa\xC3\xAFled"), text(" "), false, false, false);
+    EXPECT_EQ(out.str(), "It fa\xC3\xAFled\n");
+    EXPECT_EQ(dialog->notices(), std::vector<std::string>{"It fa\xC3\xAFled"});
+}
+
+} // namespace
+} // namespace host
