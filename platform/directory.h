@@ -8,11 +8,14 @@ namespace platform {
 
 struct DirectorySearch;
 
-/// Opens a search over all entries of `directory` and stores the name of the first in `name`. Null
-/// when the directory can't be listed. The search belongs to the caller, who closes it.
+/// Opens a search over all entries of `directory` and stores the name of the first in `name`, in
+/// the wide form that file.h describes. An empty directory text is the root, as a drive's "X:" is
+/// that drive's. Null when the directory can't be listed, and lastError() says why. The search
+/// belongs to the caller, who closes it.
 DirectorySearch* findFirst(const char16_t* directory, std::u16string& name);
-/// False behind the last entry.
+/// False behind the last entry, with `name` left alone.
 bool findNext(DirectorySearch* search, std::u16string& name);
+/// Null is allowed.
 void findClose(DirectorySearch* search);
 
 } // namespace platform

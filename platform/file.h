@@ -3,12 +3,23 @@
 //
 // Wide paths are terminated UTF-16 texts, narrow ones UTF-8. Both may use either separator and the
 // form "X:\...". On a POSIX system a backslash is a slash, and "X:" is the directory that the
-// environment variable ZEL_DRIVE_X names, or else the root. Names there are bytes: what is no valid
-// UTF-8 crosses as the code units 0xDC80 to 0xDCFF, one for each such byte, and comes back the
-// same; an unpaired surrogate that stands for no byte crosses as its three-byte form.
+// environment variable ZEL_DRIVE_X names, or else the root.
+//
+// Names there are bytes, UTF-8 as a rule, and every name has one wide form that leads back to it:
+// - a byte that is no part of valid UTF-8 crosses as one of the code units 0xDC80 to 0xDCFF, and a
+//   backslash within a name as 0xDC5C;
+// - any other unpaired surrogate crosses as its three-byte form, ED A0 80 to ED BF BF, except where
+//   two such forms would make a pair: then the first crosses byte by byte.
+// So a wide name comes back as it was made, unless a run of 0xDC80 to 0xDCFF in it spells valid
+// UTF-8, which no listing yields: it is another spelling of the name in plain UTF-8.
 //
 // Unless a call says otherwise: what counts or identifies is -1 on failure, what is bool is false,
-// what is a pointer is null, and lastError() tells why. Nothing here throws.
+// what is a pointer is null, and lastError() tells why. Nothing here throws but std::bad_alloc.
+// Descriptors and streams are not passed on to child processes.
+//
+// Facts of POSIX systems: the text flag changes nothing; a share mode holds among the users of this
+// header, and not on a file system that has no locks; an open file can be unlinked and renamed; a
+// temporary file is left behind by a process that dies.
 #pragma once
 
 #include "platform/error.h"
@@ -29,11 +40,11 @@ inline constexpr std::int32_t writeOnly = 1;
 inline constexpr std::int32_t readWrite = 2;
 inline constexpr std::int32_t append = 0x8;
 inline constexpr std::int32_t sequential = 0x20; ///< read front to back, a hint
-inline constexpr std::int32_t temporary = 0x40;  ///< gone when its last descriptor is closed
+inline constexpr std::int32_t temporary = 0x40;  ///< gone when its descriptor is closed
 inline constexpr std::int32_t create = 0x100;
 inline constexpr std::int32_t truncate = 0x200;
 inline constexpr std::int32_t exclusive = 0x400; ///< with create: fails when the file exists
-inline constexpr std::int32_t text = 0x4000;     ///< changes nothing on a POSIX system
+inline constexpr std::int32_t text = 0x4000;
 inline constexpr std::int32_t binary = 0x8000;
 } // namespace open_flag
 
@@ -43,20 +54,26 @@ inline constexpr std::int32_t denyReadWrite = 16; ///< none: a second opening fa
 inline constexpr std::int32_t denyNone = 64;
 } // namespace share
 
+/// Of a file that is made. Who else may use it is up to the user's own settings.
+inline constexpr std::int32_t readPermission = 0x100;
 inline constexpr std::int32_t readWritePermission = 0x180;
 
+/// A directory is denied.
 Descriptor open(const char16_t* path, std::int32_t flags, std::int32_t sharing = share::denyNone,
                 std::int32_t permission = readWritePermission);
 Descriptor open(const char* path, std::int32_t flags, std::int32_t sharing = share::denyNone,
                 std::int32_t permission = readWritePermission);
-/// At most 0x7FFFFFFF bytes; the number moved, 0 at the end of a file.
+/// At most 0x7FFFFFFF bytes; the number moved, 0 at the end of a file, and less than asked for when
+/// the disk gets full.
 std::int64_t read(Descriptor file, void* buffer, std::uint64_t lengthBytes);
 std::int64_t write(Descriptor file, const void* buffer, std::uint64_t lengthBytes);
 /// `origin` is 0 for the beginning, 1 for the current position, 2 for the end.
 std::int64_t seek(Descriptor file, std::int64_t offset, std::int32_t origin);
 bool close(Descriptor file);
 
-/// Modes as of fopen. The descriptor form takes the descriptor over when it succeeds.
+/// Modes as of fopen; others may open the file too, but nobody who denies that. `reopenStream`
+/// closes `stream` in any case. `streamOf` takes the descriptor over when it succeeds; a temporary
+/// file loses its name then.
 std::FILE* openStream(const char16_t* path, const char16_t* mode);
 std::FILE* openStream(const char* path, const char* mode);
 std::FILE* reopenStream(const char16_t* path, const char16_t* mode, std::FILE* stream);
@@ -64,6 +81,7 @@ std::FILE* streamOf(Descriptor file, const char* mode);
 
 /// Mode 0: exists, 2: may be written, 4: may be read, 6: both. 0 for yes, -1 for no.
 std::int32_t access(const char16_t* path, std::int32_t mode);
+std::int32_t access(const char* path, std::int32_t mode);
 
 namespace file_mode {
 inline constexpr std::uint32_t regular = 0x8000;
@@ -79,11 +97,11 @@ struct FileStatus {
     std::int64_t createdTime = 0; ///< of the last change of state on a POSIX system
 };
 
-/// 0, or -1 with `status` left alone.
+/// 0, or -1 with `status` left alone. Links are followed.
 std::int32_t stat(const char16_t* path, FileStatus* status);
 std::int32_t stat(const char* path, FileStatus* status);
 
-/// A file or, for `remove`, an empty directory on a POSIX system. 0 or -1, as those that follow.
+/// A file, not a directory; `remove` is the same. 0 or -1, as those that follow.
 std::int32_t unlink(const char16_t* path);
 std::int32_t unlink(const char* path);
 std::int32_t remove(const char16_t* path);
@@ -96,8 +114,9 @@ std::int32_t makeDirectory(const char* path);
 std::int32_t removeDirectory(const char16_t* path);
 std::int32_t removeDirectory(const char* path);
 
-/// In wide form with backslashes; empty on failure.
+/// In wide form with backslashes, of any length; empty on failure.
 std::u16string currentDirectory();
+std::int32_t changeDirectory(const char16_t* path);
 
 /// A path in the library's form as programs of this system spell it: unchanged on the target,
 /// with slashes and the drive resolved on a POSIX system.

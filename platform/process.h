@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace platform {
 
@@ -13,17 +14,21 @@ namespace platform {
 /// stop. Replaces an earlier callback. Call it once, early, before other threads start.
 void onInterrupt(std::function<void()> callback);
 
+/// Direct children that still run.
+std::vector<std::uint32_t> childProcesses();
 /// Asks each direct child process to end, or ends it by force. Returns how many there were.
 std::int32_t terminateChildren(bool force = false);
 
 std::uint32_t parentProcessId();
+/// False also for one that has ended and that its parent hasn't collected yet.
 bool isProcessAlive(std::uint32_t processId);
 /// Runs `callback` on a thread of its own within a quarter of a second of the parent's death.
 void onParentDeath(std::function<void()> callback);
 
-/// Turns a crash into one line on standard error, made of `program`, the kind of the crash and
-/// what `describe` says (which must be safe in a signal handler: return a static buffer), removes
-/// the file `unlinkPath`, unless empty, and ends the process with `exitCode`.
+/// Turns a crash into the one line "PROGRAM: crashed (KIND) while DESCRIPTION" on standard error,
+/// removes the file `unlinkPath`, unless empty, and ends the process with `exitCode`. `describe`
+/// may be null; it runs in the signal handler, so it may only do what is safe there. The texts are
+/// copied. An overflow of the stack is told of the calling thread only. A later call replaces all.
 void onCrash(const char* program, const char* (*describe)(), const std::string& unlinkPath,
              std::int32_t exitCode);
 

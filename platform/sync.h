@@ -26,22 +26,32 @@ public:
 /// be missed.
 bool signalAndWait(Waitable& toSignal, Waitable& toWaitFor);
 
+/// A thread doesn't end while it holds one.
 std::unique_ptr<Waitable> makeMutex();
-std::unique_ptr<Waitable> makeEvent(bool manualReset, bool signalled);
 
-/// `signal` raises by one; `raise` by several at once.
+/// A manual-reset event stays set until `reset`; the other kind lets one waiter through.
+class Event : public Waitable {
+public:
+    virtual void reset() = 0;
+};
+std::unique_ptr<Event> makeEvent(bool manualReset, bool signalled);
+
+/// `signal` raises by one; `raise` by several at once. Nothing is raised when that would pass the
+/// maximum or `count` is below 1, and the answer is false.
 class Semaphore : public Waitable {
 public:
     virtual bool raise(std::int32_t count) = 0;
 };
 std::unique_ptr<Semaphore> makeSemaphore(std::int32_t initial, std::int32_t maximum);
 
-/// A mutex shared between processes by its name. A holder that dies gives it up. Null when it
-/// can't be made, or, for opening, isn't there.
+/// A mutex that the processes of one user share by its name. A holder that dies gives it up, and so
+/// does one that destroys the object. The name is there as long as somebody has it open. Null when
+/// it can't be made, or, for opening, isn't there.
 std::unique_ptr<Waitable> createNamedMutex(const char* name);
 std::unique_ptr<Waitable> openNamedMutex(const char* name);
 
-/// Recursive for its owner, within one process. A negative spin count is the system's default.
+/// Recursive for its owner, within one process. A negative spin count is the system's default; with
+/// another one, who finds it taken tries that often before it sleeps.
 class CriticalSection {
 public:
     explicit CriticalSection(std::int32_t spinCount = -1);
@@ -51,9 +61,11 @@ public:
 
     void enter();
     void leave();
+    std::int32_t spinCount() const { return spins; }
 
 private:
     struct Section;
+    std::int32_t spins;
     std::unique_ptr<Section> section;
 };
 

@@ -13,7 +13,7 @@ struct DirectorySearch {
 };
 
 DirectorySearch* findFirst(const char16_t* directory, std::u16string& name) {
-    DIR* handle = ::opendir(systemPath(directory).c_str());
+    DIR* handle = ::opendir((systemPath(directory) + '/').c_str());
     if (!handle) return nullptr;
     auto* search = new DirectorySearch{handle};
     if (findNext(search, name)) return search;
@@ -24,11 +24,12 @@ DirectorySearch* findFirst(const char16_t* directory, std::u16string& name) {
 bool findNext(DirectorySearch* search, std::u16string& name) {
     const dirent* entry = ::readdir(search->handle);
     if (!entry) return false;
-    name = unitsOf(entry->d_name);
+    name = unitsOfPath(entry->d_name);
     return true;
 }
 
 void findClose(DirectorySearch* search) {
+    if (!search) return;
     ::closedir(search->handle);
     delete search;
 }

@@ -17,7 +17,9 @@ bool readEnvironment(const char16_t* name, std::u16string& value) {
 }
 
 bool setEnvironment(const char16_t* name, const char16_t* value) {
-    return ::setenv(bytesOf(name).c_str(), bytesOf(value).c_str(), 1) == 0;
+    const std::string bytes = bytesOf(name);
+    if (!value) return ::unsetenv(bytes.c_str()) == 0;
+    return ::setenv(bytes.c_str(), bytesOf(value).c_str(), 1) == 0;
 }
 
 const char* getenv(const char* name) { return std::getenv(name); }

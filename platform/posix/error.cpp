@@ -19,6 +19,7 @@ Error lastError() {
     case EACCES:
     case EPERM:
     case EROFS:
+    case EISDIR:
         return Error::denied;
     case EBUSY:
     case EWOULDBLOCK:
@@ -30,7 +31,6 @@ Error lastError() {
         return Error::noSpace;
     case EINVAL:
     case EBADF:
-    case EISDIR:
     case ENAMETOOLONG:
         return Error::invalid;
     default:

@@ -15,8 +15,14 @@ Module load(const std::string& path) { return ::dlopen(path.c_str(), RTLD_NOW | 
 
 Module loadModule(const char16_t* path) { return load(systemPath(path)); }
 Module loadModule(const char* path) { return load(systemPath(path)); }
-void* findEntry(Module module, const char* name) { return ::dlsym(module, name); }
-void unloadModule(Module module) { ::dlclose(module); }
+
+void* findEntry(Module module, const char* name) {
+    return module ? ::dlsym(module, name) : nullptr;
+}
+
+void unloadModule(Module module) {
+    if (module) ::dlclose(module);
+}
 
 std::string moduleError() {
     const char* text = ::dlerror();

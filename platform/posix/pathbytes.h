@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Paths as the bytes of this system, and names back as the code units of the library.
+// Texts and paths as the bytes of this system, and names back as the code units of the library.
 #pragma once
 
 #include <string>
@@ -7,14 +7,17 @@
 
 namespace platform {
 
-/// UTF-16 to the bytes of a path: surrogate pairs are joined, U+DC80 to U+DCFF give the byte that
-/// they stand for, other lone surrogates their three-byte form.
+/// UTF-16 to UTF-8: surrogate pairs are joined, units that stand for a byte (0xDC5C, 0xDC80 to
+/// 0xDCFF) give it, other lone surrogates their three-byte form.
 std::string bytesOf(std::u16string_view units);
-/// The other way; each byte that is no part of valid UTF-8 becomes U+DC80 to U+DCFF.
+/// The other way, for texts that aren't names: a backslash stays one.
 std::u16string unitsOf(std::string_view bytes);
+/// The other way for a name of the file system or a path of it: a backslash, which belongs to a
+/// name here, becomes 0xDC5C, and slashes become backslashes.
+std::u16string unitsOfPath(std::string_view path);
 
 /// A path of the library as this system spells it: slashes, and "X:" resolved.
-std::string systemPath(const char16_t* path);
+std::string systemPath(std::u16string_view path);
 std::string systemPath(const char* path);
 
 } // namespace platform

@@ -3,7 +3,6 @@
 // to release one and wait for another is a single step, as the target promises.
 #include "platform/sync.h"
 
-#include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
@@ -87,9 +86,14 @@ class Mutex : public Local<Waitable> {
     std::uint32_t depth = 0;
 };
 
-class Event : public Local<Waitable> {
+class KernelEvent : public Local<Event> {
 public:
-    Event(bool staysSet, bool startsSet) : manual(staysSet), set(startsSet) {}
+    KernelEvent(bool staysSet, bool startsSet) : manual(staysSet), set(startsSet) {}
+
+    void reset() override {
+        const std::lock_guard hold(kernelLock());
+        set = false;
+    }
 
 private:
     bool tryTake() override {
@@ -143,8 +147,8 @@ bool signalAndWait(Waitable& toSignal, Waitable& toWaitFor) {
 
 std::unique_ptr<Waitable> makeMutex() { return std::make_unique<Mutex>(); }
 
-std::unique_ptr<Waitable> makeEvent(bool manualReset, bool signalled) {
-    return std::make_unique<Event>(manualReset, signalled);
+std::unique_ptr<Event> makeEvent(bool manualReset, bool signalled) {
+    return std::make_unique<KernelEvent>(manualReset, signalled);
 }
 
 std::unique_ptr<Semaphore> makeSemaphore(std::int32_t initial, std::int32_t maximum) {
@@ -154,17 +158,15 @@ std::unique_ptr<Semaphore> makeSemaphore(std::int32_t initial, std::int32_t maxi
 
 struct CriticalSection::Section {
     std::recursive_mutex lock;
-    std::int32_t spins;
 };
 
-CriticalSection::CriticalSection(std::int32_t spinCount) : section(new Section) {
-    section->spins = std::max(spinCount, 0);
-}
+CriticalSection::CriticalSection(std::int32_t spinCount)
+    : spins(spinCount), section(std::make_unique<Section>()) {}
 
 CriticalSection::~CriticalSection() = default;
 
 void CriticalSection::enter() {
-    for (std::int32_t turn = 0; turn < section->spins; ++turn) {
+    for (std::int32_t turn = 0; turn < spins; ++turn) {
         if (section->lock.try_lock()) return;
     }
     section->lock.lock();

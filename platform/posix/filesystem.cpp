@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: Apache-2.0
+// What is done to files and directories by their path.
+#include "platform/file.h"
+
+#include "platform/posix/pathbytes.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace platform {
+namespace {
+
+std::int32_t accessSystem(const std::string& path, std::int32_t mode) {
+    static_assert(R_OK == 4 && W_OK == 2 && F_OK == 0);
+    return ::access(path.c_str(), mode & (R_OK | W_OK));
+}
+
+std::int32_t statSystem(const std::string& path, FileStatus* status) {
+    static_assert(S_IFREG == file_mode::regular && S_IFDIR == file_mode::directory);
+    struct ::stat record {};
+    if (::stat(path.c_str(), &record) != 0) return -1;
+    status->mode = record.st_mode;
+    status->size = record.st_size;
+    status->modifiedTime = record.st_mtime;
+    status->accessedTime = record.st_atime;
+    status->createdTime = record.st_ctime;
+    return 0;
+}
+
+bool exists(const std::string& path) {
+    struct ::stat record {};
+    return ::lstat(path.c_str(), &record) == 0;
+}
+
+/// For file systems that can't refuse to replace in one step.
+std::int32_t renameChecked(const std::string& from, const std::string& to) {
+    if (!exists(to)) return ::rename(from.c_str(), to.c_str());
+    errno = exists(from) ? EEXIST : ENOENT;
+    return -1;
+}
+
+std::int32_t renameSystem(const std::string& from, const std::string& to) {
+    if (from == to) return ::rename(from.c_str(), to.c_str());
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
+    return errno == EINVAL || errno == ENOSYS ? renameChecked(from, to) : -1;
+}
+
+} // namespace
+
+std::int32_t access(const char16_t* path, std::int32_t mode) {
+    return accessSystem(systemPath(path), mode);
+}
+
+std::int32_t access(const char* path, std::int32_t mode) {
+    return accessSystem(systemPath(path), mode);
+}
+
+std::int32_t stat(const char16_t* path, FileStatus* status) {
+    return statSystem(systemPath(path), status);
+}
+
+std::int32_t stat(const char* path, FileStatus* status) {
+    return statSystem(systemPath(path), status);
+}
+
+std::int32_t unlink(const char16_t* path) { return ::unlink(systemPath(path).c_str()); }
+std::int32_t unlink(const char* path) { return ::unlink(systemPath(path).c_str()); }
+std::int32_t remove(const char16_t* path) { return unlink(path); }
+std::int32_t remove(const char* path) { return unlink(path); }
+
+std::int32_t rename(const char16_t* from, const char16_t* to) {
+    return renameSystem(systemPath(from), systemPath(to));
+}
+
+std::int32_t rename(const char* from, const char* to) {
+    return renameSystem(systemPath(from), systemPath(to));
+}
+
+std::int32_t makeDirectory(const char16_t* path) { return ::mkdir(systemPath(path).c_str(), 0777); }
+std::int32_t makeDirectory(const char* path) { return ::mkdir(systemPath(path).c_str(), 0777); }
+std::int32_t removeDirectory(const char16_t* path) { return ::rmdir(systemPath(path).c_str()); }
+std::int32_t removeDirectory(const char* path) { return ::rmdir(systemPath(path).c_str()); }
+
+std::u16string currentDirectory() {
+    char* directory = ::getcwd(nullptr, 0);
+    if (!directory) return {};
+    std::u16string result = unitsOfPath(directory);
+    std::free(directory);
+    return result;
+}
+
+std::int32_t changeDirectory(const char16_t* path) { return ::chdir(systemPath(path).c_str()); }
+
+} // namespace platform

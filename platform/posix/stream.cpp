@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: Apache-2.0
+// Streams of the runtime library, opened as descriptors are, so that share modes hold for them.
+#include "platform/posix/openfile.h"
+#include "platform/posix/pathbytes.h"
+#include "platform/posix/temporaryfiles.h"
+
+#include <cerrno>
+#include <string_view>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace platform {
+namespace {
+
+/// -1 for a mode that isn't one.
+std::int32_t flagsOf(std::string_view mode) {
+    const bool both = mode.find('+') != mode.npos;
+    const std::int32_t writing = both ? open_flag::readWrite : open_flag::writeOnly;
+    switch (mode.empty() ? ' ' : mode[0]) {
+    case 'r':
+        return both ? open_flag::readWrite : open_flag::readOnly;
+    case 'w':
+        return writing | open_flag::create | open_flag::truncate;
+    case 'a':
+        return writing | open_flag::create | open_flag::append;
+    default:
+        return -1;
+    }
+}
+
+Descriptor openFor(const std::string& path, const char* mode) {
+    const std::int32_t flags = flagsOf(mode);
+    if (flags >= 0) return openSystem(path, flags, share::denyNone, readWritePermission);
+    errno = EINVAL;
+    return -1;
+}
+
+/// What the runtime library understands: one letter and perhaps the plus.
+std::string systemMode(std::string_view mode) {
+    std::string result(mode.substr(0, 1));
+    if (mode.find('+') != mode.npos) result += '+';
+    return result + 'e';
+}
+
+std::FILE* openPath(const std::string& path, const char* mode) {
+    const Descriptor file = openFor(path, mode);
+    if (file < 0) return nullptr;
+    std::FILE* stream = ::fdopen(file, systemMode(mode).c_str());
+    if (!stream) ::close(file);
+    return stream;
+}
+
+/// A first opening of the new file gets the lock and keeps it until the stream has its own.
+std::FILE* reopenPath(const std::string& path, const char* mode, std::FILE* stream) {
+    const Descriptor file = openFor(path, mode);
+    if (file < 0) {
+        const int reason = errno;
+        std::fclose(stream);
+        errno = reason;
+        return nullptr;
+    }
+    std::FILE* result = std::freopen(path.c_str(), systemMode(mode).c_str(), stream);
+    if (result) ::flock(::fileno(result), LOCK_SH | LOCK_NB);
+    ::close(file);
+    return result;
+}
+
+} // namespace
+
+std::FILE* openStream(const char16_t* path, const char16_t* mode) {
+    return openPath(systemPath(path), bytesOf(mode).c_str());
+}
+
+std::FILE* openStream(const char* path, const char* mode) {
+    return openPath(systemPath(path), mode);
+}
+
+std::FILE* reopenStream(const char16_t* path, const char16_t* mode, std::FILE* stream) {
+    return reopenPath(systemPath(path), bytesOf(mode).c_str(), stream);
+}
+
+std::FILE* streamOf(Descriptor file, const char* mode) {
+    std::FILE* stream = ::fdopen(file, systemMode(mode).c_str());
+    if (stream) unlinkTemporary(file);
+    return stream;
+}
+
+} // namespace platform
