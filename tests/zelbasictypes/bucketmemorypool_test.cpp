@@ -1,0 +1,248 @@
+// SPDX-License-Identifier: Apache-2.0
+// The size classes of the pool, and the process's change to the shared pool.
+#include "zelbasictypes/memory/bucketmemorypool.h"
+
+#include "component/objects/iptr.h"
+#include "tests/zelbasictypes/fakehost.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <random>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace {
+
+constexpr std::int32_t firstLookUps = 601;
+
+BucketMemoryPool* standardPool() {
+    return new BucketMemoryPool(BucketMemoryPool::standardGranularity,
+                                BucketMemoryPool::standardLinearMax,
+                                BucketMemoryPool::standardBucketMax);
+}
+
+class Pool : public testing::Test {
+protected:
+    ~Pool() override {
+        destroyBucketPool();
+        fakehost::withdrawAll();
+    }
+
+    void* take(std::int32_t size) { return pool->allocate(size, got); }
+    /// Gives a block of the size asked for last back.
+    void give(void* block) { EXPECT_TRUE(pool->free(static_cast<std::int32_t>(got), block)); }
+
+    IPtr<BucketMemoryPool> pool{standardPool()};
+    unsigned got = 0;
+};
+
+class ProcessPool : public testing::Test {
+protected:
+    ProcessPool() { destroyBucketPool(); }
+    ~ProcessPool() override {
+        destroyBucketPool();
+        fakehost::withdrawAll();
+    }
+
+    /// Allocates and frees `times` blocks.
+    static void churn(std::int32_t times) {
+        for (std::int32_t i = 0; i < times; ++i) {
+            unsigned got = 0;
+            void* block = bucketAlloc(16, got);
+            bucketFree(static_cast<std::int32_t>(got), block);
+        }
+    }
+    /// A pool made elsewhere: it doesn't stay the current one of this process.
+    static BucketMemoryPool* foreignPool() {
+        IPtr<BucketMemoryPool> own(currentBucketPool());
+        auto* foreign = standardPool();
+        foreign->addRef();
+        destroyBucketPool();
+        return foreign;
+    }
+};
+
+} // namespace
+
+TEST_F(Pool, AnswersWithTheSizeOfTheClass) {
+    const std::pair<std::int32_t, unsigned> cases[] = {
+        {-3, 4},          {0, 4},
+        {1, 4},           {4, 4},
+        {5, 8},           {8191, 8192},
+        {8192, 8192},     {8193, 16384},
+        {16384, 16384},   {16385, 32768},
+        {131073, 262144}, {262144, 262144},
+        {262145, 262145}, {1000001, 1000001},
+    };
+    for (const auto& [size, expected] : cases) {
+        void* block = take(size);
+        EXPECT_EQ(got, expected) << size;
+        std::memset(block, 0xA5, got);
+        give(block);
+    }
+}
+
+TEST_F(Pool, ReusesTheBlockFreedLastWithinAClassOnly) {
+    void* first = take(1);
+    void* second = take(4);
+    void* other = take(5);
+    pool->free(8, other);
+    void* kept[] = {first, second};
+    pool->free(4, first);
+    pool->free(4, second);
+    EXPECT_EQ(first, nullptr);
+    EXPECT_EQ(take(3), kept[1]);
+    EXPECT_EQ(take(2), kept[0]);
+    for (void* block : kept) pool->free(4, block);
+}
+
+TEST_F(Pool, RefusesNoBlockAndNoSize) {
+    void* none = nullptr;
+    EXPECT_FALSE(pool->free(4, none));
+    void* block = take(4);
+    EXPECT_FALSE(pool->free(0, block));
+    EXPECT_NE(block, nullptr);
+    give(block);
+}
+
+TEST_F(Pool, WithoutCachingGivesBlocksStraightBack) {
+    void* cachedClass = take(5);
+    EXPECT_TRUE(pool->setCaching(false));
+    EXPECT_TRUE(pool->setCaching(false));
+    pool->free(8, cachedClass);
+    void* exact = take(5);
+    EXPECT_EQ(got, 5U);
+    EXPECT_TRUE(pool->setCaching(true));
+    EXPECT_TRUE(pool->setCaching(true));
+    // A block of that time fits its class when it is reused.
+    void* same = exact;
+    give(exact);
+    void* reused = take(8);
+    EXPECT_EQ(reused, same);
+    std::memset(reused, 0x5A, 8);
+    give(reused);
+}
+
+TEST_F(Pool, HandsItsBlocksToANewPoolOfTheSameClassesOnly) {
+    void* block = take(100);
+    void* same = block;
+    give(block);
+    IPtr<BucketMemoryPool> coarse(new BucketMemoryPool(16, 1024, 4096));
+    EXPECT_EQ(currentBucketPool(), coarse.iface);
+    void* fresh = coarse->allocate(100, got);
+    EXPECT_EQ(got, 112U);
+    EXPECT_NE(fresh, same);
+    coarse->free(112, fresh);
+
+    block = take(100);
+    EXPECT_EQ(block, same);
+    give(block);
+    IPtr<BucketMemoryPool> again(pool.iface);
+    destroyBucketPool();
+    unsigned size = 0;
+    IPtr<BucketMemoryPool> older(standardPool());
+    void* other = older->allocate(100, size);
+    void* kept = other;
+    older->free(100, other);
+    IPtr<BucketMemoryPool> newer(standardPool());
+    EXPECT_EQ(newer->allocate(100, size), kept);
+    newer->free(100, kept);
+}
+
+TEST_F(Pool, AnswersForItsClassAndItsInterfaces) {
+    EXPECT_EQ(zelQuery<BucketMemoryPool>(pool.iface), pool.iface);
+    EXPECT_EQ(zelQuery<IBucketMemoryPool>(pool.iface), pool.iface);
+    EXPECT_EQ(zelQuery<IZelUnknown>(pool.iface), pool.iface);
+    void* found = &found;
+    pool->qi("IDataStore", &found);
+    EXPECT_EQ(found, nullptr);
+}
+
+TEST_F(ProcessPool, LooksForTheSharedPoolAtTheFirstAllocationAndEvery601) {
+    churn(firstLookUps);
+    EXPECT_EQ(fakehost::lookUps("IBucketMemoryPool"), 1);
+    churn(1);
+    EXPECT_EQ(fakehost::lookUps("IBucketMemoryPool"), 2);
+    churn(firstLookUps - 1);
+    EXPECT_EQ(fakehost::lookUps("IBucketMemoryPool"), 2);
+    churn(1);
+    EXPECT_EQ(fakehost::lookUps("IBucketMemoryPool"), 3);
+}
+
+TEST_F(ProcessPool, HandsItsBlocksToTheSharedPoolOnceThatIsThere) {
+    BucketMemoryPool* shared = foreignPool();
+    unsigned got = 0;
+    void* block = bucketAlloc(3000, got);
+    void* kept = block;
+    bucketFree(static_cast<std::int32_t>(got), block);
+    churn(firstLookUps - 1);
+    fakehost::offer<IBucketMemoryPool>(shared);
+    EXPECT_NE(currentBucketPool(), shared);
+
+    churn(1);
+    EXPECT_EQ(currentBucketPool(), shared);
+    EXPECT_EQ(shared->refCount(), 2);
+    EXPECT_EQ(shared->allocate(3000, got), kept);
+    EXPECT_TRUE(shared->free(3000, kept));
+    const int before = fakehost::lookUps("IBucketMemoryPool");
+    churn(2 * firstLookUps);
+    EXPECT_EQ(fakehost::lookUps("IBucketMemoryPool"), before);
+    destroyBucketPool();
+    shared->release();
+}
+
+TEST_F(ProcessPool, ConnectsToTheSharedPoolOnRequest) {
+    BucketMemoryPool* shared = foreignPool();
+    EXPECT_FALSE(connectSharedPool());
+    churn(1);
+    EXPECT_FALSE(connectSharedPool());
+    fakehost::offer<IBucketMemoryPool>(shared);
+    EXPECT_TRUE(connectSharedPool());
+    EXPECT_EQ(currentBucketPool(), shared);
+    EXPECT_TRUE(connectSharedPool());
+    destroyBucketPool();
+    shared->release();
+}
+
+TEST_F(ProcessPool, BlocksOutliveTheirPool) {
+    unsigned got = 0;
+    void* block = bucketAlloc(40, got);
+    std::memset(block, 1, got);
+    destroyBucketPool();
+    std::memset(block, 2, got);
+    bucketFree(static_cast<std::int32_t>(got), block);
+    bucketFree(static_cast<std::int32_t>(got), nullptr);
+}
+
+TEST_F(ProcessPool, ServesSeveralThreadsWhileTheSharedPoolTurnsUp) {
+    BucketMemoryPool* shared = foreignPool();
+    const auto work = [shared](unsigned seed) {
+        std::mt19937 random(seed);
+        std::vector<std::pair<std::int32_t, unsigned char*>> held;
+        for (int i = 0; i < 4000; ++i) {
+            if (seed == 1 && i == 1000) fakehost::offer<IBucketMemoryPool>(shared);
+            if (held.size() < 50 || random() % 2) {
+                unsigned got = 0;
+                void* block = bucketAlloc(static_cast<std::int32_t>(random() % 300 + 1), got);
+                std::memset(block, static_cast<int>(seed), got);
+                held.emplace_back(static_cast<std::int32_t>(got),
+                                  static_cast<unsigned char*>(block));
+            } else {
+                auto [size, block] = held.back();
+                held.pop_back();
+                for (std::int32_t k = 0; k < size; ++k) ASSERT_EQ(block[k], seed);
+                bucketFree(size, block);
+            }
+        }
+        for (auto& [size, block] : held) bucketFree(size, block);
+    };
+    std::thread one(work, 1);
+    std::thread two(work, 2);
+    one.join();
+    two.join();
+    EXPECT_EQ(currentBucketPool(), shared);
+    destroyBucketPool();
+    shared->release();
+}

@@ -1,0 +1,279 @@
+// SPDX-License-Identifier: Apache-2.0
+// Allocation on a heap that refuses: the order of the tries, the temporary file, the end.
+#include "zelbasictypes/memory/korrealloc.h"
+
+#include "component/objects/queryinterface.h"
+#include "component/objects/services/idatastore.h"
+#include "component/objects/services/izelmmanager.h"
+#include "tests/zelbasictypes/fakehost.h"
+#include "tests/zelbasictypes/temporarydirectory.h"
+#include "zelbasictypes/diagnostics/zelassert.h"
+#include "zelbasictypes/memory/heapseam.h"
+#include "zelbasictypes/text/korstring.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <limits>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr std::int32_t elementSize = 4;
+
+/// What the heap refuses, and the sizes that were asked for, in elements.
+struct Scarcity {
+    std::size_t greatestResize = SIZE_MAX;
+    std::size_t greatestNew = SIZE_MAX;
+    std::vector<std::size_t> resizes;
+} scarcity;
+
+void* scarceAllocate(std::size_t bytes) {
+    return bytes > scarcity.greatestNew ? nullptr : std::malloc(bytes);
+}
+
+void* scarceReallocate(void* block, std::size_t bytes) {
+    scarcity.resizes.push_back(bytes / elementSize);
+    return bytes > scarcity.greatestResize ? nullptr : std::realloc(block, bytes);
+}
+
+/// Gives memory back a set number of times; each time the heap has a little more.
+class Manager : public IZelMManager {
+public:
+    void qi(const char* name, void** result, std::int32_t) override {
+        zelAnswerQuery<IZelMManager>(this, className(), name, result);
+    }
+    const char* className() override { return "Manager"; }
+    void* allocateChunk(std::int32_t, bool) override { return nullptr; }
+    void freeChunk(void*) override {}
+    bool reclaim() override {
+        ++asked;
+        if (left == 0) return false;
+        if (--left == 0) scarcity.greatestResize = scarcity.greatestNew = SIZE_MAX;
+        return true;
+    }
+    std::int32_t coreLimit() override { return 0; }
+    std::int32_t swapLimit() override { return 0; }
+    std::int32_t swapNow() override { return 0; }
+    std::int32_t coreNow() override { return 0; }
+
+    int asked = 0;
+    int left = 0;
+};
+
+/// Names the directory of temporary files.
+class Store : public IDataStore {
+public:
+    void qi(const char* name, void** result, std::int32_t) override {
+        zelAnswerQuery<IDataStore>(this, className(), name, result);
+    }
+    const char* className() override { return "Store"; }
+    std::int32_t getBool(const char*, std::int32_t fallback) override { return fallback; }
+    double getDouble(const char*, double fallback) override { return fallback; }
+    const KorString* getString(const char* key, const KorString* fallback) override {
+        return std::string(key) == "Directories/Temp Directory" ? &temporary : fallback;
+    }
+    void subscribe(const char*, IZelDataReceiver*) override {}
+
+    KorString temporary;
+};
+
+/// The library keeps the manager that it found, so one serves all tests.
+Manager& manager() {
+    static Manager* const one = [] {
+        auto* made = new Manager;
+        made->addRef();
+        return made;
+    }();
+    return *one;
+}
+
+class KorRealloc : public testing::Test {
+protected:
+    KorRealloc() {
+        scarcity = {};
+        manager().asked = manager().left = 0;
+        store.addRef();
+        store.temporary = directory.path();
+        fakehost::offer<IZelMManager>(&manager());
+        fakehost::offer<IDataStore>(&store);
+        zelSetHeap({scarceAllocate, scarceReallocate, nullptr, nullptr});
+    }
+    ~KorRealloc() override {
+        zelSetHeap({});
+        zelFreeBlock(block);
+        fakehost::withdrawAll();
+        store.releaseNoDelete();
+    }
+
+    void fill(std::int32_t count) {
+        korMalloc(&block, elementSize, count);
+        for (std::int32_t i = 0; i < count; ++i) elements()[i] = i + 1;
+        filled = count;
+    }
+    std::int32_t* elements() { return static_cast<std::int32_t*>(block); }
+    std::int32_t grow(std::int32_t least, std::int32_t most = -1) {
+        const std::int32_t count = korRealloc(&block, elementSize, filled, least, most);
+        for (std::int32_t i = 0; i < count; ++i) {
+            EXPECT_EQ(elements()[i], i < filled ? i + 1 : 0) << i;
+        }
+        return count;
+    }
+    static std::size_t elementsOf(std::size_t count) { return count * elementSize; }
+
+    TemporaryDirectory directory;
+    Store store;
+    void* block = nullptr;
+    std::int32_t filled = 0;
+};
+
+using Sizes = std::vector<std::size_t>;
+
+} // namespace
+
+TEST_F(KorRealloc, ChangesNothingWhereTheBlockAlreadyFits) {
+    fill(10);
+    EXPECT_EQ(grow(10, 500), 10);
+    EXPECT_EQ(grow(5, 20), 10);
+    EXPECT_EQ(scarcity.resizes, Sizes{});
+}
+
+TEST_F(KorRealloc, FirstAllocationTakesTheLeastCount) {
+    EXPECT_EQ(korRealloc(&block, elementSize, 0, 50, 100), 50);
+    EXPECT_EQ(scarcity.resizes, Sizes{});
+}
+
+TEST_F(KorRealloc, ZeroesWhatItAdds) {
+    fill(10);
+    EXPECT_EQ(grow(20, 40), 40);
+    EXPECT_EQ(scarcity.resizes, Sizes{40});
+}
+
+TEST_F(KorRealloc, ShrinksAndFreesAtZero) {
+    fill(10);
+    EXPECT_EQ(grow(4), 4);
+    filled = 4;
+    EXPECT_EQ(grow(0), 0);
+    EXPECT_EQ(block, nullptr);
+}
+
+TEST_F(KorRealloc, KeepsTheOldBlockWhenItCannotShrinkIt) {
+    fill(10);
+    scarcity.greatestResize = 0;
+    void* before = block;
+    EXPECT_EQ(grow(4), 4);
+    EXPECT_EQ(block, before);
+}
+
+TEST_F(KorRealloc, LowersItsWishByHalves) {
+    fill(10);
+    scarcity.greatestResize = elementsOf(70);
+    EXPECT_EQ(grow(50, 100), 62);
+    EXPECT_EQ(scarcity.resizes, (Sizes{100, 75, 62}));
+    EXPECT_EQ(manager().asked, 0);
+}
+
+TEST_F(KorRealloc, AsksTheManagerFromTheThirdLowerWishOn) {
+    fill(10);
+    scarcity.greatestResize = elementsOf(20);
+    manager().left = 2;
+    EXPECT_EQ(grow(50, 100), 56);
+    EXPECT_EQ(scarcity.resizes, (Sizes{100, 75, 62, 56, 56, 56}));
+    EXPECT_EQ(manager().asked, 2);
+}
+
+TEST_F(KorRealloc, TriesOnceMoreBehindARefusalAndThenDropsTheManager) {
+    fill(10);
+    scarcity.greatestResize = elementsOf(50);
+    EXPECT_EQ(grow(50, 100), 50);
+    EXPECT_EQ(scarcity.resizes, (Sizes{100, 75, 62, 56, 56, 53, 51, 50}));
+    EXPECT_EQ(manager().asked, 1);
+}
+
+TEST_F(KorRealloc, WithoutSlackGoesThroughATemporaryFile) {
+    fill(1000);
+    scarcity.greatestResize = 0;
+    EXPECT_EQ(grow(5000), 5000);
+    EXPECT_EQ(scarcity.resizes, Sizes{5000});
+    EXPECT_EQ(manager().asked, 0);
+    EXPECT_TRUE(directory.isEmpty());
+}
+
+TEST_F(KorRealloc, ReclaimsForTheBlockBehindTheFile) {
+    fill(10);
+    scarcity.greatestResize = 0;
+    scarcity.greatestNew = 0;
+    manager().left = 3;
+    EXPECT_EQ(grow(50), 50);
+    EXPECT_EQ(manager().asked, 3);
+}
+
+TEST_F(KorRealloc, GoesOnAfterAContradictoryWish) {
+    std::vector<std::string> failed;
+    zelSetAssertHandler(
+        [](void* context, const char* expression, const char*, std::int32_t) {
+            static_cast<std::vector<std::string>*>(context)->emplace_back(expression);
+        },
+        &failed);
+    fill(10);
+    EXPECT_EQ(grow(30, 20), 20);
+    zelSetAssertHandler(nullptr, nullptr);
+    EXPECT_EQ(failed,
+              (std::vector<std::string>{"maxNewSize >= minNewSize",
+                                        "minNewSize > curSize && maxNewSize >= minNewSize"}));
+}
+
+TEST_F(KorRealloc, NeverAsksForWhatASignedSizeCannotName) {
+    constexpr std::int32_t greatest = std::numeric_limits<std::int32_t>::max();
+    fill(10);
+    scarcity.greatestResize = elementsOf(50);
+    EXPECT_EQ(grow(50, greatest), 50);
+    EXPECT_LE(scarcity.resizes.front(), greatest / elementSize);
+}
+
+TEST_F(KorRealloc, MallocRetriesForAsLongAsMemoryComesBack) {
+    scarcity.greatestNew = 0;
+    manager().left = 2;
+    EXPECT_EQ(korMalloc(&block, elementSize, 8), 8);
+    EXPECT_NE(block, nullptr);
+    EXPECT_EQ(manager().asked, 2);
+}
+
+TEST_F(KorRealloc, EndsTheProcessWhenNothingHelps) {
+    const testing::ExitedWithCode failure(255);
+    const KorString unusable = KorString::borrow(u"\\no\\such\\directory");
+    fill(10);
+    scarcity.greatestResize = scarcity.greatestNew = 0;
+    EXPECT_EXIT(korMalloc(&block, elementSize, 8), failure, "run out of memory");
+    EXPECT_EXIT(
+        {
+            scarcity.greatestNew = elementsOf(2000); // enough for names, too little for the block
+            grow(5000);
+        },
+        failure, "run out of memory");
+    EXPECT_EXIT(
+        {
+            scarcity.greatestNew = SIZE_MAX;
+            store.temporary = unusable;
+            grow(50);
+        },
+        failure, "run out of memory");
+}
+
+TEST(ZelGrowCount, DoublesAsFarAsTheTopBitAllows) {
+    constexpr std::int32_t top = 0x40000000;
+    const std::int32_t cases[][3] = {
+        {0, 5, 8},
+        {-7, 1, 1},
+        {5, 5, 5},
+        {9, 5, 9},
+        {3, 7, 12},
+        {1, top, top},
+        {top, top + 1, top + 1},
+        {3, top, top},
+    };
+    for (const auto& [current, needed, expected] : cases) {
+        EXPECT_EQ(zelGrowCount(current, needed), expected) << current << " " << needed;
+    }
+}

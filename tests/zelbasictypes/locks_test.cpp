@@ -1,0 +1,242 @@
+// SPDX-License-Identifier: Apache-2.0
+// Mutexes and the condition, with threads on both sides.
+#include "zelbasictypes/diagnostics/zelcondition.h"
+#include "zelbasictypes/diagnostics/zelmutex.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <cstdlib>
+#include <deque>
+#include <functional>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// The answer of `ask` on a thread of its own.
+bool elsewhere(const std::function<bool()>& ask) {
+    bool answer = false;
+    std::thread([&] { answer = ask(); }).join();
+    return answer;
+}
+
+/// Threads that wait for a number to reach theirs.
+class Waiters {
+public:
+    explicit Waiters(int count) {
+        for (int i = 0; i < count; ++i) threads.emplace_back([this] { run(); });
+        while (waiting < count) std::this_thread::yield();
+        // From here on each of them has given the mutex up in its wait.
+        mutex.lock();
+        mutex.unlock();
+    }
+    ~Waiters() {
+        open(&ZelCondition::broadcast);
+        for (std::thread& thread : threads) thread.join();
+    }
+
+    void open(void (ZelCondition::*wake)()) {
+        mutex.lock();
+        isOpen = true;
+        (condition.*wake)();
+        mutex.unlock();
+    }
+    bool reach(int count) const {
+        for (int i = 0; i < 2000 && woken < count; ++i) std::this_thread::sleep_for(1ms);
+        return woken == count;
+    }
+
+    std::atomic<int> waiting{0};
+    std::atomic<int> woken{0};
+    ZelMutex mutex;
+    ZelCondition condition;
+
+private:
+    void run() {
+        mutex.lock();
+        ++waiting;
+        while (!isOpen) condition.wait(mutex);
+        ++woken;
+        mutex.unlock();
+    }
+
+    bool isOpen = false;
+    std::vector<std::thread> threads;
+};
+
+} // namespace
+
+TEST(ZelMutex, KeepsOthersOutForAsLongAsItsOwnerHoldsIt) {
+    ZelMutex mutex;
+    mutex.lock();
+    EXPECT_TRUE(mutex.tryLock());
+    mutex.unlock();
+    EXPECT_FALSE(elsewhere([&] { return mutex.tryLock(); }));
+    mutex.unlock();
+    EXPECT_TRUE(elsewhere([&] {
+        const bool got = mutex.tryLock();
+        mutex.unlock();
+        return got;
+    }));
+}
+
+TEST(ZelMutex, WaitsAtLeastOneMillisecond) {
+    ZelMutex mutex;
+    mutex.lock();
+    for (const double seconds : {0.0, 0.0004, -3.0}) {
+        const auto start = std::chrono::steady_clock::now();
+        EXPECT_FALSE(elsewhere([&] { return mutex.lockFor(seconds); }));
+        EXPECT_GE(std::chrono::steady_clock::now() - start, 1ms) << seconds;
+    }
+    mutex.unlock();
+    EXPECT_TRUE(mutex.lockFor(1e30));
+    mutex.unlock();
+}
+
+TEST(ZelMutex, GuardsACounter) {
+    ZelMutex mutex;
+    int counter = 0;
+    const auto count = [&] {
+        for (int i = 0; i < 2000; ++i) {
+            mutex.lock();
+            ++counter;
+            mutex.unlock();
+        }
+    };
+    std::thread one(count);
+    std::thread two(count);
+    one.join();
+    two.join();
+    EXPECT_EQ(counter, 4000);
+}
+
+TEST(ZelNamedMutex, DoesNothingUntilItIsOpen) {
+    ZelNamedMutex mutex;
+    EXPECT_TRUE(mutex.isNull());
+    EXPECT_FALSE(mutex.lock());
+    EXPECT_FALSE(mutex.unlock());
+    EXPECT_FALSE(mutex.tryLock());
+    EXPECT_FALSE(mutex.lockFor(0.001));
+    EXPECT_FALSE(mutex.close());
+    EXPECT_FALSE(mutex.open("brix-test-no-such-mutex"));
+    EXPECT_TRUE(mutex.isNull());
+}
+
+TEST(ZelNamedMutex, IsOneMutexForAllThatOpenItsName) {
+    const std::string name =
+        "brix-test-" + std::to_string(std::chrono::steady_clock::now().time_since_epoch().count());
+    ZelNamedMutex maker;
+    ASSERT_TRUE(maker.create(name.c_str()));
+    EXPECT_FALSE(maker.create("brix-test-another"));
+    EXPECT_FALSE(maker.open(name.c_str()));
+    ZelNamedMutex second;
+    ASSERT_TRUE(second.open(name.c_str()));
+    EXPECT_TRUE(maker.lock());
+    EXPECT_FALSE(elsewhere([&] { return second.tryLock(); }));
+    EXPECT_TRUE(maker.unlock());
+    EXPECT_TRUE(elsewhere([&] { return second.lockFor(1) && second.unlock(); }));
+    EXPECT_TRUE(second.close());
+    EXPECT_TRUE(maker.close());
+    EXPECT_TRUE(maker.isNull());
+}
+
+TEST(ZelCondition, SignalWakesOneAndLeavesNothingBehind) {
+    ZelMutex mutex;
+    ZelCondition condition;
+    condition.signal();
+    condition.broadcast();
+    std::atomic<int> stage{0};
+    std::thread waiter([&] {
+        mutex.lock();
+        stage = 1;
+        condition.wait(mutex);
+        stage = 2;
+        mutex.unlock();
+    });
+    while (stage < 1) std::this_thread::yield();
+    std::this_thread::sleep_for(20ms);
+    EXPECT_EQ(stage, 1);
+    mutex.lock();
+    condition.signal();
+    mutex.unlock();
+    waiter.join();
+    EXPECT_EQ(stage, 2);
+}
+
+TEST(ZelCondition, BroadcastWakesAllAndComesBack) {
+    Waiters three(3);
+    EXPECT_EQ(three.woken, 0);
+    three.open(&ZelCondition::broadcast);
+    EXPECT_TRUE(three.reach(3));
+}
+
+TEST(ZelCondition, SignalWakesOneOfMany) {
+    Waiters three(3);
+    three.open(&ZelCondition::signal);
+    EXPECT_TRUE(three.reach(1));
+    std::this_thread::sleep_for(20ms);
+    EXPECT_EQ(three.woken, 1);
+    three.open(&ZelCondition::broadcast);
+    EXPECT_TRUE(three.reach(3));
+}
+
+TEST(ZelCondition, PassesItemsFromProducersToConsumers) {
+    ZelMutex mutex;
+    ZelCondition filled;
+    std::deque<int> queue;
+    constexpr int items = 500;
+    int sum = 0;
+    const auto consume = [&] {
+        for (int i = 0; i < items; ++i) {
+            mutex.lock();
+            while (queue.empty()) filled.wait(mutex);
+            sum += queue.front();
+            queue.pop_front();
+            mutex.unlock();
+        }
+    };
+    const auto produce = [&] {
+        for (int i = 1; i <= items; ++i) {
+            mutex.lock();
+            queue.push_back(i);
+            if (i % 3) {
+                filled.signal();
+            } else {
+                filled.broadcast();
+            }
+            mutex.unlock();
+        }
+    };
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 2; ++i) {
+        threads.emplace_back(consume);
+        threads.emplace_back(produce);
+    }
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_EQ(sum, items * (items + 1));
+    EXPECT_TRUE(queue.empty());
+}
+
+TEST(ZelSpinCount, IsReadFromTheEnvironmentOnce) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe"); // a new process reads the variable anew
+    const std::pair<const char*, int> cases[] = {{"-5", -5}, {"40", 40}, {"none", 0}};
+    for (const auto& [value, expected] : cases) {
+        ASSERT_EQ(::setenv("ZEL_SPIN_COUNT", value, 1), 0);
+        EXPECT_EXIT(
+            {
+                const int first = zelSpinCount();
+                ::setenv("ZEL_SPIN_COUNT", "77", 1);
+                std::exit(first + 10 + (zelSpinCount() - first));
+            },
+            testing::ExitedWithCode(expected + 10), "")
+            << value;
+    }
+    ::unsetenv("ZEL_SPIN_COUNT");
+    EXPECT_EXIT(std::exit(zelSpinCount() + 10), testing::ExitedWithCode(9), "");
+}

@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: Apache-2.0
+// Paths as texts.
+#include "zelbasictypes/files/pathoperations.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+namespace {
+
+using Text = std::u16string;
+
+struct Case {
+    const char16_t* path;
+    const char16_t* argument;
+    const char16_t* expected;
+};
+
+Text text(const KorString& s) { return Text(s.view()); }
+
+/// Runs an operation that changes its path on each row.
+template <std::size_t N>
+void expectChanged(const Case (&cases)[N],
+                   const std::function<void(KorString&, const KorString&)>& change) {
+    for (const Case& c : cases) {
+        KorString path(c.path);
+        change(path, KorString(c.argument));
+        EXPECT_EQ(text(path), c.expected) << KorString(c.path) << " " << KorString(c.argument);
+    }
+}
+
+/// Runs an operation with an output on each row, also with the input as its output.
+template <std::size_t N>
+void expectOutput(const Case (&cases)[N],
+                  const std::function<void(const KorString&, KorString&)>& derive) {
+    for (const Case& c : cases) {
+        const KorString path(c.path);
+        KorString out("left over");
+        derive(path, out);
+        EXPECT_EQ(text(out), c.expected) << path;
+        KorString same(path);
+        derive(same, same);
+        EXPECT_EQ(text(same), c.expected) << path;
+    }
+}
+
+} // namespace
+
+TEST(PathText, NormalFormHasBackslashesAndNoneAtTheEnd) {
+    const Case cases[] = {
+        {u"//c/temp/", u"", u"c:\\temp"}, {u"a/b\\", u"", u"a\\b"},       {u"/", u"", u"\\"},
+        {u"\\\\\\", u"", u"\\"},          {u"c:\\", u"", u"c:"},          {u"//c/", u"", u"c:"},
+        {u"//c", u"", u"\\\\c"},          {u"//cd/e", u"", u"\\\\cd\\e"}, {u"", u"", u""},
+        {u"a\\b", u"", u"a\\b"},          {u"/a//b/", u"", u"\\a\\\\b"},
+    };
+    expectChanged(cases, [](KorString& path, const KorString&) { normalize(path); });
+    expectChanged(cases, [](KorString& path, const KorString&) { path = ZelPath(path); });
+    expectChanged(cases, [](KorString& path, const KorString&) {
+        ZelPath assigned;
+        assigned = path;
+        path = assigned;
+    });
+}
+
+TEST(PathText, JoinsWithOneBackslash) {
+    const Case cases[] = {
+        {u"c:\\a", u"b", u"c:\\a\\b"},
+        {u"c:\\a\\", u"b", u"c:\\a\\b"},
+        {u"", u"b/c/", u"b\\c"},
+        {u"c:", u"b", u"c:\\b"},
+        {u"a", u"", u"a"},
+        {u"\\", u"a", u"\\a"},
+    };
+    expectChanged(cases, [](KorString& path, const KorString& name) { join(path, name); });
+    expectChanged(cases,
+                  [](KorString& path, const KorString& name) { path = ZelPath(path, name); });
+}
+
+TEST(PathText, TakesTheNameBehindTheLastSeparator) {
+    const Case withExtension[] = {{u"c:\\a\\b.tar.gz", u"", u"b.tar.gz"},
+                                  {u"file", u"", u"file"},
+                                  {u"c:\\a\\", u"", u""},
+                                  {u"a/b", u"", u"a/b"}};
+    expectOutput(withExtension,
+                 [](const KorString& path, KorString& out) { fileName(path, out, true); });
+    const Case without[] = {
+        {u"c:\\a\\b.tar.gz", u"", u"b.tar"}, {u"c:\\a.b\\c", u"", u"c"}, {u".profile", u"", u""}};
+    expectOutput(without,
+                 [](const KorString& path, KorString& out) { fileName(path, out, false); });
+    const Case base[] = {{u"a/b.txt", u"", u"b"},
+                         {u"c:\\x\\.profile", u"", u".profile"},
+                         {u"a\\b.c.d", u"", u"b.c"},
+                         {u"a.b/", u"", u""}};
+    expectOutput(base,
+                 [](const KorString& path, KorString& out) { EXPECT_TRUE(baseName(path, out)); });
+}
+
+TEST(PathText, TakesTheDirectoryInFront) {
+    const Case cases[] = {{u"", u"", u"."},
+                          {u"file.txt", u"", u"."},
+                          {u"\\file.txt", u"", u"\\"},
+                          {u"c:\\a\\b", u"", u"c:\\a"},
+                          {u"a/b", u"", u"a"},
+                          {u"c:\\a", u"", u"c:"}};
+    expectOutput(cases, parentDirectory);
+}
+
+TEST(PathText, FindsAndChangesTheExtension) {
+    const Case found[] = {{u"c:\\a.b\\c", u"", u""},
+                          {u"c:\\a\\b.tar.gz", u"", u"gz"},
+                          {u"a.", u"", u""},
+                          {u".igs", u"", u"igs"}};
+    expectOutput(found, extension);
+    const Case changed[] = {{u"a.txt", u".dat", u"a.dat"},
+                            {u"a.txt", u"dat", u"a.dat"},
+                            {u"a.txt", u"", u"a"},
+                            {u"a.b\\c", u"d", u"a.b\\c.d"},
+                            {u"a.b.c", u"d", u"a.b.d"}};
+    expectChanged(changed, changeExtension);
+    const Case inserted[] = {
+        {u"a.txt", u"_1", u"a_1.txt"}, {u"a.b\\c", u"_1", u"a.b\\c_1"}, {u"", u"x", u"x"}};
+    expectChanged(inserted, insertBeforeExtension);
+}
+
+TEST(PathText, GivesADriveItsRoot) {
+    const Case cases[] = {
+        {u"c:", u"", u"c:\\"}, {u"c:\\a", u"", u"c:\\a"}, {u"ab", u"", u"ab"}, {u"", u"", u""}};
+    expectOutput(cases, withDriveRoot);
+}
+
+TEST(PathText, CollapsesUpStepsThatHaveSomethingInFront) {
+    const Case cases[] = {
+        {u"a\\b\\..\\c", u"1", u"a\\c"},
+        {u"\\a\\..\\b", u"1", u"\\b"},
+        {u"c:\\a\\b\\..\\..\\d", u"1", u"c:\\d"},
+        {u"x/y/../z", u"1", u"x/z"},
+        {u"a\\b", u"0", u"a\\b"},
+        {u"a\\..\\b", u"0", u"a\\..\\b"},
+        {u"\\..\\b", u"0", u"\\..\\b"},
+        {u"a\\b\\..", u"0", u"a\\b\\.."},
+    };
+    expectChanged(cases, [](KorString& path, const KorString& changes) {
+        EXPECT_EQ(collapseDots(path), changes == "1") << path;
+    });
+}
+
+TEST(PathText, ReplacesWhiteSpaceOfTheLastComponentOnly) {
+    const Case cases[] = {{u"a b\\c d\te", u"1", u"a b\\c_d_e"},
+                          {u"a b/ c", u"1", u"a b/_c"},
+                          {u"a b\\c", u"0", u"a b\\c"}};
+    expectChanged(cases, [](KorString& path, const KorString& changes) {
+        EXPECT_EQ(replaceSpaces(path), changes == "1") << path;
+    });
+    KorString all(u" a\t\\ b ");
+    stripSpaces(all);
+    EXPECT_EQ(text(all), u"a\\b");
+}
+
+TEST(PathText, KnowsAbsolutePaths) {
+    for (const char16_t* path : {u"\\a", u"\\", u"c:\\a", u"Z:"}) {
+        EXPECT_TRUE(isAbsolute(path)) << KorString(path);
+        EXPECT_FALSE(isRelative(path)) << KorString(path);
+    }
+    for (const char16_t* path : {u"", u"a", u"/a", u"1:\\a", u"..\\a"}) {
+        EXPECT_FALSE(isAbsolute(path)) << KorString(path);
+        EXPECT_TRUE(isRelative(path)) << KorString(path);
+    }
+    EXPECT_TRUE(isAbsolute(rootPath()));
+}
+
+TEST(PathText, ComparesWithoutRegardToCase) {
+    EXPECT_TRUE(pathEqual(u"C:\\Temp", u"c:\\tEMP"));
+    EXPECT_FALSE(pathEqual(u"c:\\temp", u"c:\\temp2"));
+    EXPECT_TRUE(pathNotEqual(u"a", u"b"));
+}

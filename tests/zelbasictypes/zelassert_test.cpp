@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: Apache-2.0
+// Who hears of a failed assertion, and the break flag.
+#include "zelbasictypes/diagnostics/zelassert.h"
+
+#include "component/objects/queryinterface.h"
+#include "component/objects/services/izelasserthandlercb.h"
+#include "tests/zelbasictypes/fakehost.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+#include <utility>
+
+namespace {
+
+class Handler : public IZelAssertHandlerCB {
+public:
+    void qi(const char* name, void** result, std::int32_t) override {
+        zelAnswerQuery<IZelAssertHandlerCB>(this, className(), name, result);
+    }
+    const char* className() override { return "Handler"; }
+    void onAssert(const char* expression, const char* file, std::int32_t line) override {
+        heard = expression;
+        where = std::string(file) + ":" + std::to_string(line);
+    }
+
+    std::string heard;
+    std::string where;
+};
+
+class ZelAssert : public testing::Test {
+protected:
+    ZelAssert() {
+        handler.addRef();
+        fakehost::withdrawAll();
+    }
+    ~ZelAssert() override {
+        zelSetAssertHandler(nullptr, nullptr);
+        fakehost::withdrawAll();
+        handler.releaseNoDelete();
+    }
+
+    Handler handler;
+};
+
+std::int32_t guarded(std::int32_t start) {
+    if (!ZEL_ASSERT(start >= 0)) return -1;
+    return start;
+}
+
+} // namespace
+
+TEST_F(ZelAssert, GoesToTheHostAndThenToTheFallBack) {
+    fakehost::offer<IZelAssertHandlerCB>(&handler);
+    EXPECT_EQ(guarded(5), 5);
+    EXPECT_EQ(handler.heard, "");
+    EXPECT_EQ(guarded(-5), -1);
+    EXPECT_EQ(handler.heard, "start >= 0");
+    EXPECT_NE(handler.where.find("zelassert_test.cpp:"), std::string::npos);
+    EXPECT_EQ(handler.refCount(), 1);
+}
+
+TEST_F(ZelAssert, PrefersTheModulesOwnHandlerAndThenLooksNothingUp) {
+    fakehost::offer<IZelAssertHandlerCB>(&handler);
+    std::string heard;
+    zelSetAssertHandler([](void* context, const char* expression, const char*,
+                           std::int32_t) { *static_cast<std::string*>(context) = expression; },
+                        &heard);
+    EXPECT_EQ(guarded(-5), -1);
+    EXPECT_EQ(heard, "start >= 0");
+    EXPECT_EQ(fakehost::lookUps("IZelAssertHandlerCB"), 0);
+    zelSetAssertHandler(nullptr, nullptr);
+    EXPECT_EQ(guarded(-5), -1);
+    EXPECT_EQ(handler.heard, "start >= 0");
+}
+
+TEST_F(ZelAssert, EndsTheProcessWhenNobodyListens) {
+    EXPECT_EXIT(guarded(-5), testing::ExitedWithCode(255), "");
+}
+
+TEST(ZelBreakEnabled, IsOffOnlyForAnEnvironmentThatSaysZero) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe"); // a new process reads the variable anew
+    const std::pair<const char*, bool> cases[] = {
+        {"0", false}, {"1", true}, {"00", true}, {"yes", true}, {"", true}};
+    for (const auto& [value, expected] : cases) {
+        ASSERT_EQ(::setenv("ZEL_BREAK_ENABLED", value, 1), 0);
+        EXPECT_EXIT(std::exit(zelBreakEnabled() ? 1 : 0), testing::ExitedWithCode(expected), "")
+            << value;
+    }
+    ::unsetenv("ZEL_BREAK_ENABLED");
+    EXPECT_EXIT(std::exit(zelBreakEnabled() ? 1 : 0), testing::ExitedWithCode(1), "");
+}
+
+TEST(ZelBreakEnabled, FollowsTheHost) {
+    const bool before = zelBreakEnabled();
+    zelSetBreakEnabled(!before);
+    EXPECT_EQ(zelBreakEnabled(), !before);
+    zelSetBreakEnabled(before);
+}
