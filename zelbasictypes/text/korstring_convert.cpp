@@ -45,6 +45,11 @@ const char* KorString::toNarrow() const {
 
 const char* KorString::toUtf8() const {
     const std::u16string_view units = view();
+    provideRoom(utf8, units.size());
+    if (zeltext::copyAsciiRun(units.data(), units.size(), utf8.data) == units.size()) {
+        utf8.data[units.size()] = 0;
+        return utf8.data;
+    }
     provideRoom(utf8, zeltext::utf8Length(units));
     zeltext::encodeUtf8(units, utf8.data);
     return utf8.data;

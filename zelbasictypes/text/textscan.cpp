@@ -2,6 +2,8 @@
 // Scanning for ends of texts and for parts, with SSE2 (which every x86-64 has) or AVX2.
 #include "zelbasictypes/text/textscan.h"
 
+#include "zelbasictypes/text/machine.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstring>
@@ -110,17 +112,12 @@ __attribute__((target("avx2"))) std::int64_t findAvx2(const Unit* text, std::int
     return hit < 0 ? -1 : i + hit;
 }
 
-bool machineHasAvx2() {
-    __builtin_cpu_init();
-    return __builtin_cpu_supports("avx2");
-}
-
 template <class Unit> std::int64_t findVector(View<Unit> text, View<Unit> part) {
-    static const bool hasAvx2 = machineHasAvx2();
     const auto places =
         static_cast<std::int64_t>(text.size()) - static_cast<std::int64_t>(part.size()) + 1;
     if (places <= 0) return -1;
-    return hasAvx2 ? findAvx2(text.data(), places, part) : findSse2(text.data(), places, part);
+    return machineHasAvx2() ? findAvx2(text.data(), places, part)
+                            : findSse2(text.data(), places, part);
 }
 
 /// Measures and searches the text by stretches, which overlap by the part less one unit, so that
@@ -128,7 +125,7 @@ template <class Unit> std::int64_t findVector(View<Unit> text, View<Unit> part) 
 template <class Unit>
 std::int32_t findByStretches(const Unit* text, View<Unit> part, std::int32_t start) {
     constexpr std::int64_t stretch = 8192 / sizeof(Unit);
-    if (boundedLength(text, start) < start) return -1;
+    if (start > 0 && boundedLength(text, start) < start) return -1;
     const auto overlap = static_cast<std::int64_t>(part.size()) - 1;
     for (std::int64_t at = start;; at += stretch) {
         const std::int64_t length = boundedLength(text + at, stretch + overlap);
@@ -139,10 +136,31 @@ std::int32_t findByStretches(const Unit* text, View<Unit> part, std::int32_t sta
     }
 }
 
-} // namespace
+constexpr std::int64_t scanBlock = 128 / sizeof(char16_t);
 
+/// The number of units, in whole blocks, up to which there is neither `stop` nor a terminator.
+/// `text` is aligned to a block, so that none crosses into another page.
+__attribute__((target("avx2"), no_sanitize("address"))) std::int64_t
+quietBlocks(const char16_t* text, char16_t stop, std::int64_t limit) {
+    const __m256i stops = all256(stop), zero = _mm256_setzero_si256();
+    std::int64_t at = 0;
+    for (; at < limit; at += scanBlock) {
+        const auto* block = reinterpret_cast<const __m256i*>(text + at);
+        __m256i least = _mm256_set1_epi8(-1);
+        for (int i = 0; i < 4; ++i) {
+            const __m256i units = _mm256_load_si256(block + i);
+            const __m256i ends = _mm256_min_epu16(units, _mm256_xor_si256(units, stops));
+            least = _mm256_min_epu16(least, ends);
+        }
+        if (_mm256_movemask_epi8(_mm256_cmpeq_epi16(least, zero))) break;
+    }
+    return at;
+}
+
+/// Looks at one aligned register after the other from the one that holds `text`, up to `limit`;
+/// the result is `limit` or above when nothing was found in front of it.
 __attribute__((no_sanitize("address"))) std::int64_t
-unitsBefore(const char16_t* text, char16_t stop, std::int64_t limit) {
+scanRegisters(const char16_t* text, char16_t stop, std::int64_t limit) {
     const std::size_t before = reinterpret_cast<std::uintptr_t>(text) % 16;
     const auto* block =
         reinterpret_cast<const __m128i*>(reinterpret_cast<const char*>(text) - before);
@@ -153,9 +171,20 @@ unitsBefore(const char16_t* text, char16_t stop, std::int64_t limit) {
         const __m128i hits =
             _mm_or_si128(_mm_cmpeq_epi16(units, stops), _mm_cmpeq_epi16(units, zero));
         const unsigned mask = static_cast<unsigned>(_mm_movemask_epi8(hits)) & ignored;
-        if (mask) return std::min(limit, at + std::countr_zero(mask) / 2);
+        if (mask) return at + std::countr_zero(mask) / 2;
     }
     return limit;
+}
+
+} // namespace
+
+std::int64_t unitsBefore(const char16_t* text, char16_t stop, std::int64_t limit) {
+    const auto misplaced = static_cast<std::int64_t>(reinterpret_cast<std::uintptr_t>(text) % 128);
+    const std::int64_t toBlock = std::min((128 - misplaced) / 2, limit);
+    std::int64_t at = scanRegisters(text, stop, toBlock);
+    if (at < toBlock || toBlock == limit) return std::min(at, limit);
+    if (machineHasAvx2()) at += quietBlocks(text + at, stop, limit - at);
+    return at < limit ? std::min(limit, at + scanRegisters(text + at, stop, limit - at)) : limit;
 }
 
 std::int64_t boundedLength(const char* text, std::int64_t limit) {

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: Apache-2.0
+// What the processor offers beyond the SSE2 that every x86-64 has.
+#pragma once
+
+namespace zeltext {
+
+inline bool machineHasAvx2() {
+    static const bool has = [] {
+        __builtin_cpu_init();
+        return __builtin_cpu_supports("avx2") != 0;
+    }();
+    return has;
+}
+
+} // namespace zeltext
