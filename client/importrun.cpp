@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: Apache-2.0
+// One import, from the host's call to its result: the server is prepared, started and waited for,
+// then its files are read.
+#include "client/tessoracadimporterclient.h"
+
+#include "cadimport/creator.h"
+#include "client/hostdialog.h"
+#include "client/librarytext.h"
+#include "client/modelfile.h"
+#include "component/objects/services/iguibusystate.h"
+#include "component/objects/sptr.h"
+#include "platform/locale.h"
+#include "zelbasictypes/text/korstring.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int startLimitMs = 3000;
+constexpr int waitTurnMs = 500;
+
+/// Any answer but the one character "," is a point, a failed question too.
+bool isDecimalComma() { return platform::decimalSeparator() == u","; }
+
+/// The word behind the first "-OutputBaseName"; empty when there is none.
+KorString outputBaseName(const std::list<KorString>& arguments) {
+    const KorString option = KorString::borrow(u"-OutputBaseName", "-OutputBaseName");
+    auto found = std::find(arguments.begin(), arguments.end(), option);
+    if (found == arguments.end() || ++found == arguments.end()) return {};
+    return *found;
+}
+
+} // namespace
+
+bool TessoraCADImporterClient::importModel(const KorString& environmentFile,
+                                           const KorString& serverProgram,
+                                           const std::list<KorString>& arguments,
+                                           IZelImportTarget* target, void*, void*,
+                                           std::list<KorString>& exportedFiles) {
+    decimalComma = isDecimalComma();
+    creator.reset();
+    if (!target) return false;
+    creator = std::make_unique<CADImport::Creator>(target);
+    importTarget = target;
+    static_cast<ITessoraCADImporterClient*>(this)->setParameters(arguments);
+
+    bool imported = false;
+    IPtr<IGuiBusyState> busy;
+    if (serverHost.isEmpty() || startServer(environmentFile, serverProgram, arguments)) {
+        sendControlMessage(CADImport::SendNextModelMessage());
+        busy = SPtr<IGuiBusyState>();
+        waitForServer(busy.iface);
+        exportedFiles.clear();
+        imported = collectResults(outputBaseName(arguments), exportedFiles);
+    }
+    restoreEnvironment(savedEnvironment);
+    return imported;
+}
+
+/// False when the run ends here, with the user told why. A host without a dialog cannot be told,
+/// and then the run goes on.
+bool TessoraCADImporterClient::startServer(const KorString& environmentFile,
+                                           const KorString& serverProgram,
+                                           const std::list<KorString>& arguments) {
+    if (serverRuns()) return !showNotice("It couldn't be connected to the running server.");
+    const QStringList words = serverArguments(arguments);
+    loadEnvironmentFile(environmentFile, savedEnvironment);
+    return launch(serverProgram, words) ||
+           !showNotice("The CAD Importer server could not be started");
+}
+
+/// The host's words first and unchanged, then the client's five.
+QStringList TessoraCADImporterClient::serverArguments(const std::list<KorString>& arguments) const {
+    QStringList words = narrowTexts(arguments);
+    if (batchMode) {
+        words << QStringLiteral("-Batch");
+    } else if (const auto custom = askQuestion("Do you want a custom import?")) {
+        words << (*custom ? QStringLiteral("-Interactive") : QStringLiteral("-Passive"));
+    }
+    words << (decimalComma ? QStringLiteral("-sat") : QStringLiteral("-igs"));
+    return words << QStringLiteral("on") << QStringLiteral("-BodiesOnly") << QStringLiteral("off");
+}
+
+bool TessoraCADImporterClient::launch(const KorString& serverProgram,
+                                      const QStringList& arguments) {
+    serverProcess.start(narrowText(serverProgram), arguments, QIODevice::ReadWrite);
+    return serverProcess.waitForStarted(startLimitMs);
+}
+
+/// As long as the server lives. A wish to stop is noted at each turn and ends nothing: what ends a
+/// server is the host's affair.
+void TessoraCADImporterClient::waitForServer(IGuiBusyState* busy) {
+    while (serverRuns()) {
+        serverProcess.waitForFinished(waitTurnMs);
+        if (busy && busy->isCancelled()) setEscaped();
+    }
+}
+
+bool TessoraCADImporterClient::collectResults(const KorString& baseName,
+                                              std::list<KorString>& exportedFiles) {
+    if (baseName.isEmpty()) return false;
+    readModelFile(baseName);
+    collectExportedFiles(baseName, decimalComma, exportedFiles);
+    resultFiles.clear();
+    return !exportedFiles.empty() || !coordinateSystems_.empty();
+}
+
+void TessoraCADImporterClient::readModelFile(const KorString& baseName) {
+    models_.clear();
+    CADImport::Creator reader(importTarget);
+    if (!readMessages(baseName, reader)) return;
+    models_ = reader.models();
+    reader.coordinateSystems(coordinateSystems_, coordinateSystemMasks);
+}

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: Apache-2.0
+// The component's face to the host and the messages of a live conversation; the run itself stands
+// in importrun.cpp.
+#include "client/tessoracadimporterclient.h"
+
+#include "cadimport/creator.h"
+#include "cadimport/messageregistry.h"
+#include "client/batchmode.h"
+#include "client/controlmessageinterpreter.h"
+#include "client/hostdialog.h"
+#include "client/librarytext.h"
+#include "component/itemfactory.h"
+#include "component/objects/queryinterface.h"
+
+#include <QBuffer>
+#include <QDataStream>
+
+namespace {
+
+const ZelTClassItemFactory<TessoraCADImporterClient> itemFactory{
+    "TessoraCADImporterClient", nullptr,
+    ZelGuid{0x53DE97AC, 0x2769, 0x4D39, {0xAD, 0xBD, 0x37, 0x31, 0x20, 0xB9, 0x81, 0x8F}}};
+
+template <class T> void replace(std::list<T>& target, const std::list<T>& source) {
+    if (&target != &source) target = source;
+}
+
+/// Lets the message of a frame without its count visit the interpreter, when it is valid.
+void interpretFrame(const QByteArray& payload, TessoraCADImporterClient* client) {
+    QBuffer buffer;
+    buffer.setData(payload);
+    buffer.open(QIODevice::ReadOnly);
+    QDataStream stream(&buffer);
+    stream.setVersion(CADImport::streamVersion);
+    QString wireName;
+    stream >> wireName;
+    const std::unique_ptr<CADImport::Message> message(
+        CADImport::createMessage(CADImport::messageRegistry(), wireName, stream));
+    if (!message || !message->isValid()) return;
+    CADImport::ClientControlMessageInterpreter interpreter(client);
+    message->accept(interpreter);
+}
+
+QByteArray frameOf(const CADImport::Message& message) {
+    QByteArray frame;
+    QDataStream stream(&frame, QIODevice::WriteOnly);
+    stream.setVersion(CADImport::streamVersion);
+    stream << message;
+    return frame;
+}
+
+/// The words for the user; null where nothing is shown.
+const char* textFor(QProcess::ProcessError error) {
+    switch (error) {
+    case QProcess::FailedToStart:
+        return "It failed to start";
+    case QProcess::Crashed:
+        return nullptr;
+    case QProcess::Timedout:
+        return "It is timed out.";
+    case QProcess::ReadError:
+        return "There is a \"READ\" error.";
+    case QProcess::WriteError:
+        return "There is a \"WRITE\" error.";
+    case QProcess::UnknownError:
+        break;
+    }
+    return "There is an unknown error.";
+}
+
+} // namespace
+
+/// What the server says on its standard error is let through to the host's; the client reads none
+/// of the server's channels, so that its standard output is thrown away instead of kept.
+TessoraCADImporterClient::TessoraCADImporterClient() {
+    serverProcess.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    serverProcess.setStandardOutputFile(QProcess::nullDevice());
+    connect(this, &QObject::destroyed, &serverProcess, &QProcess::terminate, Qt::QueuedConnection);
+    connect(&serverProcess, &QProcess::errorOccurred, this, &TessoraCADImporterClient::error);
+    batchMode = isBatchMode();
+}
+
+TessoraCADImporterClient::~TessoraCADImporterClient() = default;
+
+void TessoraCADImporterClient::qi(const char* name, void** result, std::int32_t) {
+    zelAnswerQuery<ITessoraCADImporterClient>(this, className(), name, result);
+}
+
+const char* TessoraCADImporterClient::className() { return "TessoraCADImporterClient"; }
+
+void TessoraCADImporterClient::setParameters(const std::list<KorString>& parameters) {
+    const CADImport::SetParameterMessage message(narrowTexts(parameters));
+    if (serverRuns() && !serverHost.isEmpty()) return sendControlMessage(message);
+    CADImport::ClientControlMessageInterpreter interpreter(this);
+    message.accept(interpreter);
+}
+
+void TessoraCADImporterClient::setControlSocket(const KorString& host, std::uint16_t port) {
+    serverHost = narrowText(host);
+    controlPort = port;
+}
+
+void TessoraCADImporterClient::setDataSocket(const KorString& host, std::uint16_t port) {
+    serverHost = narrowText(host);
+    dataPort = port;
+}
+
+bool TessoraCADImporterClient::coordinateSystems(std::list<IZelFeature*>& features,
+                                                 std::list<BitVector*>& masks) {
+    replace(features, coordinateSystems_);
+    replace(masks, coordinateSystemMasks);
+    return !coordinateSystems_.empty();
+}
+
+bool TessoraCADImporterClient::hasResults() {
+    return !models_.empty() || !coordinateSystems_.empty();
+}
+
+void TessoraCADImporterClient::addResultFile(const QString& file) {
+    const QWriteLocker guard(&lock);
+    resultFiles.append(file);
+}
+
+bool TessoraCADImporterClient::serverRuns() const {
+    return serverProcess.state() == QProcess::Running;
+}
+
+void TessoraCADImporterClient::sendControlMessage(const CADImport::Message& message) {
+    if (controlThread.isNull() || !serverRuns() || serverHost.isEmpty()) return;
+    emit sendControlMessageSignal(frameOf(message));
+}
+
+void TessoraCADImporterClient::controlMessageProcessing(const QByteArray& payload) {
+    if (!controlThread.isNull()) interpretFrame(payload, this);
+}
+
+void TessoraCADImporterClient::dataProcessing(const QByteArray& payload) {
+    interpretFrame(payload, this);
+}
+
+void TessoraCADImporterClient::error(QProcess::ProcessError error) {
+    if (const char* text = textFor(error)) showNotice(text);
+}
