@@ -9,6 +9,7 @@
 #include <BRepTools.hxx>
 #include <BRep_Tool.hxx>
 #include <Geom_BezierSurface.hxx>
+#include <Geom_ElementarySurface.hxx>
 #include <Geom_OffsetSurface.hxx>
 #include <Geom_RectangularTrimmedSurface.hxx>
 #include <Precision.hxx>
@@ -26,7 +27,8 @@ Handle(Geom_Surface) basisOf(Handle(Geom_Surface) surface) {
         if (auto trimmed = Handle(Geom_RectangularTrimmedSurface)::DownCast(surface)) {
             below = trimmed->BasisSurface();
         } else if (auto offset = Handle(Geom_OffsetSurface)::DownCast(surface)) {
-            below = offset->Surface();
+            // Other answers of the kernel are approximations of its own.
+            below = Handle(Geom_ElementarySurface)::DownCast(offset->Surface());
         }
         if (below.IsNull()) break;
         surface = below;

@@ -9,7 +9,7 @@ namespace server {
 struct Tolerances {
     double recognition = 1e-6; ///< a free-form edge this close to a line or circle is one
     double chain = 1e-4;       ///< how far arcs and lines may stray from a free-form edge
-    double surface = 1e-5;     ///< how far a surface without an exact form may stray
+    double surface = 1e-6;     ///< how far a surface without an exact form may stray
     double shortest = 1e-7;    ///< an edge shorter than this has no extent
 
     /// 1e-6 mm for recognition, the smaller of 1e-4 mm and 1e-5 of the diagonal for chains.
@@ -18,7 +18,7 @@ struct Tolerances {
         Tolerances t;
         t.recognition = 1e-6 * millimetre;
         t.chain = std::min(1e-4 * millimetre, std::max(1e-5 * boxDiagonal, t.recognition));
-        t.surface = std::min(1e-5 * millimetre, std::max(1e-6 * boxDiagonal, t.recognition));
+        t.surface = t.recognition;
         return t;
     }
 };

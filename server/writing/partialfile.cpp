@@ -18,11 +18,11 @@ struct Slot {
     std::atomic<bool> filled{false};
     char path[4096] = {};
 };
-std::array<Slot, 4> slots;
+std::array<Slot, 4> table;
 
 int takeSlot(const QByteArray& path) {
-    for (std::size_t i = 0; i < slots.size(); ++i) {
-        Slot& slot = slots[i];
+    for (std::size_t i = 0; i < table.size(); ++i) {
+        Slot& slot = table[i];
         if (static_cast<std::size_t>(path.size()) >= sizeof slot.path || slot.used.exchange(true)) {
             continue;
         }
@@ -35,7 +35,7 @@ int takeSlot(const QByteArray& path) {
 
 void freeSlot(int index) {
     if (index < 0) return;
-    Slot& slot = slots[static_cast<std::size_t>(index)];
+    Slot& slot = table[static_cast<std::size_t>(index)];
     slot.filled = false;
     slot.used = false;
 }
@@ -78,7 +78,7 @@ void PartialFile::commit() {
 }
 
 void PartialFile::removeAll() noexcept {
-    for (const Slot& slot : slots) {
+    for (const Slot& slot : table) {
         if (slot.filled) std::remove(slot.path);
     }
 }

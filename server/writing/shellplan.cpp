@@ -51,6 +51,7 @@ private:
 
 FaceSurface convertedSurface(const TopoDS_Face& face, double tolerance) {
     FaceSurface surface;
+    surface.from = surfaceKind(face);
     try {
         surface = faceSurface(face, tolerance);
     } catch (const Standard_Failure& failure) {

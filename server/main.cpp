@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: Apache-2.0
+// cad-importer-server: the command line, and how the process ends when it isn't by itself.
+#include "platform/process.h"
+#include "server/failure.h"
+#include "server/importrun.h"
+#include "server/options.h"
+#include "server/progress.h"
+#include "server/writing/partialfile.h"
+
+#include <QCoreApplication>
+#include <Standard_Version.hxx>
+
+#include <clocale>
+#include <iostream>
+
+namespace {
+
+using server::ExitCode;
+
+/// Called in a signal handler: what a crash leaves behind goes, and its phase is named.
+const char* lastWords() {
+    server::PartialFile::removeAll();
+    return server::Progress::phase();
+}
+
+void endAt(ExitCode code, const char* reason) {
+    server::PartialFile::removeAll();
+    std::cerr << "cad-importer-server: " << reason << std::endl;
+    platform::exitNow(static_cast<int>(code));
+}
+
+/// The kernel can't be interrupted, so the process ends under it.
+void watchForTheEnd() {
+    platform::onInterrupt([] { endAt(ExitCode::stopped, "stopped on request"); });
+    platform::onParentDeath([] { endAt(ExitCode::parentGone, "the starting process has gone"); });
+    platform::onCrash("cad-importer-server", &lastWords, {},
+                      static_cast<int>(ExitCode::kernelCrashed));
+}
+
+ExitCode perform(const QStringList& words) {
+    try {
+        const server::Options options = server::parseOptions(words);
+        if (options.help) {
+            std::cout << server::helpText().toStdString();
+        } else if (options.version) {
+            std::cout << "cad-importer-server " BRIX_VERSION ", Open CASCADE " OCC_VERSION_COMPLETE
+                      << std::endl;
+        } else {
+            watchForTheEnd();
+            return server::runImport(options, std::cerr);
+        }
+        return ExitCode::ok;
+    } catch (const server::Failure& failure) {
+        std::cerr << "cad-importer-server: " << failure.what() << std::endl;
+        return failure.code();
+    }
+}
+
+} // namespace
+
+int main(int count, char** words) {
+    const QCoreApplication application(count, words);
+    // Qt has taken the user's locale; the kernel reads numbers with the C library.
+    std::setlocale(LC_NUMERIC, "C");
+    return static_cast<int>(perform(QCoreApplication::arguments().mid(1)));
+}
