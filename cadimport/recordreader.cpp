@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: Apache-2.0
+// Wire names as they lie in the window, and the loop's one step.
+#include "cadimport/recordreader.h"
+
+#include "cadimport/messageregistry.h"
+#include "cadimport/recordwindow.h"
+#include "cadimport/wire.h"
+
+#include <QByteArray>
+#include <QtEndian>
+
+#include <cstring>
+#include <vector>
+
+namespace CADImport {
+namespace {
+
+QByteArray wireForm(const QString& name) {
+    QByteArray bytes(name.size() * 2, Qt::Uninitialized);
+    qToBigEndian<quint16>(name.utf16(), name.size(), bytes.data());
+    return bytes;
+}
+
+/// The registry by the names' bytes on the wire: a table at most half full, probed in a row.
+class WireNames {
+public:
+    explicit WireNames(const MessageRegistry& registry);
+
+    qsizetype longest() const { return longest_; }
+    MessageFactory find(WireBytes name) const;
+
+private:
+    struct Entry {
+        QByteArray name;
+        MessageFactory factory = nullptr;
+    };
+    std::size_t slot(WireBytes name) const;
+
+    std::vector<Entry> entries_;
+    qsizetype longest_ = 0;
+};
+
+WireNames::WireNames(const MessageRegistry& registry) {
+    std::size_t size = 64;
+    while (size < static_cast<std::size_t>(registry.size()) * 2) size *= 2;
+    entries_.resize(size);
+    for (auto entry = registry.begin(); entry != registry.end(); ++entry) {
+        const QByteArray name = wireForm(entry.key());
+        if (!entry.value()) continue;
+        const WireBytes bytes{reinterpret_cast<const uchar*>(name.constData()), name.size()};
+        std::size_t at = slot(bytes);
+        while (entries_[at].factory) at = (at + 1) % size;
+        entries_[at] = {name, entry.value()};
+        longest_ = qMax<qsizetype>(longest_, name.size());
+    }
+}
+
+/// Names mostly differ in their last letters.
+std::size_t WireNames::slot(WireBytes name) const {
+    quint64 tail = 0;
+    const auto used = qMin<qsizetype>(name.size, sizeof(tail));
+    std::memcpy(&tail, name.data + name.size - used, static_cast<std::size_t>(used));
+    const quint64 mixed = (tail ^ static_cast<quint64>(name.size)) * 0x9E3779B97F4A7C15u;
+    return static_cast<std::size_t>(mixed >> 40) % entries_.size();
+}
+
+MessageFactory WireNames::find(WireBytes name) const {
+    for (std::size_t at = slot(name); entries_[at].factory; at = (at + 1) % entries_.size()) {
+        const QByteArray& known = entries_[at].name;
+        if (known.size() == name.size &&
+            std::memcmp(known.constData(), name.data, static_cast<std::size_t>(name.size)) == 0) {
+            return entries_[at].factory;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+struct RecordReader::Private {
+    explicit Private(QIODevice& device)
+        : window(device), stream(&window), names(messageRegistry()) {
+        stream.setVersion(streamVersion);
+    }
+    MessageFactory nextFactory();
+
+    RecordWindow window;
+    QDataStream stream;
+    WireNames names;
+};
+
+/// Consumes the name. One that is null, of odd length or cut reads as the empty name, which stands
+/// for nothing; of an odd one only the length is consumed.
+MessageFactory RecordReader::Private::nextFactory() {
+    const WireBytes head = window.take(sizeof(quint32));
+    CutBytes cut{head.data, head.data + head.size};
+    const qint64 size = cut.next<quint32>();
+    if (size % 2 != 0) return nullptr;
+    if (size > names.longest()) {
+        window.skip(size);
+        return nullptr;
+    }
+    const WireBytes name = window.take(static_cast<qsizetype>(size));
+    return name.size == size ? names.find(name) : nullptr;
+}
+
+RecordReader::RecordReader(QIODevice& device) : d(new Private(device)) {}
+RecordReader::~RecordReader() = default;
+
+bool RecordReader::atEnd() { return !d->window.hasBytes(); }
+
+std::unique_ptr<Message> RecordReader::next() {
+    const MessageFactory factory = d->nextFactory();
+    std::unique_ptr<Message> message(factory ? factory() : nullptr);
+    if (message) message->read(d->stream);
+    return message;
+}
+
+qint64 RecordReader::position() const { return d->window.consumed(); }
+
+bool RecordReader::ranOut() const { return d->window.ranOut(); }
+
+} // namespace CADImport

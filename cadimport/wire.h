@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: Apache-2.0
+// How the fields of a body become bytes and come back.
+//
+// A message hands its fields to `run` as long as their size is fixed, and each list to `list`. A
+// WireReader takes a run with one check of what is there, and the numbers of a list in large
+// pieces. At the end of the data it yields what reading value by value would: a number that isn't
+// wholly there is 0, and so is everything behind it.
+//
+// A list is read by one rule: it is emptied; a count of 0 or below leaves it so; else it ends when
+// the count is reached or when the stream is at its end right behind an element. So what is
+// allocated grows with the bytes that are there, whatever the count says.
+#pragma once
+
+#include "cadimport/fieldtypes.h"
+#include "cadimport/recordwindow.h"
+
+#include <QDataStream>
+#include <QList>
+#include <QString>
+#include <QtEndian>
+
+#include <array>
+#include <bit>
+#include <type_traits>
+
+namespace CADImport {
+
+/// The unsigned number that carries a field's bytes: a field is one or several of them in a row.
+template <class Field> struct WireWord { using Type = quint64; };
+template <> struct WireWord<int> { using Type = quint32; };
+template <> struct WireWord<std::array<int, 2>> { using Type = quint32; };
+template <> struct WireWord<bool> { using Type = quint8; };
+
+/// All fields of fixed size are as long on the wire as in memory.
+template <class... Fields>
+constexpr qsizetype wireSize = static_cast<qsizetype>((sizeof(Fields) + ... + 0));
+
+template <class Field>
+using WireWords = std::array<typename WireWord<Field>::Type,
+                             sizeof(Field) / sizeof(typename WireWord<Field>::Type)>;
+
+/// Takes numbers from bytes of which there are enough.
+struct WholeBytes {
+    const uchar* at;
+
+    template <class Word> Word next() {
+        const Word word = qFromBigEndian<Word>(at);
+        at += sizeof(Word);
+        return word;
+    }
+};
+
+/// Takes numbers from bytes that may end within one: it and all behind it are 0.
+struct CutBytes {
+    const uchar* at;
+    const uchar* end;
+
+    template <class Word> Word next() {
+        if (end - at < static_cast<qptrdiff>(sizeof(Word))) {
+            at = end;
+            return 0;
+        }
+        WholeBytes whole{at};
+        at += sizeof(Word);
+        return whole.next<Word>();
+    }
+};
+
+template <class Source, class Field> void decode(Source& source, Field& field) {
+    WireWords<Field> words;
+    for (auto& word : words) word = source.template next<typename WireWord<Field>::Type>();
+    field = std::bit_cast<Field>(words);
+}
+/// Any byte but 0 is true.
+template <class Source> void decode(Source& source, bool& field) {
+    field = source.template next<quint8>() != 0;
+}
+
+template <class Field> void encode(uchar*& at, const Field& field) {
+    for (const auto word : std::bit_cast<WireWords<Field>>(field)) {
+        qToBigEndian(word, at);
+        at += sizeof(word);
+    }
+}
+inline void encode(uchar*& at, bool field) { *at++ = field ? 1 : 0; }
+
+/// Lives for the reading of one body.
+class WireReader {
+public:
+    explicit WireReader(QDataStream& stream);
+
+    template <class... Fields> void run(Fields&... fields) {
+        constexpr auto size = wireSize<Fields...>;
+        static_assert(size <= scratchSize);
+        const WireBytes bytes = take(size);
+        if (bytes.size == size) {
+            WholeBytes whole{bytes.data};
+            (decode(whole, fields), ...);
+        } else {
+            CutBytes cut{bytes.data, bytes.data + bytes.size};
+            (decode(cut, fields), ...);
+        }
+    }
+    void list(QList<int>& numbers);
+    void list(QList<double>& numbers);
+    void list(QList<ControlPoint>& points);
+    void list(QList<QList<ControlPoint>>& rows);
+    void list(QList<QString>& words);
+
+private:
+    static constexpr qsizetype scratchSize = 4096;
+
+    template <class Number> void numberList(QList<Number>& list);
+    template <class List, class ReadLast> void elementList(List& list, ReadLast readLast);
+    int count();
+    bool endsBefore(qsizetype missing);
+    WireBytes take(qsizetype size) { return window_ ? window_->take(size) : copy(size); }
+    WireBytes takeElements(qsizetype size, qsizetype count);
+    WireBytes copy(qsizetype size);
+
+    QDataStream& stream_;
+    RecordWindow* window_; // null when the stream's device is another one
+    uchar scratch_[scratchSize];
+};
+
+/// Lives for the writing of one body.
+class WireWriter {
+public:
+    explicit WireWriter(QDataStream& stream) : stream_(stream) {}
+
+    template <class... Fields> void run(const Fields&... fields) {
+        uchar bytes[wireSize<Fields...>];
+        uchar* at = bytes;
+        (encode(at, fields), ...);
+        put(bytes, at);
+    }
+    void list(const QList<int>& numbers);
+    void list(const QList<double>& numbers);
+    void list(const QList<ControlPoint>& points);
+    void list(const QList<QList<ControlPoint>>& rows);
+    void list(const QList<QString>& words);
+
+private:
+    template <class Number> void numberList(const QList<Number>& list);
+    void put(const uchar* begin, const uchar* end);
+
+    QDataStream& stream_;
+};
+
+} // namespace CADImport
