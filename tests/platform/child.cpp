@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: Apache-2.0
+// The other process of the tests: does what its first argument says.
+#include "platform/clock.h"
+#include "platform/environment.h"
+#include "platform/file.h"
+#include "platform/process.h"
+#include "platform/sync.h"
+
+#include <QProcess>
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <map>
+#include <string>
+
+namespace {
+
+void say(const char* text) {
+    std::puts(text);
+    std::fflush(stdout);
+}
+
+[[noreturn]] void stay() {
+    for (;;) platform::sleep(1000);
+}
+
+int hold(const char* name) {
+    const auto mutex = platform::createNamedMutex(name);
+    if (!mutex || !mutex->wait(10'000)) return 1;
+    say("held");
+    stay();
+}
+
+int interrupted(const char*) {
+    platform::onInterrupt([] {
+        say("interrupted");
+        platform::exitNow(9);
+    });
+    say("ready");
+    stay();
+}
+
+int stubborn(const char*) {
+    platform::onInterrupt([] { say("no"); });
+    say("ready");
+    stay();
+}
+
+void leaveMark(const char* path) {
+    std::FILE* file = platform::openStream(path, "w");
+    if (file) std::fclose(file);
+}
+
+int watch(const char* path) {
+    platform::onParentDeath([path] {
+        leaveMark(path);
+        platform::exitNow(10);
+    });
+    say("ready");
+    stay();
+}
+
+/// Starts the watching one and ends, without giving Qt the chance to end that first.
+int die(const char* path) {
+    auto* process = new QProcess;
+    const QString program = QString::fromStdU16String(platform::executablePath());
+    process->start(QString(program).replace('\\', '/'), {"watch", path});
+    if (!process->waitForReadyRead(10'000)) return 1;
+    platform::exitNow(0);
+}
+
+int useMemory(const char* limit) {
+    if (!platform::limitMemory(std::strtoull(limit, nullptr, 10))) return 1;
+    void* some = std::malloc(std::size_t{1} << 20);
+    void* tooMuch = std::malloc(std::size_t{1} << 40);
+    const bool held = some && !tooMuch;
+    std::free(some);
+    std::free(tooMuch);
+    return held ? 0 : 2;
+}
+
+int printVariable(const char* name) {
+    const char* value = platform::getenv(name);
+    say(value ? value : "(none)");
+    return 0;
+}
+
+/// Only a negative depth, which never comes, would end it.
+int recurse(volatile int* depth) {
+    if (*depth < 0) return 0;
+    volatile char room[4096];
+    room[0] = static_cast<char>(*depth);
+    *depth = *depth + 1;
+    return recurse(depth) + room[0];
+}
+
+int crash(const char* kind) {
+    const char* mark = std::strchr(kind, ':');
+    platform::onCrash(
+        "child", [] { return "testing"; }, mark ? mark + 1 : "", 8);
+    const std::string what(kind, mark ? static_cast<std::size_t>(mark - kind) : std::strlen(kind));
+    const std::map<std::string, int> kinds{
+        {"fault", SIGFPE}, {"memory", SIGSEGV}, {"instruction", SIGILL}};
+    if (what == "abort") std::abort();
+    if (what == "stack") {
+        int depth = 0;
+        return recurse(&depth);
+    }
+    if (what == "pointer") *reinterpret_cast<volatile int*>(std::uintptr_t{16}) = 1;
+    std::raise(kinds.at(what));
+    return 0;
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    const std::map<std::string, int (*)(const char*)> jobs{
+        {"hold", hold},         {"interrupted", interrupted},
+        {"stubborn", stubborn}, {"watch", watch},
+        {"die", die},           {"useMemory", useMemory},
+        {"crash", crash},       {"printVariable", printVariable}};
+    if (count < 2 || !jobs.contains(arguments[1])) return 99;
+    return jobs.at(arguments[1])(count > 2 ? arguments[2] : "");
+}

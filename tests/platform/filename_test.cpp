@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: Apache-2.0
+// Names of files that are long, foreign or no Unicode at all: what was made is found again.
+#include "platform/directory.h"
+#include "platform/file.h"
+
+#include "tests/platform/scratch.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+namespace platform::test {
+namespace {
+
+std::u16string units(std::initializer_list<unsigned> values) {
+    std::u16string result;
+    for (const unsigned value : values) result += static_cast<char16_t>(value);
+    return result;
+}
+
+const std::u16string names[] = {
+    u"plain.txt",
+    u" blank and.dot",
+    u"\u00e4\u00f6\u00df-\u6f22\u5b57-\u0416",
+    u"\U0001F600 pair",
+    std::u16string(200, u'n'),
+    std::u16string(80, u'\u6f22'),
+    units({0xD800}),
+    units({'a', 0xDC00, 'b'}),
+    units({0xDC00, 0xD800}),
+    units({0xD83D, 0xD83D, 0xDE00, 0xDE00}),
+    units({0xD800, 'x', 0xDBFF, 0x20AC}),
+    units({'e', 0xDCE9, 't', 0xDCFF}),
+    units({0xDC7F, 0xDD00, 0xDFFF}),
+};
+
+TEST(FileName, ComesBackFromTheDirectoryAsItWasMade) {
+    const Scratch scratch;
+    for (const std::u16string& name : names) {
+        const Descriptor file =
+            open(scratch.path(name).c_str(),
+                 open_flag::writeOnly | open_flag::create | open_flag::exclusive);
+        ASSERT_GE(file, 0) << testing::PrintToString(name);
+        close(file);
+    }
+    std::set<std::u16string> listed;
+    std::u16string name;
+    DirectorySearch* search = findFirst(scratch.path().c_str(), name);
+    ASSERT_NE(search, nullptr);
+    do {
+        listed.insert(name);
+    } while (findNext(search, name));
+    findClose(search);
+    for (const std::u16string& made : names) {
+        EXPECT_TRUE(listed.contains(made)) << testing::PrintToString(made);
+        EXPECT_EQ(unlink(scratch.path(made).c_str()), 0) << testing::PrintToString(made);
+    }
+    EXPECT_EQ(listed.size(), std::size(names) + 2) << "and the two dots";
+}
+
+} // namespace
+} // namespace platform::test
