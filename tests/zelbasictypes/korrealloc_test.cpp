@@ -245,7 +245,8 @@ TEST_F(KorRealloc, EndsTheProcessWhenNothingHelps) {
     const KorString unusable = KorString::borrow(u"\\no\\such\\directory");
     fill(10);
     scarcity.greatestResize = scarcity.greatestNew = 0;
-    EXPECT_EXIT(korMalloc(&block, elementSize, 8), failure, "run out of memory");
+    void* other = nullptr;
+    EXPECT_EXIT(korMalloc(&other, elementSize, 8), failure, "run out of memory");
     EXPECT_EXIT(
         {
             scarcity.greatestNew = elementsOf(2000); // enough for names, too little for the block
