@@ -140,7 +140,7 @@ constexpr std::int64_t scanBlock = 128 / sizeof(char16_t);
 
 /// The number of units, in whole blocks, up to which there is neither `stop` nor a terminator.
 /// `text` is aligned to a block, so that none crosses into another page.
-__attribute__((target("avx2"), no_sanitize("address"))) std::int64_t
+__attribute__((target("avx2"), no_sanitize("address", "thread"))) std::int64_t
 quietBlocks(const char16_t* text, char16_t stop, std::int64_t limit) {
     const __m256i stops = all256(stop), zero = _mm256_setzero_si256();
     std::int64_t at = 0;
@@ -159,7 +159,7 @@ quietBlocks(const char16_t* text, char16_t stop, std::int64_t limit) {
 
 /// Looks at one aligned register after the other from the one that holds `text`, up to `limit`;
 /// the result is `limit` or above when nothing was found in front of it.
-__attribute__((no_sanitize("address"))) std::int64_t
+__attribute__((no_sanitize("address", "thread"))) std::int64_t
 scanRegisters(const char16_t* text, char16_t stop, std::int64_t limit) {
     const std::size_t before = reinterpret_cast<std::uintptr_t>(text) % 16;
     const auto* block =
