@@ -7,9 +7,9 @@
 
 namespace zeltext {
 
-/// The number of units in front of the first terminator or `stop`, at most `limit`. Reads whole
-/// aligned blocks around the text, at most 128 bytes, so that it stays within the memory pages of the
-/// text; the sanitizers are told not to mind.
+/// The number of units in front of the first terminator or `stop`, at most `limit`. Reads the whole
+/// aligned blocks, of at most 128 bytes, that the text touches: that stays within its memory pages,
+/// and the sanitizers are told not to mind.
 std::int64_t unitsBefore(const char16_t* text, char16_t stop, std::int64_t limit = INT64_MAX);
 
 /// The length of a text, or `limit` if that is lower. A null text has length 0.
