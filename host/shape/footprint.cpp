@@ -1,0 +1,261 @@
+// SPDX-License-Identifier: Apache-2.0
+// Feet of points on the edge, taken from its middle outwards so that each is near the one before,
+// joined by cubics whose number grows until they keep to the surface's feet.
+#include "host/shape/footprint.h"
+
+#include <Geom2d_BSplineCurve.hxx>
+#include <Geom2d_Line.hxx>
+#include <Geom_BSplineCurve.hxx>
+#include <TColStd_Array1OfInteger.hxx>
+#include <TColStd_Array1OfReal.hxx>
+#include <TColgp_Array1OfPnt2d.hxx>
+#include <gp_Vec.hxx>
+
+#include <algorithm>
+#include <cmath>
+
+namespace host {
+namespace {
+
+constexpr double straightToleranceMm = 2e-8;
+constexpr double cubicToleranceMm = 1e-8;
+constexpr std::size_t greatestNodeCount = 400;
+constexpr int firstIntervals = 12;
+
+using Node = Trace::Node;
+
+class Tracer {
+public:
+    Tracer(const ParameterSpace& space, const BoundedCurve& edge) : space_(space), edge_(edge) {}
+
+    Trace trace(bool along) {
+        takeFeet();
+        settleEnds();
+        settleBorders(along);
+        if (isStraight()) return straight();
+        findSpeeds();
+        for (std::size_t i = 0; i + 1 < trace_.nodes.size();) {
+            if (trace_.nodes.size() >= greatestNodeCount || !split(i)) ++i;
+        }
+        return std::move(trace_);
+    }
+
+private:
+    gp_Pnt point(double t) const { return edge_.curve->Value(t); }
+
+    /// Even steps, and the places where a spline's pieces meet.
+    std::vector<double> parameters() const {
+        std::vector<double> result;
+        const double extent = edge_.last - edge_.first;
+        for (int i = 0; i <= firstIntervals; ++i) {
+            result.push_back(edge_.first + extent * i / firstIntervals);
+        }
+        result.back() = edge_.last;
+        if (const auto spline = Handle(Geom_BSplineCurve)::DownCast(edge_.curve);
+            !spline.IsNull()) {
+            for (int i = 2; i < spline->NbKnots(); ++i) result.push_back(spline->Knot(i));
+        }
+        std::sort(result.begin(), result.end());
+        const auto close = [extent](double a, double b) { return b - a < 1e-6 * extent; };
+        result.erase(std::unique(result.begin(), result.end() - 1, close), result.end() - 1);
+        return result;
+    }
+
+    void takeFeet() {
+        const std::vector<double> ts = parameters();
+        trace_.nodes.resize(ts.size());
+        const std::size_t middle = ts.size() / 2;
+        trace_.nodes[middle] = {ts[middle], space_.foot(point(ts[middle])), {}};
+        for (std::size_t i = middle + 1; i < ts.size(); ++i) takeFoot(i, ts[i], i - 1);
+        for (std::size_t i = middle; i-- > 0;) takeFoot(i, ts[i], i + 1);
+    }
+    void takeFoot(std::size_t i, double t, std::size_t from) {
+        trace_.nodes[i] = {t, space_.foot(point(t), trace_.nodes[from].uv), {}};
+    }
+
+    /// At a pole one parameter is anything: there it is what the edge comes in with.
+    void settleEnds() {
+        settleEnd(trace_.nodes.front(), trace_.nodes[1]);
+        settleEnd(trace_.nodes.back(), trace_.nodes[trace_.nodes.size() - 2]);
+    }
+    void settleEnd(Node& end, const Node& inner) const {
+        for (int direction = 0; direction < 2; ++direction) {
+            if (!space_.isSingular(end.uv, direction)) continue;
+            const double step = 1e-3 * (inner.parameter - end.parameter);
+            const gp_Pnt2d far = space_.foot(point(end.parameter + 2.0 * step), inner.uv);
+            const gp_Pnt2d close = space_.foot(point(end.parameter + step), far);
+            const int coordinate = direction + 1;
+            end.uv.SetCoord(coordinate, 2.0 * close.Coord(coordinate) - far.Coord(coordinate));
+        }
+    }
+
+    /// On a surface whose two borders coincide, an edge along them lies where the material is on
+    /// its left.
+    void settleBorders(bool along) {
+        for (int direction = 0; direction < 2; ++direction) {
+            if (!space_.isClosed(direction) || !liesOnBorder(direction)) continue;
+            const int other = 2 - direction;
+            const double change = trace_.end().Coord(other) - trace_.start().Coord(other);
+            const bool rises = (change > 0.0) == along;
+            const double border =
+                rises == (direction == 0) ? space_.greatest(direction) : space_.least(direction);
+            for (Node& node : trace_.nodes) node.uv.SetCoord(direction + 1, border);
+            border_ = {direction + 1, border};
+        }
+    }
+    bool liesOnBorder(int direction) const {
+        const double low = space_.least(direction), high = space_.greatest(direction);
+        const double margin = 1e-6 * (high - low);
+        return std::all_of(trace_.nodes.begin(), trace_.nodes.end(), [&](const Node& node) {
+            const double value = node.uv.Coord(direction + 1);
+            return value < low + margin || value > high - margin;
+        });
+    }
+
+    gp_Pnt2d foot(double t, const gp_Pnt2d& near) const {
+        gp_Pnt2d uv = space_.foot(point(t), near);
+        if (border_.coordinate) uv.SetCoord(border_.coordinate, border_.value);
+        return uv;
+    }
+
+    bool isStraight() const {
+        const Node& a = trace_.nodes.front();
+        const Node& b = trace_.nodes.back();
+        const gp_Vec2d across(a.uv, b.uv);
+        return std::all_of(trace_.nodes.begin(), trace_.nodes.end(), [&](const Node& node) {
+            const double share = (node.parameter - a.parameter) / (b.parameter - a.parameter);
+            const gp_Pnt2d uv = a.uv.Translated(across * share);
+            return space_.point(uv).Distance(space_.point(node.uv)) <= straightToleranceMm;
+        });
+    }
+    Trace straight() {
+        const Node& a = trace_.nodes.front();
+        const Node& b = trace_.nodes.back();
+        const gp_Vec2d speed = gp_Vec2d(a.uv, b.uv) / (b.parameter - a.parameter);
+        for (Node& node : trace_.nodes) {
+            node.uv = a.uv.Translated(speed * (node.parameter - a.parameter));
+            node.speed = speed;
+        }
+        trace_.isStraight = true;
+        return std::move(trace_);
+    }
+
+    void findSpeeds() {
+        const std::size_t last = trace_.nodes.size() - 1;
+        for (std::size_t i = 0; i <= last; ++i) {
+            const Node& before = trace_.nodes[i == 0 ? 0 : i - 1];
+            const Node& after = trace_.nodes[i == last ? last : i + 1];
+            const gp_Vec2d secant =
+                gp_Vec2d(before.uv, after.uv) / (after.parameter - before.parameter);
+            trace_.nodes[i].speed = speedAt(trace_.nodes[i], secant);
+        }
+    }
+    gp_Vec2d speedAt(const Node& node, const gp_Vec2d& secant) const {
+        if (space_.isSingular(node.uv, 0) || space_.isSingular(node.uv, 1)) return secant;
+        gp_Pnt ignored;
+        gp_Vec along;
+        edge_.curve->D1(node.parameter, ignored, along);
+        gp_Vec2d speed = space_.speed(node.uv, along).value_or(secant);
+        if (border_.coordinate == 1) speed.SetX(0.0);
+        if (border_.coordinate == 2) speed.SetY(0.0);
+        return speed;
+    }
+
+    static gp_Pnt2d cubicAt(const Node& a, const Node& b, double share) {
+        const double h = b.parameter - a.parameter, s = share, r = 1.0 - share;
+        const gp_XY value = a.uv.XY() * (r * r * (1.0 + 2.0 * s)) +
+                            b.uv.XY() * (s * s * (1.0 + 2.0 * r)) + a.speed.XY() * (h * s * r * r) -
+                            b.speed.XY() * (h * s * s * r);
+        return gp_Pnt2d(value);
+    }
+
+    /// Whether a node had to come between `i` and the next one.
+    bool split(std::size_t i) {
+        const Node a = trace_.nodes[i], b = trace_.nodes[i + 1];
+        if (b.parameter - a.parameter < 1e-5 * (edge_.last - edge_.first)) return false;
+        const auto isOff = [&](double share) {
+            const gp_Pnt2d cubic = cubicAt(a, b, share);
+            const double t = a.parameter + share * (b.parameter - a.parameter);
+            return space_.point(cubic).Distance(space_.point(foot(t, cubic))) > cubicToleranceMm;
+        };
+        if (!isOff(0.5) && !isOff(0.2)) return false;
+        Node middle{0.5 * (a.parameter + b.parameter), {}, {}};
+        middle.uv = foot(middle.parameter, cubicAt(a, b, 0.5));
+        middle.speed = speedAt(middle, gp_Vec2d(a.uv, b.uv) / (b.parameter - a.parameter));
+        trace_.nodes.insert(trace_.nodes.begin() + static_cast<std::ptrdiff_t>(i) + 1, middle);
+        return true;
+    }
+
+    /// The coordinate (1 or 2) that a border fixes; 0 for none.
+    struct Border {
+        int coordinate = 0;
+        double value = 0.0;
+    };
+
+    const ParameterSpace& space_;
+    const BoundedCurve& edge_;
+    Trace trace_;
+    Border border_;
+};
+
+/// A line where its parameter, a length, is that of the edge; a spline of degree 1 elsewhere.
+Handle(Geom2d_Curve) straightCurve(const Node& first, const Node& last) {
+    const double extent = last.parameter - first.parameter;
+    const gp_Vec2d across(first.uv, last.uv);
+    if (std::abs(across.Magnitude() - extent) <= 1e-11 * (1.0 + extent)) {
+        const gp_Dir2d direction(across);
+        return new Geom2d_Line(first.uv.Translated(gp_Vec2d(direction) * -first.parameter),
+                               direction);
+    }
+    TColgp_Array1OfPnt2d poles(1, 2);
+    TColStd_Array1OfReal knots(1, 2);
+    TColStd_Array1OfInteger counts(1, 2);
+    poles(1) = first.uv;
+    poles(2) = last.uv;
+    knots(1) = first.parameter;
+    knots(2) = last.parameter;
+    counts.Init(2);
+    return new Geom2d_BSplineCurve(poles, knots, counts, 1);
+}
+
+} // namespace
+
+void Trace::move(const gp_Vec2d& by) {
+    for (Node& node : nodes) node.uv.Translate(by);
+}
+
+Handle(Geom2d_Curve) Trace::curve() const {
+    if (isStraight) return straightCurve(nodes.front(), nodes.back());
+    const int count = static_cast<int>(nodes.size());
+    TColgp_Array1OfPnt2d poles(1, 2 * count);
+    TColStd_Array1OfReal knots(1, count);
+    TColStd_Array1OfInteger counts(1, count);
+    for (int i = 0; i < count; ++i) {
+        const Node& node = nodes[static_cast<std::size_t>(i)];
+        const auto third = [&](int other) {
+            return (nodes[static_cast<std::size_t>(other)].parameter - node.parameter) / 3.0;
+        };
+        poles(2 * i + 1) = i == 0 ? node.uv : node.uv.Translated(node.speed * third(i - 1));
+        poles(2 * i + 2) = i == count - 1 ? node.uv : node.uv.Translated(node.speed * third(i + 1));
+        knots(i + 1) = node.parameter;
+        counts(i + 1) = i == 0 || i == count - 1 ? 4 : 2;
+    }
+    return new Geom2d_BSplineCurve(poles, knots, counts, 3);
+}
+
+Trace traceOf(const ParameterSpace& space, const BoundedCurve& edge, bool along) {
+    return Tracer(space, edge).trace(along);
+}
+
+double deviationOf(const ParameterSpace& space, const BoundedCurve& edge,
+                   const Handle(Geom2d_Curve) & curve) {
+    constexpr int steps = 44;
+    double worst = 0.0;
+    for (int i = 0; i <= steps; ++i) {
+        const double t = edge.first + (edge.last - edge.first) * i / steps;
+        worst = std::max(worst, space.point(curve->Value(t)).Distance(edge.curve->Value(t)));
+    }
+    return worst;
+}
+
+} // namespace host

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: Apache-2.0
+// The curve of an edge in the parameters of a surface, with the edge's own parameter.
+#pragma once
+
+#include "host/shape/geometry.h"
+#include "host/shape/parameterspace.h"
+
+#include <Geom2d_Curve.hxx>
+
+#include <vector>
+
+namespace host {
+
+/// Where an edge lies in the parameters of a surface. The parameters run on unbroken, so that on a
+/// periodic surface they may leave the basic range.
+struct Trace {
+    struct Node {
+        double parameter = 0.0; ///< of the edge
+        gp_Pnt2d uv;
+        gp_Vec2d speed;
+    };
+    std::vector<Node> nodes; ///< rising parameters, two at least
+    bool isStraight = false; ///< the straight line between the ends is exact
+
+    const gp_Pnt2d& start() const { return nodes.front().uv; }
+    const gp_Pnt2d& end() const { return nodes.back().uv; }
+    void move(const gp_Vec2d& by);
+
+    /// As a curve of the kernel between the edge's own bounds.
+    Handle(Geom2d_Curve) curve() const;
+};
+
+/// `along` is the direction of the loop, which runs counter-clockwise in the parameters: it decides
+/// on which of two coinciding borders an edge lies.
+Trace traceOf(const ParameterSpace& space, const BoundedCurve& edge, bool along);
+
+/// The greatest distance seen between the edge and the curve on the surface, in millimetres.
+double deviationOf(const ParameterSpace& space, const BoundedCurve& edge,
+                   const Handle(Geom2d_Curve) & curve);
+
+} // namespace host

@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: Apache-2.0
+// Elementary surfaces are asked by formula, splines by a search that is refined by Newton's method.
+#include "host/shape/parameterspace.h"
+
+#include <ElSLib.hxx>
+#include <GeomAdaptor_Surface.hxx>
+#include <gp_Vec.hxx>
+
+#include <algorithm>
+#include <cmath>
+
+namespace host {
+namespace {
+
+/// Two points nearer than this are the same. In millimetres.
+constexpr double same = 1e-7;
+
+/// A search result further off than this is not trusted. In millimetres.
+constexpr double suspicious = 1e-3;
+
+double near(double value, double wanted, double period) {
+    return period > 0.0 ? value + period * std::round((wanted - value) / period) : value;
+}
+
+} // namespace
+
+ParameterSpace::ParameterSpace(const Handle(Geom_Surface) & surface) : surface_(surface) {
+    const GeomAbs_SurfaceType type = GeomAdaptor_Surface(surface).GetType();
+    isPlane_ = type == GeomAbs_Plane;
+    isElementary_ = type <= GeomAbs_Torus;
+    surface->Bounds(least_[0], greatest_[0], least_[1], greatest_[1]);
+    if (surface->IsUPeriodic()) periods_[0] = surface->UPeriod();
+    if (surface->IsVPeriodic()) periods_[1] = surface->VPeriod();
+    if (!isElementary_) measureSpline();
+}
+
+void ParameterSpace::measureSpline() {
+    search_ = new ShapeAnalysis_Surface(surface_);
+    constexpr int steps = 8;
+    bool isClosedU = true, isClosedV = true;
+    for (int i = 0; i <= steps; ++i) {
+        const double u = least_[0] + (greatest_[0] - least_[0]) * i / steps;
+        const double v = least_[1] + (greatest_[1] - least_[1]) * i / steps;
+        isClosedU &=
+            surface_->Value(least_[0], v).Distance(surface_->Value(greatest_[0], v)) < same;
+        isClosedV &=
+            surface_->Value(u, least_[1]).Distance(surface_->Value(u, greatest_[1])) < same;
+        for (int k = 0; k <= steps; ++k) {
+            gp_Pnt point;
+            gp_Vec alongU, alongV;
+            const double across = least_[1] + (greatest_[1] - least_[1]) * k / steps;
+            surface_->D1(u, across, point, alongU, alongV);
+            greatestSpeed_[0] = std::max(greatestSpeed_[0], alongU.Magnitude());
+            greatestSpeed_[1] = std::max(greatestSpeed_[1], alongV.Magnitude());
+        }
+    }
+    closed_ = {isClosedU, isClosedV};
+}
+
+gp_Pnt2d ParameterSpace::elementaryFoot(const gp_Pnt& point) const {
+    const GeomAdaptor_Surface known(surface_);
+    double u = 0.0, v = 0.0;
+    switch (known.GetType()) {
+    case GeomAbs_Plane:
+        ElSLib::Parameters(known.Plane(), point, u, v);
+        break;
+    case GeomAbs_Cylinder:
+        ElSLib::Parameters(known.Cylinder(), point, u, v);
+        break;
+    case GeomAbs_Cone:
+        ElSLib::Parameters(known.Cone(), point, u, v);
+        break;
+    case GeomAbs_Sphere:
+        ElSLib::Parameters(known.Sphere(), point, u, v);
+        break;
+    default:
+        ElSLib::Parameters(known.Torus(), point, u, v);
+        break;
+    }
+    return gp_Pnt2d(u, v);
+}
+
+gp_Pnt2d ParameterSpace::foot(const gp_Pnt& point) const {
+    return isElementary_ ? elementaryFoot(point) : refined(point, search_->ValueOfUV(point, same));
+}
+
+gp_Pnt2d ParameterSpace::foot(const gp_Pnt& point, const gp_Pnt2d& wanted) const {
+    if (isElementary_) {
+        const gp_Pnt2d uv = elementaryFoot(point);
+        return gp_Pnt2d(near(uv.X(), wanted.X(), periods_[0]),
+                        near(uv.Y(), wanted.Y(), periods_[1]));
+    }
+    const gp_Pnt2d uv = refined(point, wanted);
+    const double distance = this->point(uv).Distance(point);
+    if (distance <= suspicious) return uv;
+    const gp_Pnt2d found = foot(point);
+    return this->point(found).Distance(point) < 0.5 * distance ? found : uv;
+}
+
+/// Newton's method on the squared distance, kept between the borders; a parameter that is pushed
+/// against its border stays there while the other one goes on.
+gp_Pnt2d ParameterSpace::refined(const gp_Pnt& point, gp_Pnt2d uv) const {
+    for (int i = 0; i < 30; ++i) {
+        gp_Pnt at;
+        gp_Vec u, v, uu, vv, across;
+        surface_->D2(uv.X(), uv.Y(), at, u, v, uu, vv, across);
+        const gp_Vec off(point, at);
+        const double gradientU = off.Dot(u), gradientV = off.Dot(v);
+        double a = u.SquareMagnitude() + off.Dot(uu), b = u.Dot(v) + off.Dot(across);
+        double c = v.SquareMagnitude() + off.Dot(vv);
+        if (a <= 0.0 || c <= 0.0 || a * c - b * b <= 1e-12 * a * c) {
+            a = u.SquareMagnitude();
+            b = u.Dot(v);
+            c = v.SquareMagnitude();
+        }
+        const double determinant = a * c - b * b;
+        const bool holdsU =
+            (uv.X() <= least_[0] && gradientU > 0.0) || (uv.X() >= greatest_[0] && gradientU < 0.0);
+        const bool holdsV =
+            (uv.Y() <= least_[1] && gradientV > 0.0) || (uv.Y() >= greatest_[1] && gradientV < 0.0);
+        double stepU = 0.0, stepV = 0.0;
+        if (!holdsU && !holdsV && determinant > 1e-12 * a * c) {
+            stepU = (-gradientU * c + gradientV * b) / determinant;
+            stepV = (-gradientV * a + gradientU * b) / determinant;
+        } else {
+            if (!holdsU && a > 1e-300) stepU = -gradientU / a;
+            if (!holdsV && c > 1e-300 && (holdsU || a <= c)) stepV = -gradientV / c;
+            if (!holdsU && !holdsV && a <= c) stepU = 0.0;
+        }
+        const gp_Pnt2d next(std::clamp(uv.X() + stepU, least_[0], greatest_[0]),
+                            std::clamp(uv.Y() + stepV, least_[1], greatest_[1]));
+        const double moved = std::abs(next.X() - uv.X()) * u.Magnitude() +
+                             std::abs(next.Y() - uv.Y()) * v.Magnitude();
+        uv = next;
+        if (moved < 1e-11) break;
+    }
+    return uv;
+}
+
+std::optional<gp_Vec2d> ParameterSpace::speed(const gp_Pnt2d& uv, const gp_Vec& along) const {
+    gp_Pnt at;
+    gp_Vec u, v;
+    surface_->D1(uv.X(), uv.Y(), at, u, v);
+    const double a = u.SquareMagnitude(), b = u.Dot(v), c = v.SquareMagnitude();
+    const double determinant = a * c - b * b;
+    if (determinant <= 1e-14 * a * c || a * c <= 0.0) return std::nullopt;
+    const double x = u.Dot(along), y = v.Dot(along);
+    return gp_Vec2d((x * c - y * b) / determinant, (y * a - x * b) / determinant);
+}
+
+bool ParameterSpace::isSingular(const gp_Pnt2d& uv, int direction) const {
+    gp_Pnt at;
+    std::array<gp_Vec, 2> along;
+    surface_->D1(uv.X(), uv.Y(), at, along[0], along[1]);
+    const auto index = static_cast<std::size_t>(direction);
+    const double other = along[1 - index].Magnitude();
+    // Radii of elementary surfaces are lengths, so that angles compare by what a turn moves.
+    const double usual = isElementary_ ? std::max(other, 1e-2) : greatestSpeed_[index];
+    return along[index].Magnitude() < 1e-5 * usual;
+}
+
+} // namespace host
