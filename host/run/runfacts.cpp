@@ -15,11 +15,11 @@ std::string withoutModelFile(const RunFacts& facts) {
 } // namespace
 
 std::string reasonForNothing(const RunFacts& facts) {
+    if (facts.interrupted) return "the import was stopped on request";
     if (!facts.startProblem.isEmpty()) {
         return "the server can't be started: " + facts.server.toStdString() + ": " +
                facts.startProblem.toStdString();
     }
-    if (facts.interrupted) return "the import was stopped on request";
     if (facts.importerMissing) return "there is no importer to give a model to";
     if (!facts.modelFileBytes) return withoutModelFile(facts);
     if (*facts.modelFileBytes == 0) return "the model file is empty";

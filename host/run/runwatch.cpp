@@ -19,8 +19,10 @@ constexpr auto progressPause = 5s;
 } // namespace
 
 RunWatch::RunWatch(const IPtr<BusyState>& busyState, std::string what, std::ostream& progress)
-    : busyState_(busyState), what_(std::move(what)), progress_(progress),
-      thread_([this] { watch(); }) {}
+    : busyState_(busyState), what_(std::move(what)), progress_(progress) {
+    showProgress();
+    thread_ = std::thread([this] { watch(); });
+}
 
 RunWatch::~RunWatch() {
     done_ = true;

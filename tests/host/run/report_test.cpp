@@ -99,10 +99,10 @@ TEST(Reason, NamesTheMostTellingFact) {
     EXPECT_EQ(reasonForNothing(facts), "the model file is empty");
     facts.modelFileBytes = 70;
     EXPECT_EQ(reasonForNothing(facts), "the model file holds no model that can be read (70 bytes)");
-    facts.interrupted = true;
-    EXPECT_EQ(reasonForNothing(facts), "the import was stopped on request");
     facts.startProblem = "no such file";
     EXPECT_EQ(reasonForNothing(facts), "the server can't be started: serve: no such file");
+    facts.interrupted = true;
+    EXPECT_EQ(reasonForNothing(facts), "the import was stopped on request");
 }
 
 TEST(Reason, SaysWithoutServerThatTheFileIsMissing) {

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: Apache-2.0
+// The command line of brix-import.
+#include "apps/importcommand.h"
+
+#include <gtest/gtest.h>
+
+namespace apps {
+namespace {
+
+class ImportCommandTest : public testing::Test {
+protected:
+    static ParsedCommand parse(const QStringList& words) {
+        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
+        const ParsedCommand parsed = parseImportCommand(QStringList{"brix-import"} + words);
+        output = testing::internal::GetCapturedStdout();
+        errors = testing::internal::GetCapturedStderr();
+        return parsed;
+    }
+    static ImportCommand require(const QStringList& words) {
+        const ParsedCommand parsed = parse(words);
+        EXPECT_TRUE(parsed.command) << errors;
+        return parsed.command.value_or(ImportCommand{});
+    }
+    inline static std::string output, errors;
+};
+
+TEST_F(ImportCommandTest, TakesTheModelAndEveryOption) {
+    const ImportCommand command = require({"--output-base",
+                                           "o/b",
+                                           "--argument",
+                                           "-Odd",
+                                           "part.step",
+                                           "--argument",
+                                           "",
+                                           "--server",
+                                           "s",
+                                           "--module",
+                                           "m",
+                                           "--environment",
+                                           "e",
+                                           "--answer",
+                                           "yes",
+                                           "--set",
+                                           "A/b=c d",
+                                           "--set",
+                                           "D/e=f",
+                                           "--settings",
+                                           "i.ini",
+                                           "--without",
+                                           "IGuiSimpleDlg",
+                                           "--trace",
+                                           "t",
+                                           "--picture",
+                                           "p.png",
+                                           "--export",
+                                           "x.brep",
+                                           "--json",
+                                           "r.json"});
+    const host::ImportOptions& options = command.options;
+    EXPECT_EQ(options.model, "part.step");
+    EXPECT_EQ(options.outputBase, "o/b");
+    EXPECT_EQ(options.arguments, (QStringList{"-Odd", ""}));
+    EXPECT_EQ(options.server + options.module + options.environmentFile, "sme");
+    EXPECT_EQ(options.answer, std::optional(true));
+    EXPECT_EQ(options.settings, (QStringList{"A/b=c d", "D/e=f"}));
+    EXPECT_EQ(options.settingsFile, "i.ini");
+    EXPECT_EQ(options.without, QStringList{"IGuiSimpleDlg"});
+    EXPECT_EQ(options.traceFile, "t");
+    EXPECT_EQ(options.picture, "p.png");
+    EXPECT_EQ(options.exportFile, "x.brep");
+    EXPECT_FALSE(options.noServer);
+    EXPECT_TRUE(command.json);
+    EXPECT_EQ(command.jsonFile, "r.json");
+}
+
+TEST_F(ImportCommandTest, WritesJsonToStandardOutputWithoutAFile) {
+    for (const QStringList& words :
+         {QStringList{"part.step", "--json"}, QStringList{"--json", "part.step"},
+          QStringList{"part.step", "--json", "--answer", "no"}}) {
+        const ImportCommand command = require(words);
+        EXPECT_TRUE(command.json);
+        EXPECT_EQ(command.jsonFile, "");
+        EXPECT_EQ(command.options.model, "part.step");
+    }
+    EXPECT_FALSE(require({"part.step"}).json);
+    EXPECT_FALSE(require({"part.step"}).options.answer);
+}
+
+TEST_F(ImportCommandTest, RefusesWrongUseWithStatusTwoAndAReason) {
+    const QStringList wrong[] = {{},
+                                 {"--no-server"},
+                                 {"--no-server", "--output-base", "b", "part.step"},
+                                 {"part.step", "more.step"},
+                                 {"part.step", "--answer", "perhaps"},
+                                 {"part.step", "--unknown"},
+                                 {"part.step", "--trace"}};
+    for (const QStringList& words : wrong) {
+        const ParsedCommand parsed = parse(words);
+        EXPECT_FALSE(parsed.command) << words.join(' ').toStdString();
+        EXPECT_EQ(parsed.exitStatus, 2);
+        EXPECT_NE(errors, "");
+        EXPECT_EQ(output, "");
+    }
+}
+
+TEST_F(ImportCommandTest, HelpsAndTellsItsVersion) {
+    EXPECT_EQ(parse({"--help"}).exitStatus, 0);
+    for (const char* option : {"MODEL", "--output-base", "--no-server", "--argument", "--server",
+                               "--module", "--environment", "--answer", "--set", "--settings",
+                               "--without", "--trace", "--json", "--picture", "--export"}) {
+        EXPECT_NE(output.find(option), std::string::npos) << option;
+    }
+    EXPECT_EQ(parse({"--version"}).exitStatus, 0);
+    EXPECT_EQ(output.rfind("brix-import ", 0), 0u);
+}
+
+} // namespace
+} // namespace apps
