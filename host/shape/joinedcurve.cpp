@@ -3,8 +3,8 @@
 //
 // A biarc is a pair of arcs whose legs (from an end to the meeting point of the end's tangent with
 // the next) are of equal length. Its ends lie on the original curve; the place where the two arcs
-// meet need not. So pairs with equal legs are taken as one stretch each, anything else piece by
-// piece.
+// meet need not. So pairs with equal legs become one stretch each, as long as they bend little
+// enough for one cubic; anything else follows its arcs.
 #include "host/shape/joinedcurve.h"
 
 #include <Geom_BSplineCurve.hxx>
@@ -54,25 +54,103 @@ bool isBiarc(const BoundedCurve& head, const BoundedCurve& tail) {
 
 struct Node {
     gp_Pnt point;
-    gp_Vec before, after; ///< tangents of the stretches that end and begin here
-    double length = 0.0;  ///< along the chain
+    gp_Vec before, after;   ///< tangents of the stretches that end and begin here
+    double parameter = 0.0; ///< such that the derivative has length 1
+};
+
+/// The angle between the tangents at the ends.
+double bendOf(const BoundedCurve& piece) {
+    return radiusOf(piece) > 0.0 ? piece.last - piece.first : 0.0;
+}
+
+/// The parameter that a stretch takes: its length, corrected so that the cubic with derivatives of
+/// length 1 at both ends follows a circle.
+double extentOf(double length, double bend) {
+    return bend > 1e-6 ? length * 4.0 * std::tan(bend / 4.0) / bend : length;
+}
+
+/// With greater bends a cubic leaves a circle.
+constexpr double greatestBend = 0.35;
+
+/// How far a stretch may stray from its two arcs. They stray from the original themselves.
+constexpr double stretchToleranceMm = 1e-4;
+
+double distanceTo(const BoundedCurve& piece, const gp_Pnt& point) {
+    if (const auto circle = Handle(Geom_Circle)::DownCast(piece.curve); !circle.IsNull()) {
+        return circle->Circ().Distance(point);
+    }
+    return Handle(Geom_Line)::DownCast(piece.curve)->Lin().Distance(point);
+}
+
+class NodeList {
+public:
+    explicit NodeList(const BoundedCurve& front) {
+        const gp_Vec start = tangent(front, front.first);
+        nodes_.push_back({front.start(), start, start, 0.0});
+    }
+
+    /// The two as one stretch; false when one cubic doesn't follow them.
+    bool addBiarc(const BoundedCurve& head, const BoundedCurve& tail) {
+        const double bend = tangent(head, head.first).Angle(tangent(tail, tail.last));
+        if (bendOf(head) + bendOf(tail) > greatestBend) return false;
+        const double extent = extentOf(lengthOf(head) + lengthOf(tail), bend);
+        const Node& a = nodes_.back();
+        const gp_Vec leaving = tangent(head, head.first), arriving = tangent(tail, tail.last);
+        if (strays(head, tail, a.point.Translated(leaving * (extent / 3.0)),
+                   tail.end().Translated(arriving * (-extent / 3.0)))) {
+            return false;
+        }
+        add(tail.end(), leaving, arriving, extent);
+        return true;
+    }
+
+    void addPiece(const BoundedCurve& piece) {
+        const int parts = 1 + static_cast<int>(bendOf(piece) / greatestBend);
+        const double step = (piece.last - piece.first) / parts;
+        const double extent = extentOf(lengthOf(piece) / parts, bendOf(piece) / parts);
+        for (int i = 0; i < parts; ++i) {
+            const double from = piece.first + i * step, to = from + step;
+            add(piece.curve->Value(to), tangent(piece, from), tangent(piece, to), extent);
+        }
+    }
+
+    const std::vector<Node>& nodes() const { return nodes_; }
+
+private:
+    void add(const gp_Pnt& point, const gp_Vec& leaving, const gp_Vec& arriving, double extent) {
+        nodes_.back().after = leaving;
+        nodes_.push_back({point, arriving, arriving, nodes_.back().parameter + extent});
+    }
+
+    static bool strays(const BoundedCurve& head, const BoundedCurve& tail, const gp_Pnt& second,
+                       const gp_Pnt& third) {
+        const gp_XYZ a = head.start().XYZ(), d = tail.end().XYZ();
+        for (const double s : {0.15, 0.3, 0.5, 0.7, 0.85}) {
+            const double r = 1.0 - s;
+            const gp_Pnt point(a * (r * r * r) + second.XYZ() * (3.0 * r * r * s) +
+                               third.XYZ() * (3.0 * r * s * s) + d * (s * s * s));
+            const double off = std::min(distanceTo(head, point), distanceTo(tail, point));
+            if (off > stretchToleranceMm) return true;
+        }
+        return false;
+    }
+
+    std::vector<Node> nodes_;
 };
 
 std::vector<Node> nodesOf(const std::vector<BoundedCurve>& pieces) {
-    std::vector<Node> nodes;
-    const auto& front = pieces.front();
-    nodes.push_back({front.start(), tangent(front, front.first), tangent(front, front.first), 0.0});
-    for (std::size_t i = 0; i < pieces.size();) {
+    NodeList list(pieces.front());
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
         const bool isPair = i + 1 < pieces.size() && isBiarc(pieces[i], pieces[i + 1]);
-        const std::size_t last = isPair ? i + 1 : i;
-        nodes.back().after = tangent(pieces[i], pieces[i].first);
-        double length = nodes.back().length;
-        for (std::size_t k = i; k <= last; ++k) length += lengthOf(pieces[k]);
-        const gp_Vec end = tangent(pieces[last], pieces[last].last);
-        nodes.push_back({pieces[last].end(), end, end, length});
-        i = last + 1;
+        if (isPair && list.addBiarc(pieces[i], pieces[i + 1])) {
+            ++i;
+        } else {
+            list.addPiece(pieces[i]);
+            // The second arc of a pair that didn't become one stretch.
+            if (isPair) list.addPiece(pieces[++i]);
+        }
     }
-    return nodes;
+    return list.nodes();
 }
 
 /// Cubic stretches end to end; where the tangents agree the inner knots are double only.
@@ -84,38 +162,35 @@ Handle(Geom_BSplineCurve) cubicThrough(const std::vector<Node>& nodes) {
     for (int i = 0; i < stretches; ++i) {
         const Node& a = nodes[static_cast<std::size_t>(i)];
         const Node& b = nodes[static_cast<std::size_t>(i) + 1];
-        const double third = (b.length - a.length) / 3.0;
+        const double third = (b.parameter - a.parameter) / 3.0;
         poles(3 * i + 1) = a.point;
         poles(3 * i + 2) = a.point.Translated(a.after * third);
         poles(3 * i + 3) = b.point.Translated(b.before * -third);
-        knots(i + 1) = a.length;
+        knots(i + 1) = a.parameter;
         counts(i + 1) = i == 0 ? 4 : 3;
     }
     poles(3 * stretches + 1) = nodes.back().point;
-    knots(stretches + 1) = nodes.back().length;
+    knots(stretches + 1) = nodes.back().parameter;
     counts(stretches + 1) = 4;
     Handle(Geom_BSplineCurve) curve = new Geom_BSplineCurve(poles, knots, counts, 3);
     for (int i = 2; i <= stretches; ++i) curve->RemoveKnot(i, 2, 1e-7);
     return curve;
 }
 
-double distanceTo(const BoundedCurve& piece, const gp_Pnt& point) {
-    if (const auto circle = Handle(Geom_Circle)::DownCast(piece.curve); !circle.IsNull()) {
-        return circle->Circ().Distance(point);
-    }
-    return Handle(Geom_Line)::DownCast(piece.curve)->Lin().Distance(point);
-}
-
 double deviationOf(const Geom_BSplineCurve& curve, const std::vector<BoundedCurve>& pieces) {
-    constexpr int steps = 8;
-    double worst = 0.0, start = 0.0;
-    for (const BoundedCurve& piece : pieces) {
-        const double length = lengthOf(piece);
+    constexpr int steps = 4;
+    double worst = 0.0;
+    for (int knot = 1; knot < curve.NbKnots(); ++knot) {
         for (int i = 0; i < steps; ++i) {
-            const double t = std::min(start + length * i / steps, curve.LastParameter());
-            worst = std::max(worst, distanceTo(piece, curve.Value(t)));
+            const double share = static_cast<double>(i) / steps;
+            const gp_Pnt point =
+                curve.Value(curve.Knot(knot) + share * (curve.Knot(knot + 1) - curve.Knot(knot)));
+            double nearest = HUGE_VAL;
+            for (const BoundedCurve& piece : pieces) {
+                nearest = std::min(nearest, distanceTo(piece, point));
+            }
+            worst = std::max(worst, nearest);
         }
-        start += length;
     }
     return worst;
 }
@@ -135,6 +210,8 @@ std::optional<JoinedCurve> joined(const std::vector<BoundedCurve>& pieces, doubl
     }
     Handle(Geom_BSplineCurve) curve = cubicThrough(nodesOf(pieces));
     const double deviation = deviationOf(*curve, pieces);
+        fprintf(stderr, "join %zu pieces nodes %zu dev %g\n", pieces.size(), nodesOf(pieces).size(),
+                deviation);
     if (deviation > toleranceMm) return std::nullopt;
     const double last = curve->LastParameter();
     return JoinedCurve{{Handle(Geom_Curve)(curve), curve->FirstParameter(), last}, deviation};

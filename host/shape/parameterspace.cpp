@@ -3,7 +3,6 @@
 #include "host/shape/parameterspace.h"
 
 #include <ElSLib.hxx>
-#include <GeomAdaptor_Surface.hxx>
 #include <gp_Vec.hxx>
 
 #include <algorithm>
@@ -24,8 +23,9 @@ double near(double value, double wanted, double period) {
 
 } // namespace
 
-ParameterSpace::ParameterSpace(const Handle(Geom_Surface) & surface) : surface_(surface) {
-    const GeomAbs_SurfaceType type = GeomAdaptor_Surface(surface).GetType();
+ParameterSpace::ParameterSpace(const Handle(Geom_Surface) & surface)
+    : surface_(surface), adaptor_(surface) {
+    const GeomAbs_SurfaceType type = adaptor_.GetType();
     isPlane_ = type == GeomAbs_Plane;
     isElementary_ = type <= GeomAbs_Torus;
     surface->Bounds(least_[0], greatest_[0], least_[1], greatest_[1]);
@@ -58,23 +58,22 @@ void ParameterSpace::measureSpline() {
 }
 
 gp_Pnt2d ParameterSpace::elementaryFoot(const gp_Pnt& point) const {
-    const GeomAdaptor_Surface known(surface_);
     double u = 0.0, v = 0.0;
-    switch (known.GetType()) {
+    switch (adaptor_.GetType()) {
     case GeomAbs_Plane:
-        ElSLib::Parameters(known.Plane(), point, u, v);
+        ElSLib::Parameters(adaptor_.Plane(), point, u, v);
         break;
     case GeomAbs_Cylinder:
-        ElSLib::Parameters(known.Cylinder(), point, u, v);
+        ElSLib::Parameters(adaptor_.Cylinder(), point, u, v);
         break;
     case GeomAbs_Cone:
-        ElSLib::Parameters(known.Cone(), point, u, v);
+        ElSLib::Parameters(adaptor_.Cone(), point, u, v);
         break;
     case GeomAbs_Sphere:
-        ElSLib::Parameters(known.Sphere(), point, u, v);
+        ElSLib::Parameters(adaptor_.Sphere(), point, u, v);
         break;
     default:
-        ElSLib::Parameters(known.Torus(), point, u, v);
+        ElSLib::Parameters(adaptor_.Torus(), point, u, v);
         break;
     }
     return gp_Pnt2d(u, v);
@@ -103,7 +102,7 @@ gp_Pnt2d ParameterSpace::refined(const gp_Pnt& point, gp_Pnt2d uv) const {
     for (int i = 0; i < 30; ++i) {
         gp_Pnt at;
         gp_Vec u, v, uu, vv, across;
-        surface_->D2(uv.X(), uv.Y(), at, u, v, uu, vv, across);
+        adaptor_.D2(uv.X(), uv.Y(), at, u, v, uu, vv, across);
         const gp_Vec off(point, at);
         const double gradientU = off.Dot(u), gradientV = off.Dot(v);
         double a = u.SquareMagnitude() + off.Dot(uu), b = u.Dot(v) + off.Dot(across);
@@ -140,7 +139,7 @@ gp_Pnt2d ParameterSpace::refined(const gp_Pnt& point, gp_Pnt2d uv) const {
 std::optional<gp_Vec2d> ParameterSpace::speed(const gp_Pnt2d& uv, const gp_Vec& along) const {
     gp_Pnt at;
     gp_Vec u, v;
-    surface_->D1(uv.X(), uv.Y(), at, u, v);
+    adaptor_.D1(uv.X(), uv.Y(), at, u, v);
     const double a = u.SquareMagnitude(), b = u.Dot(v), c = v.SquareMagnitude();
     const double determinant = a * c - b * b;
     if (determinant <= 1e-14 * a * c || a * c <= 0.0) return std::nullopt;
@@ -151,7 +150,7 @@ std::optional<gp_Vec2d> ParameterSpace::speed(const gp_Pnt2d& uv, const gp_Vec& 
 bool ParameterSpace::isSingular(const gp_Pnt2d& uv, int direction) const {
     gp_Pnt at;
     std::array<gp_Vec, 2> along;
-    surface_->D1(uv.X(), uv.Y(), at, along[0], along[1]);
+    adaptor_.D1(uv.X(), uv.Y(), at, along[0], along[1]);
     const auto index = static_cast<std::size_t>(direction);
     const double other = along[1 - index].Magnitude();
     // Radii of elementary surfaces are lengths, so that angles compare by what a turn moves.

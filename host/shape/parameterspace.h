@@ -3,6 +3,7 @@
 // they stop making sense.
 #pragma once
 
+#include <GeomAdaptor_Surface.hxx>
 #include <Geom_Surface.hxx>
 #include <ShapeAnalysis_Surface.hxx>
 #include <gp_Pnt.hxx>
@@ -30,7 +31,7 @@ public:
     double least(int direction) const { return least_[static_cast<std::size_t>(direction)]; }
     double greatest(int direction) const { return greatest_[static_cast<std::size_t>(direction)]; }
 
-    gp_Pnt point(const gp_Pnt2d& uv) const { return surface_->Value(uv.X(), uv.Y()); }
+    gp_Pnt point(const gp_Pnt2d& uv) const { return adaptor_.Value(uv.X(), uv.Y()); }
 
     /// The parameters of the nearest point of the surface; `near` says which of several is meant
     /// and keeps the result within half a period.
@@ -50,6 +51,7 @@ private:
     gp_Pnt2d refined(const gp_Pnt& point, gp_Pnt2d uv) const;
 
     Handle(Geom_Surface) surface_;
+    GeomAdaptor_Surface adaptor_; ///< remembers the span of a spline that was asked last
     Handle(ShapeAnalysis_Surface) search_;
     bool isPlane_ = false, isElementary_ = false;
     std::array<double, 2> periods_{}, least_{}, greatest_{};
