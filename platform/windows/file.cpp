@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: Apache-2.0
+// Descriptors and streams of the runtime library. The flags and share modes are its own numbers.
+#include "platform/file.h"
+
+#include "platform/windows/widetext.h"
+
+#include <algorithm>
+#include <fcntl.h>
+#include <io.h>
+#include <share.h>
+#include <sys/stat.h>
+
+namespace platform {
+namespace {
+
+static_assert(open_flag::append == _O_APPEND && open_flag::sequential == _O_SEQUENTIAL &&
+              open_flag::temporary == _O_TEMPORARY && open_flag::create == _O_CREAT &&
+              open_flag::truncate == _O_TRUNC && open_flag::exclusive == _O_EXCL &&
+              open_flag::text == _O_TEXT && open_flag::binary == _O_BINARY);
+static_assert(share::denyReadWrite == _SH_DENYRW && share::denyNone == _SH_DENYNO);
+static_assert(readWritePermission == (_S_IREAD | _S_IWRITE));
+
+constexpr std::uint64_t transferLimit = 0x7FFFFFFF;
+
+unsigned cut(std::uint64_t lengthBytes) {
+    return static_cast<unsigned>(std::min(lengthBytes, transferLimit));
+}
+
+/// Modes are short and plain.
+std::u16string withoutInheritance(std::u16string_view mode) { return std::u16string(mode) + u'N'; }
+std::string withoutInheritance(std::string_view mode) { return std::string(mode) + 'N'; }
+
+} // namespace
+
+Descriptor open(const char16_t* path, std::int32_t flags, std::int32_t sharing,
+                std::int32_t permission) {
+    int file = -1;
+    const int plain = flags | _O_NOINHERIT;
+    return ::_wsopen_s(&file, wide(path), plain, sharing, permission) == 0 ? file : -1;
+}
+
+Descriptor open(const char* path, std::int32_t flags, std::int32_t sharing,
+                std::int32_t permission) {
+    int file = -1;
+    const int plain = flags | _O_NOINHERIT;
+    return ::_sopen_s(&file, path, plain, sharing, permission) == 0 ? file : -1;
+}
+
+std::int64_t read(Descriptor file, void* buffer, std::uint64_t lengthBytes) {
+    return ::_read(file, buffer, cut(lengthBytes));
+}
+
+std::int64_t write(Descriptor file, const void* buffer, std::uint64_t lengthBytes) {
+    return ::_write(file, buffer, cut(lengthBytes));
+}
+
+std::int64_t seek(Descriptor file, std::int64_t offset, std::int32_t origin) {
+    return ::_lseeki64(file, offset, origin);
+}
+
+bool close(Descriptor file) { return ::_close(file) == 0; }
+
+std::FILE* openStream(const char16_t* path, const char16_t* mode) {
+    return ::_wfopen(wide(path), wide(withoutInheritance(mode).c_str()));
+}
+
+std::FILE* openStream(const char* path, const char* mode) {
+    return std::fopen(path, withoutInheritance(mode).c_str());
+}
+
+std::FILE* reopenStream(const char16_t* path, const char16_t* mode, std::FILE* stream) {
+    return ::_wfreopen(wide(path), wide(withoutInheritance(mode).c_str()), stream);
+}
+
+std::FILE* streamOf(Descriptor file, const char* mode) { return ::_fdopen(file, mode); }
+
+} // namespace platform

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: Apache-2.0
+// What the runtime library does to files and directories by their path.
+#include "platform/file.h"
+
+#include "platform/windows/widetext.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <direct.h>
+#include <io.h>
+#include <sys/stat.h>
+#include <sys/types.h>
+
+namespace platform {
+namespace {
+
+std::int32_t take(std::int32_t result, const struct _stat64& record, FileStatus* status) {
+    static_assert(file_mode::regular == _S_IFREG && file_mode::directory == _S_IFDIR);
+    if (result != 0) return -1;
+    status->mode = record.st_mode;
+    status->size = record.st_size;
+    status->modifiedTime = record.st_mtime;
+    status->accessedTime = record.st_atime;
+    status->createdTime = record.st_ctime;
+    return 0;
+}
+
+} // namespace
+
+std::int32_t access(const char16_t* path, std::int32_t mode) {
+    return ::_waccess(wide(path), mode);
+}
+
+std::int32_t access(const char* path, std::int32_t mode) { return ::_access(path, mode); }
+
+std::int32_t stat(const char16_t* path, FileStatus* status) {
+    struct _stat64 record {};
+    return take(::_wstat64(wide(path), &record), record, status);
+}
+
+std::int32_t stat(const char* path, FileStatus* status) {
+    struct _stat64 record {};
+    return take(::_stat64(path, &record), record, status);
+}
+
+std::int32_t unlink(const char16_t* path) { return ::_wunlink(wide(path)); }
+std::int32_t unlink(const char* path) { return ::_unlink(path); }
+std::int32_t remove(const char16_t* path) { return ::_wremove(wide(path)); }
+std::int32_t remove(const char* path) { return std::remove(path); }
+
+std::int32_t rename(const char16_t* from, const char16_t* to) {
+    return ::_wrename(wide(from), wide(to));
+}
+
+std::int32_t rename(const char* from, const char* to) { return std::rename(from, to); }
+
+std::int32_t makeDirectory(const char16_t* path) { return ::_wmkdir(wide(path)); }
+std::int32_t makeDirectory(const char* path) { return ::_mkdir(path); }
+std::int32_t removeDirectory(const char16_t* path) { return ::_wrmdir(wide(path)); }
+std::int32_t removeDirectory(const char* path) { return ::_rmdir(path); }
+
+std::u16string currentDirectory() {
+    wchar_t* directory = ::_wgetcwd(nullptr, 0);
+    if (!directory) return {};
+    std::u16string result = units(directory);
+    std::free(directory);
+    return result;
+}
+
+std::int32_t changeDirectory(const char16_t* path) { return ::_wchdir(wide(path)); }
+
+std::u16string nativePath(std::u16string_view path) { return std::u16string(path); }
+
+std::u16string libraryPath(std::u16string_view path) {
+    std::u16string result(path);
+    std::replace(result.begin(), result.end(), u'/', u'\\');
+    return result;
+}
+
+} // namespace platform
