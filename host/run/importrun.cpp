@@ -144,6 +144,9 @@ void ImportRun::import(ITessoraCADImporterClient& client) {
     outcome_.server = reportFile.read();
     facts_.serverReported = !outcome_.server.is_null();
     outcome_.losses = outcome_.record.dropped;
+    for (auto& loss : lostOnTheWay(outcome_.server, outcome_.record)) {
+        outcome_.losses.push_back(std::move(loss));
+    }
     measure(outcome_, options_);
     judge();
 }

@@ -6,6 +6,17 @@
 #include <QFileInfo>
 
 namespace host {
+namespace {
+
+std::size_t writtenCount(const nlohmann::ordered_json& report, const char* message) {
+    if (!report.is_object()) return 0;
+    const auto written = report.find("written");
+    if (written == report.end() || !written->is_object()) return 0;
+    const auto count = written->find(message);
+    return count != written->end() && count->is_number_unsigned() ? count->get<std::size_t>() : 0;
+}
+
+} // namespace
 
 ServerReportFile::ServerReportFile(const QString& outputBase)
     : path_(outputBase + QStringLiteral(".report.json")), before_(QFileInfo(path_).lastModified()) {
@@ -17,6 +28,31 @@ nlohmann::ordered_json ServerReportFile::read() const {
     const QByteArray text = file.readAll();
     auto report = nlohmann::ordered_json::parse(text.begin(), text.end(), nullptr, false);
     return report.is_discarded() ? nlohmann::ordered_json() : report;
+}
+
+std::vector<DroppedRecord> lostOnTheWay(const nlohmann::ordered_json& report,
+                                        const ImportRecord& record) {
+    const struct {
+        const char* what;
+        const char* message;
+        std::size_t (*arrived)(const ModelRecord&);
+    } kinds[] = {
+        {"edge", "CreateEdge", [](const ModelRecord& model) { return model.edges.size(); }},
+        {"loop", "CreateLoop", [](const ModelRecord& model) { return model.loops.size(); }},
+        {"face", "CreateFace", [](const ModelRecord& model) { return model.faces.size(); }},
+        {"shell", "CreateShell", [](const ModelRecord& model) { return model.shells.size(); }},
+    };
+    std::vector<DroppedRecord> lost;
+    for (const auto& kind : kinds) {
+        std::size_t arrived = 0;
+        for (const ModelRecord& model : record.models) arrived += kind.arrived(model);
+        const std::size_t written = writtenCount(report, kind.message);
+        if (arrived >= written) continue;
+        lost.push_back({kind.what, 0,
+                        std::to_string(written - arrived) + " of " + std::to_string(written) +
+                            " that the server wrote did not arrive"});
+    }
+    return lost;
 }
 
 } // namespace host

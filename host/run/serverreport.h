@@ -2,6 +2,8 @@
 // The report that a server leaves beside its output.
 #pragma once
 
+#include "host/modelling/record.h"
+
 #include <QDateTime>
 #include <QString>
 
@@ -20,5 +22,10 @@ private:
     QString path_;
     QDateTime before_; ///< when the report that was there already was written
 };
+
+/// What the server says it wrote and the record hasn't, kind by kind. Nothing when the report has
+/// no numbers.
+std::vector<DroppedRecord> lostOnTheWay(const nlohmann::ordered_json& report,
+                                        const ImportRecord& record);
 
 } // namespace host

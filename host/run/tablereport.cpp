@@ -58,7 +58,6 @@ std::string namesOf(const std::vector<Identifier>& identifiers) {
 
 /// Losses of one kind with one reason share a line.
 std::string lossLines(const std::vector<DroppedRecord>& losses) {
-    if (losses.empty()) return "losses: none\n";
     std::map<std::pair<std::string, std::string>, std::vector<Identifier>> groups;
     for (const DroppedRecord& loss : losses) {
         groups[{loss.what, loss.why}].push_back(loss.identifier);
@@ -82,13 +81,17 @@ std::string fileLines(const std::vector<std::string>& files) {
 
 std::string tableReport(const RunOutcome& outcome) {
     std::string text = outcome.name + '\n';
+    if (!outcome.hasResults && !outcome.result) text += "nothing was imported\n";
     for (std::size_t i = 0; i < outcome.models.size(); ++i) {
         text += modelLines(i + 1, outcome.models[i], outcome.rebuilt);
     }
     if (const auto count = outcome.record.coordinateSystems.size()) {
         text += "coordinate systems: " + std::to_string(count) + '\n';
     }
-    return text + fileLines(outcome.exportedFiles) + lossLines(allLosses(outcome));
+    text += fileLines(outcome.exportedFiles);
+    const std::vector<DroppedRecord> losses = allLosses(outcome);
+    if (!losses.empty()) return text + lossLines(losses);
+    return outcome.hasResults ? text + "losses: none\n" : text;
 }
 
 } // namespace host

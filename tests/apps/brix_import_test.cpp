@@ -1,64 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
 // The whole program brix-import, with components that do what a test needs.
-#include <QDir>
-#include <QElapsedTimer>
-#include <QProcess>
-#include <QTemporaryDir>
+#include "tests/apps/brixprocess.h"
 
-#include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
-
-#include <cmath>
 #include <numbers>
 
+namespace apps {
 namespace {
 
-using Json = nlohmann::json;
-
-constexpr int limitMs = 60000;
-
-struct Result {
-    int status = -1;
-    std::string output, errors;
-
-    Json json() const { return Json::parse(output, nullptr, false); }
-    std::size_t says(const std::string& text) const { return errors.find(text) + 1; }
-};
-
-class BrixImportTest : public testing::Test {
-protected:
-    BrixImportTest() {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("TMPDIR", directory.path());
-        process.setProcessEnvironment(environment);
-        process.setStandardInputFile(QProcess::nullDevice());
-    }
-
-    void start(const QStringList& words) { process.start(BRIX_IMPORT, words); }
-    Result finish() {
-        EXPECT_TRUE(process.waitForFinished(limitMs));
-        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-        return {process.exitCode(), process.readAllStandardOutput().toStdString(),
-                process.readAllStandardError().toStdString()};
-    }
-    Result run(const QStringList& words) {
-        start(words);
-        return finish();
-    }
-    /// A run of the fake component, whose client does what `deed` says.
-    static QStringList faking(const QString& deed) {
-        return {"part.step", "--module", FAKE_MODULE, "--argument", deed, "--json"};
-    }
-    QStringList leftBehind() const {
-        return QDir(directory.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
-    }
-
-    QTemporaryDir directory;
-    QProcess process;
-};
+/// A run of the fake component, whose client does what `deed` says.
+QStringList faking(const QString& deed) {
+    return {"part.step", "--module", FAKE_MODULE, "--argument", deed, "--json"};
+}
 
 TEST_F(BrixImportTest, ReportsAWholeModelWithStatusZero) {
-    const Result result = run(faking("sphere"));
+    const ImportResult result = run(faking("sphere"));
     EXPECT_EQ(result.status, 0) << result.output << result.errors;
     const Json json = result.json();
     EXPECT_EQ(json["result"], true);
@@ -81,7 +36,7 @@ TEST_F(BrixImportTest, ReportsAWholeModelWithStatusZero) {
 }
 
 TEST_F(BrixImportTest, NamesLossesAndEndsWithStatusFour) {
-    const Result result = run(faking("losses"));
+    const ImportResult result = run(faking("losses"));
     EXPECT_EQ(result.status, 4) << result.errors;
     const Json loss = result.json()["dropped"][0];
     EXPECT_EQ(loss["what"], "edge");
@@ -90,7 +45,7 @@ TEST_F(BrixImportTest, NamesLossesAndEndsWithStatusFour) {
 }
 
 TEST_F(BrixImportTest, ReportsExportedFilesThatCameWithoutAModel) {
-    const Result result = run(faking("export"));
+    const ImportResult result = run(faking("export"));
     EXPECT_EQ(result.status, 4);
     EXPECT_EQ(result.json()["exportedFiles"][0], "C:/out/part.igs");
     EXPECT_EQ(result.json()["result"], true);
@@ -98,7 +53,7 @@ TEST_F(BrixImportTest, ReportsExportedFilesThatCameWithoutAModel) {
 }
 
 TEST_F(BrixImportTest, EndsWithStatusOneWhenNothingCame) {
-    const Result result = run(faking("nothing"));
+    const ImportResult result = run(faking("nothing"));
     EXPECT_EQ(result.status, 1);
     EXPECT_TRUE(result.says("brix-import: the server")) << result.errors;
     EXPECT_EQ(result.json()["reason"].is_string(), true);
@@ -114,14 +69,15 @@ TEST_F(BrixImportTest, AnswersQuestionsAsToldAndDeclinesWithoutATerminal) {
 }
 
 TEST_F(BrixImportTest, EndsWithStatusThreeWhenTheServerCannotBeStarted) {
-    const Result refused = run(faking("refused") + QStringList{"--server", BRIX_IMPORT});
+    const ImportResult refused = run(faking("refused") + QStringList{"--server", BRIX_IMPORT});
     EXPECT_EQ(refused.status, 3);
     EXPECT_TRUE(refused.says("can't be started")) << refused.errors;
-    const Result missing = run(faking("refused") + QStringList{"--server", "/no/such/server"});
+    const ImportResult missing =
+        run(faking("refused") + QStringList{"--server", "/no/such/server"});
     EXPECT_EQ(missing.status, 3);
     EXPECT_TRUE(missing.says("/no/such/server: no such file")) << missing.errors;
-    const Result silent = run(faking("refused") + QStringList{"--server", "/no/such/server",
-                                                              "--without", "IGuiSimpleDlg"});
+    const ImportResult silent = run(faking("refused") + QStringList{"--server", "/no/such/server",
+                                                                    "--without", "IGuiSimpleDlg"});
     EXPECT_EQ(silent.status, 1) << "nobody could be told, so that the run went on";
     EXPECT_TRUE(silent.says("no such file")) << silent.errors;
 }
@@ -132,7 +88,7 @@ TEST_F(BrixImportTest, EndsWithStatusThreeAndAReasonForAModuleThatIsNone) {
         {BRIX_IMPORT_SOURCE, "the module can't be loaded"},
         {EMPTY_MODULE, "it has no EntryPoint"}};
     for (const auto& [module, reason] : modules) {
-        const Result result = run({"part.step", "--module", module});
+        const ImportResult result = run({"part.step", "--module", module});
         EXPECT_EQ(result.status, 3) << module;
         EXPECT_TRUE(result.says(reason)) << result.errors;
     }
@@ -144,7 +100,7 @@ TEST_F(BrixImportTest, RefusesSettingsServicesAndTracesThatCannotBe) {
                                  {"--without", "INothing"},
                                  {"--trace", "/no/such/directory/trace"}};
     for (const QStringList& words : wrong) {
-        const Result result = run(faking("sphere") + words);
+        const ImportResult result = run(faking("sphere") + words);
         EXPECT_EQ(result.status, 2) << words.join(' ').toStdString();
         EXPECT_TRUE(result.says("brix-import: ")) << result.errors;
         EXPECT_EQ(result.output, "");
@@ -154,7 +110,7 @@ TEST_F(BrixImportTest, RefusesSettingsServicesAndTracesThatCannotBe) {
 TEST_F(BrixImportTest, WritesTraceTableAndJsonFile) {
     const QString trace = directory.filePath("trace");
     const QString report = directory.filePath("report.json");
-    const Result table =
+    const ImportResult table =
         run({"part.step", "--module", FAKE_MODULE, "--argument", "sphere", "--trace", trace});
     EXPECT_EQ(table.output.rfind("part.step\nmodel 1\n", 0), 0u) << table.output;
     QFile traced(trace);
@@ -170,15 +126,11 @@ TEST_F(BrixImportTest, WritesTraceTableAndJsonFile) {
 }
 
 TEST_F(BrixImportTest, LeavesNothingBehindAfterAnInterrupt) {
-    start(faking("interrupt"));
-    ASSERT_TRUE(process.waitForStarted());
-    process.setReadChannel(QProcess::StandardError);
-    ASSERT_TRUE(process.waitForReadyRead(limitMs));
-    process.terminate();
-    const Result result = finish();
+    const ImportResult result = interrupt(faking("interrupt"));
     EXPECT_EQ(result.status, 1);
     EXPECT_TRUE(result.says("the import was stopped on request")) << result.errors;
     EXPECT_EQ(leftBehind(), QStringList());
 }
 
 } // namespace
+} // namespace apps

@@ -87,6 +87,14 @@ TEST(TableReport, ShowsTheFiguresAndGroupsLossesByReason) {
                                     "  1 model             cut off\n");
 }
 
+TEST(TableReport, SaysSoWhenNothingIsLostAndWhenNothingCame) {
+    const std::string sound = tableReport(soundOutcome());
+    EXPECT_EQ(sound.substr(sound.size() - 13), "losses: none\n");
+    RunOutcome nothing;
+    nothing.name = "part.step";
+    EXPECT_EQ(tableReport(nothing), "part.step\nnothing was imported\n");
+}
+
 TEST(Reason, NamesTheMostTellingFact) {
     RunFacts facts;
     facts.server = "serve";

@@ -45,5 +45,26 @@ TEST_F(ServerReportTest, TakesGarbageAndNothingForNoReport) {
     EXPECT_TRUE(file.read().is_null());
 }
 
+TEST(LostOnTheWay, ComparesWhatWasWrittenWithWhatArrived) {
+    ImportRecord record;
+    record.models.resize(2);
+    record.models[0].faces[1] = record.models[1].faces[1] = {};
+    const auto lost = [&](const char* report) {
+        std::string all;
+        for (const auto& loss : lostOnTheWay(nlohmann::ordered_json::parse(report), record)) {
+            all += loss.what + ": " + loss.why + '\n';
+        }
+        return all;
+    };
+    EXPECT_EQ(lost(R"({"written":{"CreateFace":2,"CreateLine":7}})"), "");
+    EXPECT_EQ(lost(R"({"written":{"CreateFace":3,"CreateEdge":1}})"),
+              "edge: 1 of 1 that the server wrote did not arrive\n"
+              "face: 1 of 3 that the server wrote did not arrive\n");
+    for (const char* other :
+         {"null", "[]", R"({"written":5})", R"({"written":{"CreateFace":"x"}})"}) {
+        EXPECT_EQ(lost(other), "") << other;
+    }
+}
+
 } // namespace
 } // namespace host

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: Apache-2.0
+// brix-import with the real component, on model files made here and with servers that fail.
+#include "tests/apps/brixprocess.h"
+#include "tests/apps/modelfile.h"
+
+#include <QElapsedTimer>
+
+namespace apps {
+namespace {
+
+class ComponentTest : public BrixImportTest {
+protected:
+    ImportResult importFile(const QStringList& more = {}) {
+        return run(QStringList{"--no-server", "--output-base", base, "--json"} + more);
+    }
+    /// The words of a run whose server does what `deeds` say.
+    QStringList serving(const QStringList& deeds) const {
+        QStringList words{"part.step", "--json", "--server", FAKE_SERVER, "--output-base", base};
+        for (const QString& deed : deeds) words << "--argument" << deed;
+        return words;
+    }
+    bool hasModelFile() const { return QFile::exists(base + ".direct"); }
+
+    QString base = directory.filePath("part");
+};
+
+TEST_F(ComponentTest, ReadsAndRemovesAModelFileOfTwoModels) {
+    {
+        ModelFile file(base + ".direct");
+        for (const double unit : {25.4, 1000.0}) file.begin(unit), file.addSphere(), file.end();
+    }
+    const ImportResult result = importFile({"--trace", directory.filePath("trace")});
+    EXPECT_EQ(result.status, 0) << result.output << result.errors;
+    const Json json = result.json();
+    EXPECT_EQ(json["result"], false) << "there are neither exported files nor coordinate systems";
+    EXPECT_EQ(json["hasResults"], true);
+    EXPECT_EQ(json["server"], nullptr);
+    ASSERT_EQ(json["models"].size(), 2u);
+#ifdef BRIX_REBUILDS
+    const double ball = 4 * std::numbers::pi / 3;
+    EXPECT_NEAR(json["models"][0]["volume"].get<double>(), ball * std::pow(0.0254, 3), 1e-10);
+    EXPECT_NEAR(json["models"][1]["volume"].get<double>(), ball, 1e-5);
+#endif
+    EXPECT_FALSE(hasModelFile());
+
+    QFile trace(directory.filePath("trace"));
+    ASSERT_TRUE(trace.open(QIODevice::ReadOnly));
+    const QByteArray lines = trace.readAll();
+    EXPECT_TRUE(lines.startsWith("[\"importer\",\"beginModel\",[true,0.001]]\n")) << lines.data();
+    EXPECT_EQ(lines.count("\"transform\""), 2) << "a model in metres needs none";
+    EXPECT_EQ(lines.count("[\"model\",\"modelEntry\",[]]\n"), 2);
+}
+
+TEST_F(ComponentTest, NamesAModelThatWasCutOffBesideAWholeOne) {
+    {
+        ModelFile file(base + ".direct");
+        file.begin(1), file.addSphere(), file.end();
+        file.begin(1), file.addSphere();
+    }
+    const ImportResult result = importFile();
+    EXPECT_EQ(result.status, 4) << result.errors;
+    EXPECT_EQ(result.json()["models"].size(), 1u);
+    EXPECT_EQ(result.json()["dropped"][0]["why"], "it was cut off before its end");
+    EXPECT_FALSE(hasModelFile());
+}
+
+TEST_F(ComponentTest, SaysThatThereIsNoModelFile) {
+    const ImportResult result = importFile();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(result.says("there is no model file " + base.toStdString())) << result.errors;
+}
+
+TEST_F(ComponentTest, LeavesTheFileAloneWithoutAnImporter) {
+    { ModelFile(base + ".direct").begin(1); }
+    const ImportResult result = importFile({"--without", "IZelCADImporter"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(result.says("there is no importer")) << result.errors;
+    EXPECT_TRUE(hasModelFile());
+}
+
+TEST_F(ComponentTest, GivesAReasonForEachWayInWhichAServerLeavesNoModel) {
+    QFile garbage(directory.filePath("garbage"));
+    QFile empty(directory.filePath("empty"));
+    ASSERT_TRUE(garbage.open(QIODevice::WriteOnly) && empty.open(QIODevice::WriteOnly));
+    garbage.write("no records at all");
+    garbage.close();
+    const std::pair<QStringList, const char*> cases[] = {
+        {{}, "the server crashed or gave up"},
+        {{"-FakeCrash"}, "the server crashed or gave up"},
+        {{"-FakeCopy", garbage.fileName(), base + ".direct"},
+         "the model file holds no model that can be read (17 bytes)"},
+        {{"-FakeCopy", empty.fileName(), base + ".direct"}, "the model file is empty"},
+        {{"-FakeCopy", garbage.fileName(), base + ".report.json"}, "the server crashed or gave up"},
+    };
+    for (const auto& [deeds, reason] : cases) {
+        const ImportResult result = run(serving(deeds));
+        EXPECT_EQ(result.status, 1) << reason;
+        EXPECT_TRUE(result.says(reason)) << result.errors;
+        EXPECT_FALSE(hasModelFile());
+    }
+}
+
+TEST_F(ComponentTest, EndsWithStatusThreeWhenTheServerDoesNotStart) {
+    QStringList words = serving({});
+    words[words.indexOf(FAKE_SERVER)] = "/no/such/server";
+    EXPECT_EQ(run(words).status, 3);
+    const ImportResult silent = run(words + QStringList{"--without", "IGuiSimpleDlg"});
+    EXPECT_EQ(silent.status, 1);
+    EXPECT_TRUE(silent.says("no such file")) << silent.errors;
+}
+
+TEST_F(ComponentTest, HandsTheOptionListToTheServerInOrder) {
+    const QString report = directory.filePath("words");
+    run(serving({"-FakeReport", report}) + QStringList{"--set", "General/Show Batch Processing=1"});
+    QFile file(report);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QString words = QString::fromUtf8(file.readAll());
+    EXPECT_TRUE(words.startsWith("-InputFile\npart.step\n-OutputBaseName\n" + base +
+                                 "\n-FakeReport\n" + report + "\n-Batch\n"))
+        << words.toStdString();
+}
+
+TEST_F(ComponentTest, StopsAServerThatHangsAndLeavesNothing) {
+    QElapsedTimer timer;
+    timer.start();
+    const ImportResult result = interrupt(serving({"-FakeSleep", "50000"}));
+    EXPECT_LT(timer.elapsed(), 20000);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(result.says("the import was stopped on request")) << result.errors;
+    EXPECT_EQ(leftBehind(), QStringList());
+}
+
+} // namespace
+} // namespace apps
