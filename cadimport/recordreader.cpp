@@ -21,7 +21,8 @@ QByteArray wireForm(const QString& name) {
     return bytes;
 }
 
-/// The registry by the names' bytes on the wire: a table at most half full, probed in a row.
+/// The registry by the names' bytes on the wire: a table of a power of two, at most
+/// half full and probed in a row.
 class WireNames {
 public:
     explicit WireNames(const MessageRegistry& registry);
@@ -49,7 +50,7 @@ WireNames::WireNames(const MessageRegistry& registry) {
         if (!entry.value()) continue;
         const WireBytes bytes{reinterpret_cast<const uchar*>(name.constData()), name.size()};
         std::size_t at = slot(bytes);
-        while (entries_[at].factory) at = (at + 1) % size;
+        while (entries_[at].factory) at = (at + 1) & (size - 1);
         entries_[at] = {name, entry.value()};
         longest_ = qMax<qsizetype>(longest_, name.size());
     }
@@ -61,11 +62,11 @@ std::size_t WireNames::slot(WireBytes name) const {
     const auto used = qMin<qsizetype>(name.size, sizeof(tail));
     std::memcpy(&tail, name.data + name.size - used, static_cast<std::size_t>(used));
     const quint64 mixed = (tail ^ static_cast<quint64>(name.size)) * 0x9E3779B97F4A7C15u;
-    return static_cast<std::size_t>(mixed >> 40) % entries_.size();
+    return static_cast<std::size_t>(mixed >> 40) & (entries_.size() - 1);
 }
 
 MessageFactory WireNames::find(WireBytes name) const {
-    for (std::size_t at = slot(name); entries_[at].factory; at = (at + 1) % entries_.size()) {
+    for (std::size_t at = slot(name); entries_[at].factory; at = (at + 1) & (entries_.size() - 1)) {
         const QByteArray& known = entries_[at].name;
         if (known.size() == name.size &&
             std::memcmp(known.constData(), name.data, static_cast<std::size_t>(name.size)) == 0) {

@@ -2,12 +2,23 @@
 // Filling the window.
 #include "cadimport/recordwindow.h"
 
+#include <cstdint>
 #include <cstring>
 
 namespace CADImport {
+namespace {
+
+constexpr int pageSize = 4096;
+
+uchar* pageBehind(uchar* at) {
+    return at + (pageSize - reinterpret_cast<std::uintptr_t>(at) % pageSize) % pageSize;
+}
+
+} // namespace
 
 RecordWindow::RecordWindow(QIODevice& source)
-    : source_(source), buffer_(new uchar[capacity]), begin_(buffer_.get()), end_(begin_) {
+    : source_(source), buffer_(new uchar[longestTake + pageSize + capacity]),
+      base_(pageBehind(buffer_.get() + longestTake)), begin_(base_), end_(base_) {
     // Without Unbuffered, QIODevice would read ahead into a buffer of its own.
     open(QIODevice::ReadOnly | QIODevice::Unbuffered);
 }
@@ -44,20 +55,18 @@ void RecordWindow::require(qsizetype needed) {
 }
 
 void RecordWindow::refill(qsizetype needed) {
-    moveToFront();
     while (filled() < needed && fetch()) {
     }
 }
 
-void RecordWindow::moveToFront() {
-    const auto rest = filled();
-    std::memmove(buffer_.get(), begin_, static_cast<std::size_t>(rest));
-    begin_ = buffer_.get();
-    end_ = begin_ + rest;
-}
-
+/// Fills the window anew from its base, with the rest of what it held in front. So a file is read
+/// in whole pages into whole pages, which the system copies in half the time.
 bool RecordWindow::fetch() {
-    const qint64 got = source_.read(reinterpret_cast<char*>(end_), capacity - filled());
+    const auto rest = filled();
+    std::memmove(base_ - rest, begin_, static_cast<std::size_t>(rest));
+    begin_ = base_ - rest;
+    end_ = base_;
+    const qint64 got = source_.read(reinterpret_cast<char*>(base_), capacity);
     exhausted_ = got <= 0;
     if (exhausted_) return false;
     end_ += got;

@@ -20,10 +20,12 @@ struct WireBytes {
 class RecordWindow final : public QIODevice {
 public:
     static constexpr qsizetype capacity = 256 * 1024;
+    /// What may be asked for in one piece.
+    static constexpr qsizetype longestTake = 4096;
 
     explicit RecordWindow(QIODevice& source);
 
-    /// The next `size` bytes, at most the capacity; fewer only at the end of the source. They are
+    /// The next `size` bytes, at most `longestTake`; fewer only at the end of the source. They are
     /// consumed, and stay where they are until the next call.
     WireBytes take(qsizetype size) {
         if (filled() < size) require(size);
@@ -63,11 +65,11 @@ private:
     }
     void require(qsizetype needed);
     void refill(qsizetype needed);
-    void moveToFront();
     bool fetch();
 
     QIODevice& source_;
     std::unique_ptr<uchar[]> buffer_;
+    uchar* const base_; // of a page
     uchar* begin_;
     uchar* end_;
     qint64 fetched_ = 0;

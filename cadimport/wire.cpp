@@ -2,8 +2,13 @@
 // Lists on the wire, and the two places that bytes are taken from.
 #include "cadimport/wire.h"
 
+#include <typeinfo>
+
 namespace CADImport {
 namespace {
+
+/// A list of lists or texts, each of its own size, may be made this long before they are seen.
+constexpr int elementsReserved = 256;
 
 /// Appends `count` numbers that lie at `bytes`. The whole run is swapped at once where the list
 /// keeps its elements side by side.
@@ -12,8 +17,11 @@ template <class Number> void append(QList<Number>& list, const uchar* bytes, qsi
     using Word = typename WireWord<Number>::Type;
     constexpr auto wordsEach = static_cast<qsizetype>(sizeof(Number) / sizeof(Word));
     const auto before = list.size();
-    if (before == 0) list.reserve(count);
-    list.resize(before + count);
+    if (before == 0) {
+        list = QList<Number>(count); // not resize, which would take more than that
+    } else {
+        list.resize(before + count);
+    }
     qFromBigEndian<Word>(bytes, count * wordsEach, list.data() + before);
 #else
     WholeBytes whole{bytes};
@@ -34,8 +42,13 @@ template <class Number> void appendCut(QList<Number>& list, WireBytes bytes) {
 
 } // namespace
 
-WireReader::WireReader(QDataStream& stream)
-    : stream_(stream), window_(dynamic_cast<RecordWindow*>(stream.device())) {}
+WireReader::WireReader(QDataStream& stream) : stream_(stream), window_(nullptr) {
+    QIODevice* device = stream.device();
+    // A cast would look at more than the one class that counts.
+    if (device && typeid(*device) == typeid(RecordWindow)) {
+        window_ = static_cast<RecordWindow*>(device);
+    }
+}
 
 WireBytes WireReader::copy(qsizetype size) {
     const int got = stream_.readRawData(reinterpret_cast<char*>(scratch_), static_cast<int>(size));
@@ -55,8 +68,10 @@ int WireReader::count() {
 
 /// Whether the data ends here although elements are missing.
 bool WireReader::endsBefore(qsizetype missing) {
-    if (missing == 0 || !(window_ ? window_->atEnd() : stream_.atEnd())) return false;
-    if (window_) window_->setRanOut();
+    if (missing == 0) return false;
+    if (!window_) return stream_.atEnd();
+    if (window_->hasBytes()) return false;
+    window_->setRanOut();
     return true;
 }
 
@@ -77,7 +92,9 @@ template <class Number> void WireReader::numberList(QList<Number>& list) {
 
 template <class List, class ReadLast> void WireReader::elementList(List& list, ReadLast readLast) {
     list.clear();
-    for (int missing = count(); missing > 0; --missing) {
+    int missing = count();
+    list.reserve(qBound(0, missing, elementsReserved));
+    for (; missing > 0; --missing) {
         list.append(typename List::value_type());
         readLast(list.last());
         if (endsBefore(missing - 1)) return;

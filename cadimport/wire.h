@@ -43,7 +43,7 @@ using WireWords = std::array<typename WireWord<Field>::Type,
 struct WholeBytes {
     const uchar* at;
 
-    template <class Word> Word next() {
+    template <class Word> Q_ALWAYS_INLINE Word next() {
         const Word word = qFromBigEndian<Word>(at);
         at += sizeof(Word);
         return word;
@@ -55,7 +55,7 @@ struct CutBytes {
     const uchar* at;
     const uchar* end;
 
-    template <class Word> Word next() {
+    template <class Word> Q_ALWAYS_INLINE Word next() {
         if (end - at < static_cast<qptrdiff>(sizeof(Word))) {
             at = end;
             return 0;
@@ -66,17 +66,17 @@ struct CutBytes {
     }
 };
 
-template <class Source, class Field> void decode(Source& source, Field& field) {
+template <class Source, class Field> Q_ALWAYS_INLINE void decode(Source& source, Field& field) {
     WireWords<Field> words;
     for (auto& word : words) word = source.template next<typename WireWord<Field>::Type>();
     field = std::bit_cast<Field>(words);
 }
 /// Any byte but 0 is true.
-template <class Source> void decode(Source& source, bool& field) {
+template <class Source> Q_ALWAYS_INLINE void decode(Source& source, bool& field) {
     field = source.template next<quint8>() != 0;
 }
 
-template <class Field> void encode(uchar*& at, const Field& field) {
+template <class Field> Q_ALWAYS_INLINE void encode(uchar*& at, const Field& field) {
     for (const auto word : std::bit_cast<WireWords<Field>>(field)) {
         qToBigEndian(word, at);
         at += sizeof(word);

@@ -1,0 +1,378 @@
+// SPDX-License-Identifier: Apache-2.0
+// The Creator against the reference host's modelling component, whose trace tells every call.
+#include "cadimport/creator.h"
+
+#include "component/manageraccess.h"
+#include "host/modelling/modellingcomponent.h"
+#include "zelbasictypes/sets/bitvector.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+using namespace CADImport;
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class CreatorTest : public testing::Test {
+protected:
+    CreatorTest() : modelling(host::rootManager(), &trace) {
+        zelSetManager(&host::rootManager());
+        creator = std::make_unique<Creator>(modelling.importTarget());
+    }
+    ~CreatorTest() override {
+        creator.reset();
+        host::rootManager().clear();
+    }
+
+    void give(const Message& message) { message.accept(*creator); }
+    void open(double unit = 1000.0) {
+        NewModel message;
+        message.accuracy = 0.001;
+        message.unit = unit;
+        give(message);
+    }
+    void close() { give(EndModel()); }
+
+    /// The calls since the last question.
+    Lines calls() {
+        Lines result;
+        std::istringstream text(trace.str());
+        for (std::string line; std::getline(text, line);) result.push_back(line);
+        trace.str({});
+        return result;
+    }
+
+    std::ostringstream trace;
+    host::ModellingComponent modelling;
+    std::unique_ptr<Creator> creator;
+};
+
+template <class T> T withIdentifier(int identifier) {
+    T message;
+    message.identifier = identifier;
+    return message;
+}
+
+CreateLine line(int identifier, Point3 end = {1, 0, 0}) {
+    auto message = withIdentifier<CreateLine>(identifier);
+    message.endPoint = end;
+    return message;
+}
+
+CreateSphere sphere(int identifier, double radius) {
+    auto message = withIdentifier<CreateSphere>(identifier);
+    message.radius = radius;
+    return message;
+}
+
+CreateFace face(int identifier, int surface, const QList<int>& loops) {
+    auto message = withIdentifier<CreateFace>(identifier);
+    message.surfaceId = surface;
+    message.loops = loops;
+    return message;
+}
+
+CreateEdge edge(int identifier, int curve, bool sense = false) {
+    auto message = withIdentifier<CreateEdge>(identifier);
+    message.curve = curve;
+    message.faces = {7, 8};
+    message.sense = sense;
+    return message;
+}
+
+CreateShell shell(const Box& box) {
+    auto message = withIdentifier<CreateShell>(1);
+    message.boundingBox = box;
+    message.faces = {5, 6};
+    message.closed = true;
+    return message;
+}
+
+template <class T> T framed(int identifier) {
+    auto message = withIdentifier<T>(identifier);
+    message.origin = {1, 2, 3};
+    message.normal = {0, 0, 1};
+    message.uDirection = {1, 0, 0};
+    message.uRange = {0, 4};
+    message.vRange = {5, 6};
+    return message;
+}
+
+} // namespace
+
+TEST_F(CreatorTest, MakesAnImporterAndCallsItForNothing) {
+    EXPECT_TRUE(creator->hasImporter());
+    EXPECT_TRUE(calls().empty());
+    EXPECT_TRUE(creator->models().empty());
+}
+
+TEST_F(CreatorTest, HasNoImporterWhereTheHostHasNoClassForIt) {
+    host::rootManager().clear();
+    EXPECT_FALSE(Creator(modelling.importTarget()).hasImporter());
+}
+
+TEST_F(CreatorTest, HandsTheNumbersOfEveryShapeAcrossInTheHostsOrder) {
+    open();
+    auto arc = withIdentifier<CreateArc>(2);
+    arc.center = {1, 2, 3};
+    arc.normal = {0, 0, 1};
+    arc.direction = {1, 0, 0};
+    arc.radius = 4;
+    arc.endAngle = 5;
+    auto ellipse = withIdentifier<CreateEllipse>(3);
+    ellipse.littleHalfAxis = 1;
+    ellipse.bigHalfAxis = 2;
+    ellipse.endAngle = 3;
+    auto cylinder = framed<CreateCylinder>(1);
+    cylinder.radius = 7;
+    auto cone = framed<CreateCone>(2);
+    cone.angle = 0.5;
+    auto ball = framed<CreateSphere>(3);
+    ball.radius = 8;
+    auto torus = framed<CreateTorus>(4);
+    torus.minorRadius = 1;
+    torus.majorRadius = 9;
+    calls();
+    give(line(1));
+    give(arc);
+    give(ellipse);
+    give(framed<CreatePlane>(5));
+    give(cylinder);
+    give(cone);
+    give(ball);
+    give(torus);
+    EXPECT_EQ(
+        calls(),
+        (Lines{
+            R"(["IZelLine#1","define",[[0,0,0],[1,0,0],null,0]])",
+            R"(["IZelArc#1","define",[[1,2,3],4,[0,0,1],[1,0,0],0,5,null,0]])",
+            R"(["IZelEllipse#1","define",[[0,0,0],[0,0,0],[0,0,0],2,1,0,3,null,0]])",
+            R"(["IZelPlane#1","define",[[1,2,3],[0,0,1],[1,0,0],[0,4],[5,6]]])",
+            R"(["IZelCylinder#1","define",[[1,2,3],[0,0,1],[1,0,0],7,[0,4],[5,6],[0,4],[5,6]]])",
+            R"(["IZelCone#1","define",[[1,2,3],[0,0,1],[1,0,0],0.5,[0,4],[5,6],[0,4],[5,6]]])",
+            R"(["IZelSphere#1","define",[[1,2,3],8,[0,0,1],[1,0,0],[0,4],[5,6],null,null]])",
+            R"(["IZelTorus#1","define",[[1,2,3],[0,0,1],9,1,[1,0,0],[0,4],[5,6],null,null,0]])",
+        }));
+}
+
+TEST_F(CreatorTest, SetsKnotsAndGridOfASplineSurfaceOneByOne) {
+    auto surface = withIdentifier<CreateNURBSSurface>(1);
+    surface.degreeU = 1;
+    surface.degreeV = 2;
+    surface.knotsU = {0, 1};
+    surface.knotsV = {2};
+    surface.controlPoints = {{{1, 2, 3, 4}, {5, 6, 7, 8}, {0, 0, 0, 1}},
+                             {{9, 9, 9, 1}, {8, 8, 8, 1}, {7, 7, 7, 0.5}}};
+    give(surface);
+    EXPECT_EQ(calls(), (Lines{
+                           R"(["IZelNurbSurface#1","define",[false,1,2,2,3]])",
+                           R"(["IZelNurbSurface#1","setKnotU",[0,0]])",
+                           R"(["IZelNurbSurface#1","setKnotU",[1,1]])",
+                           R"(["IZelNurbSurface#1","setKnotV",[0,2]])",
+                           R"(["IZelNurbSurface#1","setControlPoint",[0,0,[1,2,3],4]])",
+                           R"(["IZelNurbSurface#1","setControlPoint",[0,1,[5,6,7],8]])",
+                           R"(["IZelNurbSurface#1","setControlPoint",[0,2,[0,0,0],1]])",
+                           R"(["IZelNurbSurface#1","setControlPoint",[1,0,[9,9,9],1]])",
+                           R"(["IZelNurbSurface#1","setControlPoint",[1,1,[8,8,8],1]])",
+                           R"(["IZelNurbSurface#1","setControlPoint",[1,2,[7,7,7],0.5]])",
+                       }));
+}
+
+TEST_F(CreatorTest, RefusesGridsWithoutRowsOrWithAShortRow) {
+    auto surface = withIdentifier<CreateNURBSSurface>(1);
+    surface.degreeU = surface.degreeV = 1;
+    give(surface);
+    surface.controlPoints = {{{}, {}}, {{}}};
+    give(surface);
+    EXPECT_TRUE(calls().empty());
+}
+
+TEST_F(CreatorTest, ScalesShapesOnlyInModelsThatAreNotInMetres) {
+    open(1000);
+    give(line(1));
+    close();
+    open(25.4);
+    give(line(1));
+    close();
+    give(line(1));
+    const Lines all = calls();
+    EXPECT_EQ(std::count_if(all.begin(), all.end(),
+                            [](const std::string& call) {
+                                return call.find("transform") != std::string::npos;
+                            }),
+              1);
+    EXPECT_NE(std::find(all.begin(), all.end(),
+                        R"(["IZelLine#2","transform",[[0.025399999999999999,0,0,0,0,)"
+                        R"(0.025399999999999999,0,0,0,0,0.025399999999999999,0,0,0,0,1]]])"),
+              all.end());
+}
+
+TEST_F(CreatorTest, GivesAnEdgeItsCurveBothFacesAndOppositeSenses) {
+    open();
+    give(line(3));
+    calls();
+    give(edge(4, 3));
+    give(edge(5, 99, true));
+    EXPECT_EQ(calls(), (Lines{
+                           R"(["importer","createEdge",[4]])",
+                           R"(["importer","setEdgeCurve",[4,"IZelLine#1"]])",
+                           R"(["importer","setEdgeFace",[4,0,7]])",
+                           R"(["importer","setEdgeFace",[4,1,8]])",
+                           R"(["importer","setEdgeSense",[4,0,false]])",
+                           R"(["importer","setEdgeSense",[4,1,true]])",
+                           R"(["importer","createEdge",[5]])",
+                           R"(["importer","setEdgeFace",[5,0,7]])",
+                           R"(["importer","setEdgeFace",[5,1,8]])",
+                           R"(["importer","setEdgeSense",[5,0,true]])",
+                           R"(["importer","setEdgeSense",[5,1,false]])",
+                       }));
+}
+
+TEST_F(CreatorTest, PassesLoopsAndFacesOnAndRefusesALoopWithMissingEdges) {
+    open();
+    give(sphere(2, 1));
+    calls();
+    auto loop = withIdentifier<CreateLoop>(4);
+    loop.faceId = 1;
+    loop.coedges = {1, 2};
+    loop.edges = {11, 12, 13};
+    loop.outer = false;
+    give(loop);
+    loop.edges = {11};
+    give(loop);
+    give(face(1, 2, {4, 5}));
+    give(face(6, 99, {4}));
+    EXPECT_EQ(calls(), (Lines{
+                           R"(["importer","createLoop",[4,[11,12],2,false]])",
+                           R"(["importer","createFace",[1]])",
+                           R"(["importer","setFaceSurface",[1,"IZelSphere#1"]])",
+                           R"(["importer","addFaceLoop",[1,4]])",
+                           R"(["importer","addFaceLoop",[1,5]])",
+                           R"(["importer","createFace",[6]])",
+                           R"(["importer","addFaceLoop",[6,4]])",
+                       }));
+}
+
+TEST_F(CreatorTest, PutsTheBoxOfAShellInOrderAndScalesIt) {
+    constexpr double limit = std::numeric_limits<float>::max();
+    const auto boxOf = [this](const Box& box) {
+        give(shell(box));
+        const Lines all = calls();
+        EXPECT_EQ(all.back(), R"(["importer","createShell",[1,[5,6],2,true]])");
+        return all.at(all.size() - 2);
+    };
+    open(1000);
+    calls();
+    EXPECT_EQ(boxOf({{5, 0, 0}, {1, 1, 1}}), R"(["importer","setShellBox",[[[1,0,0],[5,1,1]]]])");
+    EXPECT_EQ(boxOf({}), R"(["importer","setShellBox",[[[-1,-1,-1],[1,1,1]]]])");
+    const std::string empty =
+        R"(["importer","setShellBox",[[[3.4028234663852886e+38,3.4028234663852886e+38,)"
+        R"(3.4028234663852886e+38],[-3.4028234663852886e+38,-3.4028234663852886e+38,)"
+        R"(-3.4028234663852886e+38]]]])";
+    EXPECT_EQ(boxOf({{limit, 1, 2}, {-limit, 3, 4}}), empty);
+    close();
+    open(1);
+    calls();
+    EXPECT_EQ(boxOf({{0, 0, 0}, {1000, 2000, 3000}}),
+              R"(["importer","setShellBox",[[[0,0,0],[1,2,3]]]])");
+    EXPECT_EQ(boxOf({{limit, 1, 2}, {-limit, 3, 4}}), empty);
+}
+
+TEST_F(CreatorTest, ScalesTheAxesOfACoordinateSystemButNotItsOrigin) {
+    open(1);
+    calls();
+    auto system = withIdentifier<CreateCoordinateSystem>(1);
+    system.origin = {10, 20, 30};
+    system.xDirection = {1, 0, 0};
+    system.yDirection = {0, 2, 0};
+    system.zDirection = {9, 9, 9};
+    give(system);
+    give(system);
+    const Lines all = calls();
+    EXPECT_EQ(all.at(0), R"(["IZelCoordinateSystem#1","setOrigin",[[10,20,30]]])");
+    EXPECT_EQ(all.at(1), R"(["IZelCoordinateSystem#1","setAxes",[[0.001,0,0],[0,0.002,0]]])");
+
+    std::list<IZelFeature*> features{nullptr};
+    std::list<BitVector*> masks;
+    creator->coordinateSystems(features, masks);
+    ASSERT_EQ(features.size(), 2u);
+    ASSERT_EQ(masks.size(), 2u);
+    for (BitVector* mask : masks) {
+        EXPECT_EQ(mask->count(), 0);
+        EXPECT_EQ(mask->maxBit(), 31);
+        delete mask;
+    }
+    modelling.takeCoordinateSystems(features);
+}
+
+TEST_F(CreatorTest, EndsIdentifiersWithTheirModelAndKeepsOneEntryForEach) {
+    open();
+    give(line(1));
+    give(sphere(1, 2));
+    close();
+    open();
+    calls();
+    give(edge(2, 1));
+    give(face(3, 1, {4}));
+    give(line(1));
+    give(edge(4, 1));
+    close();
+    const Lines all = calls();
+    const auto count = [&all](const char* operation) {
+        return std::count_if(all.begin(), all.end(), [operation](const std::string& call) {
+            return call.find(operation) != std::string::npos;
+        });
+    };
+    EXPECT_EQ(count("setEdgeCurve"), 1);
+    EXPECT_EQ(count("setFaceSurface"), 0);
+    EXPECT_EQ(creator->models().size(), 2u);
+}
+
+TEST_F(CreatorTest, ReplacesAnEntryButKeepsItWhenTheNewMessageIsInvalid) {
+    open();
+    give(sphere(1, 2));
+    give(sphere(1, 3));
+    give(sphere(1, 0));
+    calls();
+    give(face(1, 1, {4}));
+    EXPECT_EQ(calls().at(1), R"(["importer","setFaceSurface",[1,"IZelSphere#2"]])");
+}
+
+TEST_F(CreatorTest, CallsNothingForWhatItDoesNotPassOn) {
+    auto body = withIdentifier<CreateBody>(1);
+    body.shells = {1};
+    auto curve = withIdentifier<CreateNURBSCurve>(9);
+    curve.degree = 3;
+    NewModel bad;
+    for (const Message* message : std::initializer_list<const Message*>{&body, &curve, &bad}) {
+        give(*message);
+    }
+    give(withIdentifier<CreateVertex>(1));
+    give(CreateCoedge());
+    give(CreateGroup());
+    give(OKMessage());
+    give(FinishMessage());
+    EXPECT_TRUE(calls().empty());
+    give(edge(1, 9));
+    EXPECT_EQ(calls().at(1), R"(["importer","setEdgeFace",[1,0,7]])");
+}
+
+TEST_F(CreatorTest, KeepsTheScaleOfAModelWhenTheNextOneIsInvalid) {
+    open(1);
+    calls();
+    give(NewModel());
+    give(line(1));
+    EXPECT_EQ(calls().size(), 2u) << "define and transform";
+}
+
+TEST_F(CreatorTest, FinishesAModelThatNeverBegan) {
+    close();
+    EXPECT_EQ(calls().front(), R"(["importer","finishModel",[]])");
+}
