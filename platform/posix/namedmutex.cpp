@@ -149,10 +149,8 @@ public:
     bool enter(bool create) { return block.enter(create); }
 
     bool wait(std::uint32_t milliseconds) override {
-        pthread_mutex_t* mutex = block.mutex();
-        int result = milliseconds == infinite ? pthread_mutex_lock(mutex)
-                                              : lockUntil(deadline(milliseconds));
-        if (result == EOWNERDEAD) result = pthread_mutex_consistent(mutex);
+        int result = lock(milliseconds);
+        if (result == EOWNERDEAD) result = pthread_mutex_consistent(block.mutex());
         if (result == 0) ++held;
         return result == 0;
     }
@@ -163,7 +161,10 @@ public:
     }
 
 private:
-    int lockUntil(const timespec& when) {
+    int lock(std::uint32_t milliseconds) {
+        if (milliseconds == infinite) return pthread_mutex_lock(block.mutex());
+        if (milliseconds == 0) return pthread_mutex_trylock(block.mutex());
+        const timespec when = deadline(milliseconds);
         return pthread_mutex_clocklock(block.mutex(), CLOCK_MONOTONIC, &when);
     }
 

@@ -13,8 +13,19 @@ struct DirectorySearch {
     HANDLE handle;
 };
 
+namespace {
+
+/// Two backslashes at the start would be the name of another machine.
+std::u16string patternFor(std::u16string_view directory) {
+    const bool separated =
+        !directory.empty() && (directory.back() == u'\\' || directory.back() == u'/');
+    return std::u16string(directory) + (separated ? u"*.*" : u"\\*.*");
+}
+
+} // namespace
+
 DirectorySearch* findFirst(const char16_t* directory, std::u16string& name) {
-    const std::u16string pattern = std::u16string(directory) + u"\\*.*";
+    const std::u16string pattern = patternFor(directory);
     WIN32_FIND_DATAW found{};
     const HANDLE handle = ::FindFirstFileW(wide(pattern.c_str()), &found);
     if (handle == INVALID_HANDLE_VALUE) {

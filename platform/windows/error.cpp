@@ -40,16 +40,12 @@ int numberOf(unsigned long system) {
 
 void takeSystemError() {
     const unsigned long system = ::GetLastError();
-    ::_set_doserrno(system);
-    ::_set_errno(numberOf(system));
+    _doserrno = system;
+    errno = numberOf(system);
 }
 
 Error lastError() {
-    int number = 0;
-    unsigned long system = 0;
-    ::_get_errno(&number);
-    ::_get_doserrno(&system);
-    switch (number) {
+    switch (errno) {
     case 0:
         return Error::none;
     case EEXIST:
@@ -60,7 +56,7 @@ Error lastError() {
         return Error::notFound;
     case EACCES:
     case EPERM:
-        return isHeldByOthers(system) ? Error::busy : Error::denied;
+        return isHeldByOthers(_doserrno) ? Error::busy : Error::denied;
     case EBUSY:
         return Error::busy;
     case ENOSPC:

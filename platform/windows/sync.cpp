@@ -73,7 +73,9 @@ class KernelSemaphore : public Kernel<Semaphore> {
 public:
     using Kernel::Kernel;
     bool signal() override { return raise(1); }
-    bool raise(std::int32_t count) override { return ::ReleaseSemaphore(handle, count, nullptr); }
+    bool raise(std::int32_t count) override {
+        return count > 0 && ::ReleaseSemaphore(handle, count, nullptr);
+    }
 };
 
 template <class Made> std::unique_ptr<Made> hold(HANDLE handle) {
