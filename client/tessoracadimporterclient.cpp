@@ -41,7 +41,7 @@ void interpretFrame(const QByteArray& payload, TessoraCADImporterClient* client)
     message->accept(interpreter);
 }
 
-QByteArray frameOf(const CADImport::Message& message) {
+QByteArray encodedFrame(const CADImport::Message& message) {
     QByteArray frame;
     QDataStream stream(&frame, QIODevice::WriteOnly);
     stream.setVersion(CADImport::streamVersion);
@@ -127,7 +127,7 @@ bool TessoraCADImporterClient::serverRuns() const {
 
 void TessoraCADImporterClient::sendControlMessage(const CADImport::Message& message) {
     if (controlThread.isNull() || !serverRuns() || serverHost.isEmpty()) return;
-    emit sendControlMessageSignal(frameOf(message));
+    emit sendControlMessageSignal(encodedFrame(message));
 }
 
 void TessoraCADImporterClient::controlMessageProcessing(const QByteArray& payload) {

@@ -1,0 +1,386 @@
+// SPDX-License-Identifier: Apache-2.0
+// The import run as the host sees it: with a server that does what the test says, and services that
+// answer what the test says.
+#include "client/tessoracadimporterclient.h"
+
+#include "cadimport/controlmessages.h"
+#include "cadimport/modelling/izelcadimporter.h"
+#include "cadimport/modelling/izelcoordinatesystem.h"
+#include "cadimport/topologymessages.h"
+#include "component/objects/services/idatastore.h"
+#include "component/objects/services/iguibusystate.h"
+#include "component/objects/services/iguisimpledlg.h"
+#include "component/objects/services/imacromgr.h"
+#include "host/modelling/modellingcomponent.h"
+#include "tests/support/fakemanager.h"
+#include "zelbasictypes/sets/bitvector.h"
+
+#include <QDataStream>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+using testsupport::FakeManager;
+
+namespace {
+
+using Words = std::list<KorString>;
+
+class Dialog : public IGuiSimpleDlg {
+public:
+    void qi(const char* name, void** result, std::int32_t) override {
+        zelAnswerQuery<IGuiSimpleDlg>(this, className(), name, result);
+    }
+    const char* className() override { return "Dialog"; }
+    std::int32_t show(std::int32_t kind, const KorString& text, const KorString& title, bool, bool,
+                      bool) override {
+        EXPECT_EQ(title, " ");
+        shown.push_back(std::to_string(kind) + " " + text.toNarrow());
+        return answer;
+    }
+
+    std::int32_t answer = 0;
+    std::vector<std::string> shown;
+};
+
+class BusyState : public IGuiBusyState {
+public:
+    void qi(const char* name, void** result, std::int32_t) override {
+        zelAnswerQuery<IGuiBusyState>(this, className(), name, result);
+    }
+    const char* className() override { return "BusyState"; }
+    bool isCancelled() override {
+        ++questions;
+        return true;
+    }
+
+    int questions = 0;
+};
+
+class Macros : public IMacroMgr {
+public:
+    void qi(const char* name, void** result, std::int32_t) override {
+        zelAnswerQuery<IMacroMgr>(this, className(), name, result);
+    }
+    const char* className() override { return "Macros"; }
+    bool query(bool running) override { return running; }
+};
+
+/// Offers the reference host's modelling component through the fake manager.
+class ImportTest : public testing::Test {
+protected:
+    ImportTest() : modelling(host::rootManager()) {
+        manager.offerClass("IZelCADImporter", [] {
+            void* made = nullptr;
+            host::rootManager().createInstance(host::importerClassId,
+                                               KorCString::borrow("IZelCADImporter"), &made);
+            return static_cast<IZelCADImporter*>(made);
+        });
+        manager.offerNew("IZelCoordinateSystem", [] {
+            void* made = nullptr;
+            host::rootManager().getService(KorCString::borrow("IZelCoordinateSystem"), &made);
+            return static_cast<IZelCoordinateSystem*>(made);
+        });
+        client = new TessoraCADImporterClient;
+    }
+    ~ImportTest() override {
+        client = nullptr;
+        host::rootManager().clear();
+    }
+
+    /// A client made anew, for services that are asked at construction.
+    void renewClient() { client = new TessoraCADImporterClient; }
+
+    std::string path(const char* name) const {
+        return directory.filePath(QString::fromLatin1(name)).toStdString();
+    }
+    KorString base() const { return KorString(path("part").c_str()); }
+    std::string reportPath() const { return path("report.txt"); }
+
+    void write(const char* name, const QByteArray& bytes) const {
+        QFile file(QString::fromStdString(path(name)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    void writeModel(const std::vector<const CADImport::Message*>& messages) const {
+        QByteArray bytes;
+        QDataStream stream(&bytes, QIODevice::WriteOnly);
+        stream.setVersion(CADImport::streamVersion);
+        for (const CADImport::Message* message : messages) {
+            stream << message->name();
+            message->write(stream);
+        }
+        write("part.direct", bytes);
+    }
+    bool exists(const char* name) const {
+        return QFile::exists(QString::fromStdString(path(name)));
+    }
+
+    /// The words for a run that ends in files under the base name.
+    Words words(std::initializer_list<std::string> more = {}) const {
+        Words result{"-OutputBaseName", base()};
+        for (const std::string& word : more) result.emplace_back(word.c_str());
+        return result;
+    }
+    bool run(const Words& arguments, const char* server = FAKE_SERVER,
+             const KorString& environment = {}) {
+        return client->importModel(environment, KorString(server), arguments,
+                                   modelling.importTarget(), nullptr, nullptr, exported);
+    }
+    /// Without a server: whatever model file is there is read.
+    bool readOnly() {
+        Words arguments{"-ControlSocket", "", "0"};
+        arguments.splice(arguments.end(), words());
+        return run(arguments);
+    }
+    /// What the server was told, one word a line.
+    QStringList report() const {
+        QFile file(QString::fromStdString(reportPath()));
+        if (!file.open(QIODevice::ReadOnly)) return {};
+        return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    }
+
+    FakeManager manager;
+    host::ModellingComponent modelling;
+    QTemporaryDir directory;
+    IPtr<TessoraCADImporterClient> client;
+    std::list<KorString> exported;
+};
+
+CADImport::NewModel newModel() {
+    CADImport::NewModel message;
+    message.accuracy = 0.01;
+    return message;
+}
+
+CADImport::CreateCoordinateSystem coordinateSystem() {
+    CADImport::CreateCoordinateSystem message;
+    message.identifier = 1;
+    return message;
+}
+
+} // namespace
+
+TEST_F(ImportTest, AnswersItsNameAndItsInterfaceAndNothingElse) {
+    void* found = nullptr;
+    client->qi("ITessoraCADImporterClient", &found);
+    EXPECT_EQ(found, static_cast<ITessoraCADImporterClient*>(client.iface));
+    client->qi("TessoraCADImporterClient", &found);
+    EXPECT_EQ(found, client.iface);
+    client->qi("itessoracadimporterclient", &found);
+    EXPECT_EQ(found, nullptr);
+    EXPECT_STREQ(client->metaObject()->className(), "TessoraCADImporterClient");
+    EXPECT_TRUE(client->inherits("TessoraCADImporterClient"));
+    EXPECT_NE(client->qt_metacast("ITessoraCADImporterClient"), nullptr);
+    EXPECT_FALSE(client->reservedQuery());
+}
+
+TEST_F(ImportTest, RefusesWithoutATargetAndStartsNothing) {
+    exported.emplace_back("kept");
+    EXPECT_FALSE(client->importModel({}, FAKE_SERVER, words({"-FakeReport", reportPath()}), nullptr,
+                                     nullptr, nullptr, exported));
+    EXPECT_TRUE(report().isEmpty());
+    EXPECT_EQ(exported.size(), 1u);
+}
+
+TEST_F(ImportTest, PutsTheHostsWordsFirstAndItsOwnBehind) {
+    EXPECT_FALSE(run(words({"-FakeReport", reportPath(), "-X"})));
+    EXPECT_EQ(report(), (QStringList{"-OutputBaseName", QString::fromStdString(path("part")),
+                                     "-FakeReport", QString::fromStdString(reportPath()), "-X",
+                                     "-igs", "on", "-BodiesOnly", "off"}));
+}
+
+TEST_F(ImportTest, AsksForACustomImportUnlessInBatchMode) {
+    IPtr<Dialog> dialog(new Dialog);
+    manager.offer("IGuiSimpleDlg", dialog.iface);
+    const auto modeFor = [&](std::int32_t answer) {
+        dialog->answer = answer;
+        run(words({"-FakeReport", reportPath()}));
+        return report().value(4).toStdString();
+    };
+    EXPECT_EQ(modeFor(1), "-Interactive");
+    EXPECT_EQ(modeFor(0), "-Passive");
+    EXPECT_EQ(dialog->shown.back(), "3 Do you want a custom import?");
+
+    manager.offer("IMacroMgr", new Macros);
+    renewClient();
+    dialog->shown.clear();
+    EXPECT_EQ(modeFor(1), "-Batch");
+    EXPECT_TRUE(dialog->shown.empty());
+    manager.withdraw("IMacroMgr");
+    EXPECT_EQ(modeFor(1), "-Batch") << "decided once";
+}
+
+TEST_F(ImportTest, LendsTheEnvironmentFileToTheServerAndPutsTheValuesBack) {
+    ::setenv("BRIX_TEST_LONG", std::string(300, 'x').c_str(), 1);
+    ::setenv("BRIX_TEST_KEPT", "kept", 1);
+    ::unsetenv("BRIX_TEST_NEW");
+    write("environment", "# BRIX_TEST_KEPT=no\nBRIX_TEST_NEW=1\r\n\nno sign\n=nameless\n"
+                         "BRIX_TEST_LONG=first\nBRIX_TEST_LONG=a=b\nBRIX_TEST_KEPT=\n");
+    run(words({"-FakeReport", reportPath(), "-FakeEnv", "BRIX_TEST_NEW", "-FakeEnv",
+               "BRIX_TEST_LONG", "-FakeEnv", "BRIX_TEST_KEPT"}),
+        FAKE_SERVER, KorString(path("environment").c_str()));
+    EXPECT_EQ(report().mid(report().size() - 3),
+              (QStringList{"BRIX_TEST_NEW=1", "BRIX_TEST_LONG=a=b", "BRIX_TEST_KEPT=kept"}));
+    EXPECT_EQ(std::getenv("BRIX_TEST_LONG"), std::string(300, 'x'));
+    EXPECT_STREQ(std::getenv("BRIX_TEST_NEW"), "");
+}
+
+TEST_F(ImportTest, TellsWhyAServerDoesNotStart) {
+    IPtr<Dialog> dialog(new Dialog);
+    manager.offer("IGuiSimpleDlg", dialog.iface);
+    exported.emplace_back("kept");
+    EXPECT_FALSE(run(words(), "/nonexistent/server"));
+    EXPECT_EQ(dialog->shown,
+              (std::vector<std::string>{"3 Do you want a custom import?", "1 It failed to start",
+                                        "1 The CAD Importer server could not be started"}));
+    EXPECT_EQ(exported.size(), 1u);
+}
+
+TEST_F(ImportTest, GoesOnWithoutAServerWhereNobodyCanBeTold) {
+    writeModel({});
+    write("part.igs", "x");
+    EXPECT_TRUE(run(words(), "/nonexistent/server"));
+    EXPECT_FALSE(exists("part.direct"));
+    EXPECT_EQ(exported.size(), 1u);
+}
+
+TEST_F(ImportTest, ReadsWhatACrashedServerLeft) {
+    IPtr<Dialog> dialog(new Dialog);
+    manager.offer("IGuiSimpleDlg", dialog.iface);
+    writeModel({});
+    write("part.igs", "x");
+    EXPECT_TRUE(run(words({"-FakeCrash"})));
+    EXPECT_EQ(dialog->shown.size(), 1u) << "the question alone";
+    EXPECT_FALSE(exists("part.direct"));
+}
+
+TEST_F(ImportTest, AsksTwiceASecondWhetherToStopAndWaitsForTheServerAllTheSame) {
+    IPtr<BusyState> busy(new BusyState);
+    manager.offer("IGuiBusyState", busy.iface);
+    QElapsedTimer timer;
+    timer.start();
+    run(words({"-FakeSleep", "1300"}));
+    EXPECT_GE(timer.elapsed(), 1300);
+    EXPECT_GE(busy->questions, 2);
+    EXPECT_LE(busy->questions, 4);
+}
+
+TEST_F(ImportTest, FailsWithoutAnOutputBaseNameAfterTheServerHasRun) {
+    exported.emplace_back("gone");
+    EXPECT_FALSE(run({"-FakeReport", reportPath().c_str()}));
+    EXPECT_FALSE(report().isEmpty());
+    EXPECT_TRUE(exported.empty());
+    EXPECT_FALSE(run({"-FakeReport", reportPath().c_str(), "-OutputBaseName"}));
+}
+
+TEST_F(ImportTest, ModelsAloneAreNoSuccessButAreResults) {
+    const auto model = newModel();
+    const CADImport::EndModel end;
+    writeModel({&model, &end, &model, &end});
+    EXPECT_FALSE(readOnly());
+    EXPECT_TRUE(client->hasResults());
+    EXPECT_EQ(client->models().size(), 2u);
+    EXPECT_FALSE(exists("part.direct"));
+
+    EXPECT_FALSE(readOnly()) << "no model file any more";
+    EXPECT_TRUE(client->models().empty());
+}
+
+TEST_F(ImportTest, KeepsCoordinateSystemsWhenTheNextModelFileIsMissing) {
+    const auto system = coordinateSystem();
+    const auto model = newModel();
+    writeModel({&model, &system});
+    EXPECT_TRUE(readOnly());
+    EXPECT_TRUE(readOnly());
+    std::list<IZelFeature*> features;
+    std::list<BitVector*> masks;
+    EXPECT_TRUE(client->coordinateSystems(features, masks));
+    EXPECT_EQ(features.size(), 1u);
+    ASSERT_EQ(masks.size(), 1u);
+    delete masks.front();
+    modelling.takeCoordinateSystems(features);
+}
+
+TEST_F(ImportTest, LeavesTheModelFileWhereNoImporterCouldTakeIt) {
+    manager.offerClass("IZelCADImporter", [] { return nullptr; });
+    const auto model = newModel();
+    writeModel({&model});
+    write("part.igs", "x");
+    EXPECT_TRUE(readOnly());
+    EXPECT_TRUE(exists("part.direct"));
+    EXPECT_TRUE(client->models().empty());
+}
+
+TEST_F(ImportTest, CollectsRegularFilesOfTheBaseNameWithTheWantedExtension) {
+    for (const char* name : {"part.igs", "part_2.igs", "Part.igs", "part.IGS", "part.sat",
+                             "part.x.igs", "apart.igs", "part.direct.igs"}) {
+        write(name, "x");
+    }
+    ASSERT_TRUE(QDir(directory.path()).mkdir("part_3.igs"));
+    EXPECT_TRUE(readOnly());
+    std::vector<std::string> names;
+    for (const KorString& file : exported) {
+        names.push_back(file.from(file.rfind(u'\\') + 1).toNarrow());
+    }
+    std::sort(names.begin(), names.end());
+    EXPECT_EQ(names, (std::vector<std::string>{"part.direct.igs", "part.igs", "part.x.igs",
+                                               "part_2.igs"}));
+}
+
+namespace {
+
+/// What the option scan tells the client, seen through the run that follows.
+class OptionScanTest : public ImportTest {
+protected:
+    /// True when the words leave the client with a server to start.
+    bool startsServer(Words options) {
+        options.splice(options.end(), words({"-FakeReport", reportPath()}));
+        QFile::remove(QString::fromStdString(reportPath()));
+        run(options);
+        return !report().isEmpty();
+    }
+};
+
+} // namespace
+
+TEST_F(OptionScanTest, TakesTheFirstCompleteSocketOptionOnly) {
+    EXPECT_FALSE(startsServer({"-ControlSocket", "", "0"}));
+    EXPECT_TRUE(startsServer({"-DataSocket", "127.0.0.1", "1", "-ControlSocket", "", "0"}));
+    EXPECT_FALSE(startsServer({"-controlsocket", "x", "1", "-DataSocket", "", "70000"}));
+    client->setControlSocket("127.0.0.1", 1);
+    client->setDataSocket("", 2);
+    EXPECT_FALSE(startsServer({})) << "one host for both, the last call decides";
+}
+
+TEST_F(OptionScanTest, LeavesTheHostAloneWhenTheOptionIsIncomplete) {
+    client->setParameters({"-ControlSocket", ""});
+    client->setParameters({});
+    EXPECT_TRUE(startsServer({}));
+}
+
+TEST_F(OptionScanTest, StepsOverAValueThatLooksLikeAnOption) {
+    EXPECT_TRUE(startsServer({"-ResultFile", "-ControlSocket", "", "0"}));
+}
+
+TEST_F(ImportTest, ActsOnNoFrameWithoutAControlThread) {
+    EXPECT_NO_FATAL_FAILURE(client->controlMessageProcessing("junk"));
+    client->sendControlMessage(CADImport::SendNextModelMessage());
+    QByteArray record;
+    QDataStream stream(&record, QIODevice::WriteOnly);
+    stream.setVersion(CADImport::streamVersion);
+    const CADImport::SetParameterMessage message({"-ControlSocket", "", "5"});
+    stream << message.name();
+    message.write(stream);
+    client->controlMessageProcessing(record);
+    EXPECT_FALSE(run(words({"-FakeReport", reportPath()})));
+    EXPECT_FALSE(report().isEmpty()) << "the host is still there";
+    QFile::remove(QString::fromStdString(reportPath()));
+    client->dataProcessing(record);
+    EXPECT_FALSE(run(words({"-FakeReport", reportPath()})));
+    EXPECT_TRUE(report().isEmpty()) << "the frame took it away";
+}
