@@ -20,7 +20,7 @@ public:
 
 private:
     std::map<std::string, KorString, std::less<>> directories_;
-    const KorString none_;
+    KorString none_;
 };
 
 } // namespace host
