@@ -72,9 +72,6 @@ double extentOf(double length, double bend) {
 /// With greater bends a cubic leaves a circle.
 constexpr double greatestBend = 0.35;
 
-/// How far a stretch may stray from its two arcs. They stray from the original themselves.
-constexpr double stretchToleranceMm = 1e-4;
-
 double distanceTo(const BoundedCurve& piece, const gp_Pnt& point) {
     if (const auto circle = Handle(Geom_Circle)::DownCast(piece.curve); !circle.IsNull()) {
         return circle->Circ().Distance(point);
@@ -84,7 +81,7 @@ double distanceTo(const BoundedCurve& piece, const gp_Pnt& point) {
 
 class NodeList {
 public:
-    explicit NodeList(const BoundedCurve& front) {
+    NodeList(const BoundedCurve& front, double toleranceMm) : toleranceMm_(toleranceMm) {
         const gp_Vec start = tangent(front, front.first);
         nodes_.push_back({front.start(), start, start, 0.0});
     }
@@ -122,24 +119,25 @@ private:
         nodes_.push_back({point, arriving, arriving, nodes_.back().parameter + extent});
     }
 
-    static bool strays(const BoundedCurve& head, const BoundedCurve& tail, const gp_Pnt& second,
-                       const gp_Pnt& third) {
+    bool strays(const BoundedCurve& head, const BoundedCurve& tail, const gp_Pnt& second,
+                const gp_Pnt& third) const {
         const gp_XYZ a = head.start().XYZ(), d = tail.end().XYZ();
         for (const double s : {0.15, 0.3, 0.5, 0.7, 0.85}) {
             const double r = 1.0 - s;
             const gp_Pnt point(a * (r * r * r) + second.XYZ() * (3.0 * r * r * s) +
                                third.XYZ() * (3.0 * r * s * s) + d * (s * s * s));
             const double off = std::min(distanceTo(head, point), distanceTo(tail, point));
-            if (off > stretchToleranceMm) return true;
+            if (off > toleranceMm_) return true;
         }
         return false;
     }
 
+    double toleranceMm_;
     std::vector<Node> nodes_;
 };
 
-std::vector<Node> nodesOf(const std::vector<BoundedCurve>& pieces) {
-    NodeList list(pieces.front());
+std::vector<Node> nodesOf(const std::vector<BoundedCurve>& pieces, double toleranceMm) {
+    NodeList list(pieces.front(), toleranceMm);
     for (std::size_t i = 0; i < pieces.size(); ++i) {
         const bool isPair = i + 1 < pieces.size() && isBiarc(pieces[i], pieces[i + 1]);
         if (isPair && list.addBiarc(pieces[i], pieces[i + 1])) {
@@ -208,11 +206,9 @@ std::optional<JoinedCurve> joined(const std::vector<BoundedCurve>& pieces, doubl
         const bool isArc = radiusOf(piece) > 0.0;
         if (!isArc && Handle(Geom_Line)::DownCast(piece.curve).IsNull()) return std::nullopt;
     }
-    Handle(Geom_BSplineCurve) curve = cubicThrough(nodesOf(pieces));
+    Handle(Geom_BSplineCurve) curve = cubicThrough(nodesOf(pieces, toleranceMm));
     const double deviation = deviationOf(*curve, pieces);
-        fprintf(stderr, "join %zu pieces nodes %zu dev %g\n", pieces.size(), nodesOf(pieces).size(),
-                deviation);
-    if (deviation > toleranceMm) return std::nullopt;
+    if (deviation > 2.0 * toleranceMm) return std::nullopt;
     const double last = curve->LastParameter();
     return JoinedCurve{{Handle(Geom_Curve)(curve), curve->FirstParameter(), last}, deviation};
 }

@@ -18,8 +18,8 @@ struct JoinedCurve {
 /// Whether `next` goes on where `piece` ends, in the same direction.
 bool continues(const BoundedCurve& piece, const BoundedCurve& next, double toleranceMm);
 
-/// A spline along pieces that continue each other, with the length along them as its parameter.
-/// Nothing when it strays further than `toleranceMm`.
+/// A spline along pieces that continue each other. It strays from them by `toleranceMm` where two
+/// arcs become one stretch; nothing when it strays more than twice that far.
 std::optional<JoinedCurve> joined(const std::vector<BoundedCurve>& pieces, double toleranceMm);
 
 } // namespace host

@@ -2,8 +2,8 @@
 // What a shape weighs and whether it is sound.
 #pragma once
 
+#include "host/rebuild/progress.h"
 #include "host/rebuild/rebuild.h"
-#include "host/shape/progress.h"
 
 #include <TopoDS_Shape.hxx>
 

@@ -2,7 +2,7 @@
 // A model of a record as a shape of the kernel, in millimetres.
 #pragma once
 
-#include "host/shape/progress.h"
+#include "host/rebuild/progress.h"
 
 #include <TopoDS_Shape.hxx>
 

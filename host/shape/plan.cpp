@@ -20,8 +20,10 @@
 namespace host {
 namespace {
 
-/// Joined curves may stray this far from the chain that they stand for.
-constexpr double joinToleranceMm = 3e-4;
+/// Joined curves may stray this far from the chain that they stand for, or this share of the
+/// model's size. Chains stray as far from their originals.
+constexpr double joinToleranceMm = 1e-4;
+constexpr double joinShare = 1e-5;
 
 /// Loops with a greater gap than this, or than a thousandth of their size, aren't closed.
 constexpr double leastGapMm = 0.01;
@@ -157,15 +159,20 @@ private:
     }
     gp_Pnt endOf(const EdgeUse& use) const { return startOf({use.edge, !use.along}); }
 
+    static void include(Bnd_Box& box, const BoundedCurve& curve) {
+        for (int i = 0; i <= 4; ++i) {
+            box.Add(curve.curve->Value(curve.first + (curve.last - curve.first) * i / 4));
+        }
+    }
     double sizeOf(const EdgeRun& run) const {
         Bnd_Box box;
-        for (const EdgeUse& use : run) {
-            const BoundedCurve& curve = loose_.curves.at(use.edge);
-            for (int i = 0; i <= 4; ++i) {
-                box.Add(curve.curve->Value(curve.first + (curve.last - curve.first) * i / 4));
-            }
-        }
+        for (const EdgeUse& use : run) include(box, loose_.curves.at(use.edge));
         return std::sqrt(box.SquareExtent());
+    }
+    double sizeOfAll() const {
+        Bnd_Box box;
+        for (const auto& entry : loose_.curves) include(box, entry.second);
+        return box.IsVoid() ? 0.0 : std::sqrt(box.SquareExtent());
     }
 
     std::string faultOfGaps(const LooseLoop& loop) const {
@@ -185,13 +192,14 @@ private:
         for (const LooseFace& face : faces_) {
             for (const LooseLoop& loop : face.loops) loose_.loops.push_back(&loop.run);
         }
+        const double tolerance = std::min(joinToleranceMm, joinShare * sizeOfAll());
         for (const std::vector<Identifier>& chain : chainsOf(loose_)) {
             if (progress_.isSkipped("edge", chain.front())) continue;
             progress_.begin("edge", chain.front());
             std::vector<BoundedCurve> pieces;
             for (const Identifier piece : chain) pieces.push_back(loose_.curves.at(piece));
             std::optional<JoinedCurve> whole;
-            kernelCall([&] { whole = joined(pieces, joinToleranceMm); });
+            kernelCall([&] { whole = joined(pieces, tolerance); });
             if (!whole) continue;
             addEdge(chain.front(), whole->curve, whole->deviation);
             for (std::size_t i = 1; i < chain.size(); ++i) swallowed_.insert(chain[i]);

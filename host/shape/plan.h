@@ -5,8 +5,8 @@
 // Numbers of edges and faces are places in the lists of the plan.
 #pragma once
 
+#include "host/rebuild/progress.h"
 #include "host/shape/geometry.h"
-#include "host/shape/progress.h"
 
 #include <array>
 #include <cstddef>

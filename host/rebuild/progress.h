@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// How the building says what it is at, what it left out, and what it was told to leave out.
+// How the rebuilding says what it is at, what it left out, and what it was told to leave out. Knows
+// no kernel: both sides of the worker's border use it.
 #pragma once
 
 #include "host/modelling/record.h"
@@ -11,8 +12,11 @@
 
 namespace host {
 
-/// One step of the work. `model` counts from 1. `what` is "edge", "face", "shell", or a stage of a
-/// whole model: "model", "measure", "check"; of all models: "picture", "export".
+/// One step of the work. `model` counts from 1; 0 stands for all models. `what` is
+/// - "edge" or "face", with the identifier in the record;
+/// - a stage of one model, with the model's number as identifier: "model" (putting it together),
+///   "measure", "box", "check";
+/// - a stage of all models, with 0: "record" (reading it), "picture", "export".
 struct Step {
     int model = 0;
     std::string what;

@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: Apache-2.0
+// One worker after the other, each told to leave out what its predecessors died of.
+#include "host/rebuild/rebuild.h"
+
+#include "host/modelling/recordfile.h"
+#include "host/rebuild/worker.h"
+#include "platform/process.h"
+
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+namespace host {
+namespace {
+
+std::string reasonOf(WorkerEnd end) {
+    switch (end) {
+    case WorkerEnd::hung:
+        return "the geometry kernel didn't come to an end with it";
+    case WorkerEnd::outOfMemory:
+        return "the geometry kernel ran out of memory over it";
+    default:
+        return "the geometry kernel crashed over it";
+    }
+}
+
+/// What becomes of the rest when nothing can be left out any more.
+QString failureOf(WorkerEnd end) {
+    switch (end) {
+    case WorkerEnd::notStarted:
+        return "the program that rebuilds solids could not be started";
+    case WorkerEnd::refused:
+        return "the program that rebuilds solids did not accept the record";
+    case WorkerEnd::outOfTime:
+        return "the time for rebuilding solids was up";
+    case WorkerEnd::stopped:
+        return "rebuilding solids was stopped";
+    default:
+        return "the program that rebuilds solids kept dying";
+    }
+}
+
+bool isStage(const std::string& what) { return what == "picture" || what == "export"; }
+
+class Rebuilding {
+public:
+    Rebuilding(const ImportRecord& record, const RebuildOptions& options)
+        : record_(record), options_(options), deadline_(options.timeLimitMs) {}
+
+    RebuildOutcome run() {
+        if (!QFileInfo(options_.program).isExecutable()) {
+            outcome_.failure = "there is no program here that rebuilds solids";
+        } else if (!prepare()) {
+            outcome_.failure =
+                "the record could not be written for the program that rebuilds solids";
+        } else {
+            work();
+        }
+        noteMissingFiles();
+        return std::move(outcome_);
+    }
+
+private:
+    bool prepare() {
+        QFile file(inFolder("record"));
+        return folder_.isValid() && file.open(QIODevice::WriteOnly) && writeRecord(file, record_) &&
+               file.flush();
+    }
+    QString inFolder(const QString& name) const { return folder_.filePath(name); }
+    QString pictureName() const { return inFolder("picture.png"); }
+    QString exportName() const {
+        return inFolder("export." + QFileInfo(options_.exportFile).suffix());
+    }
+
+    void work() {
+        WorkerEnd end = WorkerEnd::crashed;
+        for (int i = 0; i < options_.tries; ++i) {
+            const WorkerResult result = runWorker(task());
+            end = result.end;
+            takeOver(result);
+            if (end == WorkerEnd::done) return finish();
+            if (end == WorkerEnd::crashed && isStopRequested()) end = WorkerEnd::stopped;
+            if (!leaveOut(result, end)) break;
+        }
+        if (outcome_.failure.isEmpty()) outcome_.failure = failureOf(end);
+        finish();
+    }
+
+    WorkerTask task() const {
+        WorkerTask task{options_.program,
+                        {inFolder("record")},
+                        options_.stepLimitMs,
+                        deadline_,
+                        options_.stopRequested};
+        task.arguments << "--memory" << QString::number(options_.memoryLimitBytes);
+        if (!options_.picture.isEmpty()) {
+            task.arguments
+                << "--picture" << pictureName() << "--size"
+                << QString("%1x%2").arg(options_.pictureWidth).arg(options_.pictureHeight);
+        }
+        if (!options_.exportFile.isEmpty()) task.arguments << "--export" << exportName();
+        for (const Step& step : skipped_) task.arguments << "--skip" << stepArgument(step);
+        return task;
+    }
+
+    /// Of several runs the one that came furthest counts.
+    void takeOver(const WorkerResult& result) {
+        if (result.models.size() < outcome_.models.size()) return;
+        outcome_.models = result.models;
+        named_ = result.dropped;
+        outcome_.pictureWritten = result.pictureWritten;
+        outcome_.exportWritten = result.exportWritten;
+    }
+
+    bool isStopRequested() const { return options_.stopRequested && options_.stopRequested(); }
+
+    /// False when there is nothing that another worker could do better.
+    bool leaveOut(const WorkerResult& result, WorkerEnd end) {
+        const bool isSomethings =
+            end == WorkerEnd::crashed || end == WorkerEnd::hung || end == WorkerEnd::outOfMemory;
+        if (!isSomethings || !result.step || result.step->what == "record") return false;
+        if (!skipped_.insert(*result.step).second) return false;
+        outcome_.dropped.push_back({result.step->what, result.step->identifier, reasonOf(end)});
+        return true;
+    }
+
+    void finish() {
+        outcome_.dropped.insert(outcome_.dropped.end(), named_.begin(), named_.end());
+        outcome_.pictureWritten =
+            outcome_.pictureWritten && deliver(pictureName(), options_.picture, "picture");
+        outcome_.exportWritten =
+            outcome_.exportWritten && deliver(exportName(), options_.exportFile, "export");
+    }
+    bool deliver(const QString& from, const QString& to, const char* what) {
+        QFile::remove(to);
+        if (QFile::rename(from, to)) return true;
+        outcome_.dropped.push_back({what, 0, "the file could not be written: " + to.toStdString()});
+        return false;
+    }
+
+    void noteMissingFiles() {
+        if (!options_.picture.isEmpty() && !outcome_.pictureWritten) noteMissing("picture");
+        if (!options_.exportFile.isEmpty() && !outcome_.exportWritten) noteMissing("export");
+    }
+    void noteMissing(const char* what) {
+        for (const DroppedRecord& drop : outcome_.dropped) {
+            if (drop.what == what && isStage(drop.what)) return;
+        }
+        const std::string why = outcome_.failure.toStdString();
+        outcome_.dropped.push_back({what, 0, why.empty() ? "nothing was built" : why});
+    }
+
+    const ImportRecord& record_;
+    const RebuildOptions& options_;
+    const QDeadlineTimer deadline_;
+    const QTemporaryDir folder_;
+    std::set<Step> skipped_;
+    std::vector<DroppedRecord> named_; ///< by the worker whose result counts
+    RebuildOutcome outcome_;
+};
+
+} // namespace
+
+QString rebuildProgram() {
+    const QString told = qEnvironmentVariable("BRIX_REBUILD_PROGRAM");
+    if (!told.isEmpty()) return told;
+    QString here = QString::fromStdU16String(platform::executablePath()).replace('\\', '/');
+    const QFileInfo program(here);
+    QString suffix = program.suffix() == "exe" ? ".exe" : "";
+    const QFileInfo worker(program.canonicalPath() + "/brix-rebuild" + suffix);
+    return worker.isExecutable() ? worker.filePath() : QString();
+}
+
+RebuildOutcome rebuild(const ImportRecord& record, const RebuildOptions& options) {
+    try {
+        return Rebuilding(record, options).run();
+    } catch (const std::exception& failure) {
+        RebuildOutcome outcome;
+        outcome.failure = QString("rebuilding solids failed: ") + failure.what();
+        return outcome;
+    }
+}
+
+} // namespace host

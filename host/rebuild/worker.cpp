@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: Apache-2.0
+// Reading the worker's lines with an eye on the clocks.
+#include "host/rebuild/worker.h"
+
+#include <QElapsedTimer>
+#include <QProcess>
+
+namespace host {
+namespace {
+
+constexpr int pollMs = 50;
+
+class Watch {
+public:
+    explicit Watch(const WorkerTask& task) : task_(task) {}
+    ~Watch() { kill(); }
+
+    WorkerResult run() {
+        process_.setStandardErrorFile(QProcess::nullDevice());
+        process_.setStandardInputFile(QProcess::nullDevice());
+        process_.start(task_.program, task_.arguments, QIODevice::ReadOnly);
+        if (!process_.waitForStarted()) return result_;
+        stepTime_.start();
+        result_.end = WorkerEnd::crashed;
+        while (process_.state() != QProcess::NotRunning) {
+            process_.waitForReadyRead(pollMs);
+            takeLines();
+            if (interrupted()) return result_;
+        }
+        takeLines();
+        result_.end = endOfProcess();
+        return result_;
+    }
+
+private:
+    /// Whether one of the limits, or the user, ended the run.
+    bool interrupted() {
+        if (task_.stopRequested && task_.stopRequested()) {
+            result_.end = WorkerEnd::stopped;
+        } else if (task_.deadline.hasExpired()) {
+            result_.end = WorkerEnd::outOfTime;
+        } else if (stepTime_.elapsed() > task_.stepLimitMs) {
+            result_.end = WorkerEnd::hung;
+        } else {
+            return false;
+        }
+        kill();
+        return true;
+    }
+
+    WorkerEnd endOfProcess() const {
+        if (process_.exitStatus() == QProcess::NormalExit) {
+            switch (process_.exitCode()) {
+            case workerDone:
+                return isDone_ ? WorkerEnd::done : WorkerEnd::crashed;
+            case workerMisused:
+            case workerRecordUnreadable:
+                return WorkerEnd::refused;
+            case workerOutOfMemory:
+                return WorkerEnd::outOfMemory;
+            default:
+                break;
+            }
+        }
+        return WorkerEnd::crashed;
+    }
+
+    void takeLines() {
+        while (process_.canReadLine()) take(parseWorkerLine(process_.readLine()));
+    }
+    void take(const WorkerLine& line) {
+        if (std::holds_alternative<std::monostate>(line)) return;
+        stepTime_.restart();
+        if (const auto* step = std::get_if<Step>(&line)) result_.step = *step;
+        if (const auto* drop = std::get_if<DroppedRecord>(&line)) result_.dropped.push_back(*drop);
+        if (const auto* model = std::get_if<RebuiltModel>(&line)) result_.models.push_back(*model);
+        if (const auto* file = std::get_if<WrittenFile>(&line)) {
+            (file->isPicture ? result_.pictureWritten : result_.exportWritten) = true;
+        }
+        isDone_ = isDone_ || std::holds_alternative<WorkDone>(line);
+    }
+
+    void kill() {
+        if (process_.state() == QProcess::NotRunning) return;
+        process_.kill();
+        process_.waitForFinished(-1);
+    }
+
+    const WorkerTask& task_;
+    QProcess process_;
+    QElapsedTimer stepTime_; ///< since the worker last said anything
+    bool isDone_ = false;
+    WorkerResult result_;
+};
+
+} // namespace
+
+WorkerResult runWorker(const WorkerTask& task) { return Watch(task).run(); }
+
+} // namespace host
