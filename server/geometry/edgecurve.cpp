@@ -98,6 +98,7 @@ void takeChord(const TopoDS_Edge& edge, EdgeCurve& result) {
 } // namespace
 
 std::string curveKind(const TopoDS_Edge& edge) {
+    if (BRep_Tool::Degenerated(edge)) return "Degenerated";
     if (!hasCurve(edge)) return "none";
     return kindOf(BRepAdaptor_Curve(edge).GetType());
 }

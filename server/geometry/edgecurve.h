@@ -19,7 +19,8 @@ struct EdgeCurve {
     std::string why;                ///< of a conversion, or of there being no pieces
 };
 
-/// The kind of an edge's curve: "Line", "Circle", "BSplineCurve" and so on.
+/// The kind of an edge's curve: "Line", "Circle", "BSplineCurve" and so on; "Degenerated" for the
+/// poles of closed surfaces, "none" without any.
 std::string curveKind(const TopoDS_Edge& edge);
 
 /// The direction is that of the edge's curve, whatever the edge's orientation. An edge without a

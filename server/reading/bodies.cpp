@@ -10,12 +10,14 @@
 #include <BRepLib.hxx>
 #include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>
+#include <ShapeAnalysis_ShapeTolerance.hxx>
 #include <TopExp.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
 #include <TopoDS.hxx>
 #include <TopoDS_Solid.hxx>
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 
@@ -66,12 +68,33 @@ TopoDS_Shell shellAround(const TopoDS_Shape& face) {
     return shell;
 }
 
-void appendSewn(const std::vector<TopoDS_Shape>& faces, double tolerance, std::vector<Body>& bodies,
-                Report& report) {
+struct Sewn {
+    TopoDS_Shape shape;
+    int freeEdges = 0;
+};
+
+Sewn sew(const std::vector<TopoDS_Shape>& faces, double tolerance) {
     BRepBuilderAPI_Sewing sewing(tolerance);
     for (const TopoDS_Shape& face : faces) sewing.Add(face);
     sewing.Perform();
-    const TopoDS_Shape sewn = sewing.SewedShape();
+    return {sewing.SewedShape(), sewing.NbFreeEdges()};
+}
+
+/// Faces that don't close are tried again at the tolerance that the file itself needed.
+TopoDS_Shape sewnTogether(const std::vector<TopoDS_Shape>& faces, double tolerance) {
+    const Sewn first = sew(faces, tolerance);
+    double greatest = 0.0;
+    for (const TopoDS_Shape& face : faces) {
+        greatest = std::max(greatest, ShapeAnalysis_ShapeTolerance().Tolerance(face, 1));
+    }
+    if (first.freeEdges == 0 || 2.0 * greatest <= tolerance) return first.shape;
+    const Sewn second = sew(faces, 2.0 * greatest);
+    return second.freeEdges == 0 ? second.shape : first.shape;
+}
+
+void appendSewn(const std::vector<TopoDS_Shape>& faces, double tolerance, std::vector<Body>& bodies,
+                Report& report) {
+    const TopoDS_Shape sewn = sewnTogether(faces, tolerance);
     const std::size_t before = bodies.size();
     for (const TopoDS_Shape& shell : outside(sewn, TopAbs_SHELL, TopAbs_SHAPE)) {
         bodies.push_back({{turnedOutward(TopoDS::Shell(shell))}});

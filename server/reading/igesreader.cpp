@@ -39,7 +39,10 @@ public:
         reading.report.format = "IGES";
         IGESControl_Reader reader;
         load(reader, reading);
-        const KernelUnit kept(unitOf(reader, reading.report));
+        const LengthUnit& unit = unitOf(reader, reading.report);
+        const KernelUnit kept(unit);
+        // The model has taken the kernel's unit when it was loaded.
+        reader.IGESModel()->ChangeGlobalSection().SetCascadeUnit(unit.millimetres);
         reading.progress.enter("transferring entities", 20, 50);
         const Stopwatch watch(reading.report, "transfer");
         if (reader.NbRootsForTransfer() == 0) return {};

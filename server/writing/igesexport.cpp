@@ -6,6 +6,8 @@
 
 #include <IGESControl_Controller.hxx>
 #include <IGESControl_Writer.hxx>
+#include <IGESData_GlobalSection.hxx>
+#include <IGESData_IGESModel.hxx>
 #include <Interface_Static.hxx>
 #include <Standard_Failure.hxx>
 
@@ -28,6 +30,7 @@ void exportIges(const TopoDS_Shape& shape, const LengthUnit& unit, const std::st
     Interface_Static::SetCVal("write.iges.header.author", "");
     Interface_Static::SetCVal("write.iges.header.company", "");
     IGESControl_Writer writer(igesName(unit).c_str(), asBoundaryRepresentation);
+    writer.Model()->ChangeGlobalSection().SetCascadeUnit(unit.millimetres);
     if (!writer.AddShape(shape)) {
         throw Standard_Failure("the shape has no IGES form");
     }

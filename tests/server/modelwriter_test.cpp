@@ -16,6 +16,7 @@
 #include <Geom_OffsetSurface.hxx>
 #include <Geom_SurfaceOfLinearExtrusion.hxx>
 #include <Geom_SurfaceOfRevolution.hxx>
+#include <Geom_ToroidalSurface.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
 #include <TopoDS_Compound.hxx>
@@ -215,6 +216,9 @@ std::vector<Sweep> sweeps() {
         {"circle", revolved(across), -1, 1, "CreateTorus"},
         {"centred circle", revolved(centred), -0.5, 0.5, "CreateSphere"},
         {"centred circle beyond the pole", revolved(centred), 0, 3, "CreateNURBSSurface"},
+        {"torus through its axis",
+         new Geom_ToroidalSurface(gp_Ax3(gp_Pnt(1, 2, 3), gp::DZ()), 2, 5), 2.8, 3.4,
+         "CreateTorus"},
         {"skew line", revolved(line({4, 1, 0}, {1, 1, 1})), 1, 5, "CreateNURBSSurface"},
         {"wavy offset", new Geom_OffsetSurface(revolved(line({4, 1, 0}, {1, 1, 1})), 0.5), 1, 5,
          "CreateNURBSSurface"},

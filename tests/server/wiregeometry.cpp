@@ -10,11 +10,13 @@
 #include <TColgp_Array2OfPnt.hxx>
 
 #include <cmath>
+#include <numbers>
 
 namespace server::testing {
 namespace {
 
 using CADImport::Point3;
+constexpr double pi = std::numbers::pi;
 
 gp_Vec vec(const Point3& p) { return {p.x, p.y, p.z}; }
 gp_Pnt pnt(const Point3& p) { return {p.x, p.y, p.z}; }
@@ -84,11 +86,18 @@ SurfaceView view(const CADImport::CreateSphere& m, const gp_Pnt& p) {
     return turned(m, local.to.Magnitude() - m.radius, local.to.Normalized(), local.u,
                   std::atan2(local.height, local.rho));
 }
+/// A tube thicker than its ring is wide runs through the axis to the far side.
 SurfaceView view(const CADImport::CreateTorus& m, const gp_Pnt& p) {
     const Local local(m, p);
-    const gp_Vec fromRing = local.to - local.radial() * m.majorRadius;
-    return turned(m, fromRing.Magnitude() - m.minorRadius, fromRing.Normalized(), local.u,
-                  std::atan2(local.height, local.rho - m.majorRadius));
+    const gp_Vec ring = local.radial() * m.majorRadius;
+    const gp_Vec near = local.to - ring, far = local.to + ring;
+    const double off = near.Magnitude() - m.minorRadius, farOff = far.Magnitude() - m.minorRadius;
+    if (std::abs(off) <= std::abs(farOff)) {
+        const double v = std::atan2(local.height, local.rho - m.majorRadius);
+        return turned(m, off, near.Normalized(), local.u, v);
+    }
+    const double v = std::atan2(local.height, -local.rho - m.majorRadius);
+    return turned(m, farOff, far.Normalized().Reversed(), local.u + pi, v);
 }
 
 /// Distinct knots with their multiplicities, out of a flat sequence.

@@ -1,0 +1,283 @@
+// SPDX-License-Identifier: Apache-2.0
+// The server as a process: what it leaves, how it ends, and what damaged files do to it.
+#include "tests/server/shapes.h"
+#include "tests/server/wirecheck.h"
+
+#include <BRepBuilderAPI_Copy.hxx>
+#include <BRepTools.hxx>
+#include <BRep_Builder.hxx>
+#include <IGESControl_Reader.hxx>
+#include <IGESControl_Writer.hxx>
+#include <Interface_Static.hxx>
+#include <STEPControl_Controller.hxx>
+#include <STEPControl_Writer.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopoDS_Compound.hxx>
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <random>
+
+namespace server::testing {
+namespace {
+
+using Json = nlohmann::json;
+
+class ServerProcess : public ::testing::Test {
+protected:
+    QString path(const QString& name) const { return folder_.filePath(name); }
+
+    void start(const QStringList& words) {
+        process_.start(QStringLiteral(SERVER_PROGRAM), words);
+        ASSERT_TRUE(process_.waitForStarted(30000));
+    }
+
+    int wait() {
+        if (!process_.waitForFinished(60000)) process_.kill();
+        errors_ = QString::fromUtf8(process_.readAllStandardError());
+        return process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : -1;
+    }
+
+    int run(const QStringList& words) {
+        start(words);
+        return wait();
+    }
+
+    int import(const QString& file, const QStringList& more = {}) {
+        return run(QStringList{"-InputFile", file, "-OutputBaseName", path("out")} + more);
+    }
+
+    QByteArray contents(const QString& name) const {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    void fill(const QString& name, const QByteArray& bytes) const {
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
+    QStringList results() const { return QDir(folder_.path()).entryList({"out*"}, QDir::Files); }
+
+    QString writeStep(const TopoDS_Shape& shape, const char* unit) const {
+        STEPControl_Controller::Init();
+        Interface_Static::SetCVal("write.step.unit", unit);
+        STEPControl_Writer writer;
+        writer.Transfer(shape, STEPControl_AsIs);
+        writer.Write(path("part.stp").toStdString().c_str());
+        return path("part.stp");
+    }
+
+    Json report() const { return Json::parse(contents("out.report.json").toStdString()); }
+
+    QTemporaryDir folder_;
+    QProcess process_;
+    QString errors_;
+};
+
+const QString bracket = QStringLiteral(BRACKET_FILE);
+
+TEST_F(ServerProcess, LeavesAWholeModelAndAReport) {
+    ASSERT_EQ(import(bracket, {"-Batch", "-igs", "off", "-BodiesOnly", "off"}), 0)
+        << errors_.toStdString();
+    EXPECT_EQ(results(), QStringList({"out.direct", "out.report.json"}));
+    const WireModel model = readWireModel(contents("out.direct"));
+    EXPECT_TRUE(brokenConventions(model).empty());
+    EXPECT_EQ(model.faces.size(), 19u);
+    EXPECT_EQ(report()["format"], "STEP");
+    EXPECT_EQ(report()["unit"]["declared"], true);
+    EXPECT_EQ(report()["read"]["face"], 19);
+    EXPECT_EQ(report()["written"]["CreateFace"], 19);
+    EXPECT_TRUE(report()["dropped"].empty());
+    EXPECT_TRUE(errors_.contains("progress 55 % writing faces"));
+}
+
+TEST_F(ServerProcess, KeepsTheUnitOfTheFile) {
+    const struct {
+        const char* name;
+        double millimetres;
+    } units[] = {{"INCH", 25.4}, {"M", 1000.0}, {"CM", 10.0}};
+    for (const auto& unit : units) {
+        SCOPED_TRACE(unit.name);
+        ASSERT_EQ(import(writeStep(box(), unit.name)), 0);
+        const WireModel model = readWireModel(contents("out.direct"));
+        EXPECT_NEAR(model.header.unit, unit.millimetres, 1e-9);
+        EXPECT_NEAR(model.shells.at(1).boundingBox.second.z * unit.millimetres, 30, 1e-6);
+        EXPECT_NEAR(report()["unit"]["millimetres"].get<double>(), unit.millimetres, 1e-9);
+    }
+}
+
+TEST_F(ServerProcess, ReadsIgesAndBrepByTheirExtensionInAnyCase) {
+    IGESControl_Writer writer("IN", 1);
+    writer.AddShape(box());
+    writer.Write(path("part.IGS").toStdString().c_str());
+    ASSERT_EQ(import(path("part.IGS")), 0) << errors_.toStdString();
+    WireModel model = readWireModel(contents("out.direct"));
+    EXPECT_NEAR(model.header.unit, 25.4, 1e-9);
+    EXPECT_NEAR(model.shells.at(1).boundingBox.second.z * 25.4, 30, 1e-6);
+    BRepTools::Write(box(), path("part.Brep").toStdString().c_str());
+    ASSERT_EQ(import(path("part.Brep")), 0) << errors_.toStdString();
+    EXPECT_EQ(report()["unit"]["declared"], false);
+    EXPECT_TRUE(readWireModel(contents("out.direct")).shells.at(1).closed);
+}
+
+TEST_F(ServerProcess, SewsTheLooseFacesOfAnIgesFileIntoASolidTurnedOutward) {
+    IGESControl_Writer writer("MM", 0);
+    writer.AddShape(box());
+    writer.Write(path("faces.igs").toStdString().c_str());
+    ASSERT_EQ(import(path("faces.igs")), 0) << errors_.toStdString();
+    const WireModel model = readWireModel(contents("out.direct"));
+    ASSERT_EQ(model.shells.size(), 1u);
+    EXPECT_TRUE(model.shells.at(1).closed);
+    EXPECT_TRUE(misplacedMaterial(model, box()).empty());
+    EXPECT_EQ(report()["converted"][0]["from"], "6 loose faces");
+}
+
+TEST_F(ServerProcess, ExportsIgesOfTheSameSize) {
+    ASSERT_EQ(import(writeStep(box(), "INCH"), {"-igs", "on"}), 0) << errors_.toStdString();
+    IGESControl_Reader reader;
+    ASSERT_EQ(reader.ReadFile(path("out.igs").toStdString().c_str()), IFSelect_RetDone);
+    reader.TransferRoots();
+    int faces = 0;
+    for (TopExp_Explorer walk(reader.OneShape(), TopAbs_FACE); walk.More(); walk.Next()) ++faces;
+    EXPECT_EQ(faces, 6);
+    ASSERT_EQ(import(path("out.igs")), 0);
+    const WireModel model = readWireModel(contents("out.direct"));
+    EXPECT_NEAR(model.shells.at(1).boundingBox.second.z * model.header.unit, 30, 1e-5);
+}
+
+TEST_F(ServerProcess, OffersNoSatButLeavesTheModel) {
+    ASSERT_EQ(import(bracket, {"-sat", "on"}), 0);
+    EXPECT_TRUE(errors_.contains("offers no SAT"));
+    EXPECT_EQ(report()["dropped"][0]["what"], "SAT export");
+    EXPECT_TRUE(results().contains("out.direct"));
+}
+
+TEST_F(ServerProcess, LeavesOutSurfacesWhenOnlyBodiesAreWanted) {
+    const TopoDS_Shape whole = box();
+    const TopExp_Explorer face(whole, TopAbs_FACE);
+    BRepTools::Write(face.Current(), path("face.brep").toStdString().c_str());
+    EXPECT_EQ(import(path("face.brep"), {"-BodiesOnly", "off"}), 0);
+    EXPECT_EQ(import(path("face.brep"), {"-BodiesOnly", "on"}), 5);
+}
+
+TEST_F(ServerProcess, IgnoresWordsForOthersAndNamesUnknownOnes) {
+    EXPECT_EQ(import(bracket, {"-ControlSocket", "host", "4711", "-ResultFile", "x", "-Strange"}),
+              0);
+    EXPECT_TRUE(errors_.contains("ignored: -Strange"));
+    EXPECT_FALSE(errors_.contains("4711"));
+}
+
+TEST_F(ServerProcess, TellsEachFailureByItsExitCode) {
+    fill("empty.step", {});
+    fill("noise.iges", "this is no exchange file");
+    fill("drawing.dxf", "0\nSECTION\n");
+    const struct {
+        QStringList words;
+        int code;
+    } cases[] = {
+        {{}, 2},
+        {{"-InputFile", bracket}, 2},
+        {{"-InputFile", bracket, "-OutputBaseName", path("out"), "-igs", "maybe"}, 2},
+        {{"-InputFile", path("missing.step"), "-OutputBaseName", path("out")}, 3},
+        {{"-InputFile", folder_.path(), "-OutputBaseName", path("out")}, 3},
+        {{"-InputFile", path("empty.step"), "-OutputBaseName", path("out")}, 3},
+        {{"-InputFile", path("drawing.dxf"), "-OutputBaseName", path("out")}, 4},
+        {{"-InputFile", bracket, "-OutputBaseName", path("nowhere/out")}, 7},
+        {{"--version"}, 0},
+        {{"--help"}, 0},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(run(c.words), c.code) << c.words.join(' ').toStdString();
+        EXPECT_EQ(errors_.contains("cad-importer-server: "), c.code != 0);
+        EXPECT_TRUE(results().isEmpty());
+    }
+    const int noise = import(path("noise.iges"));
+    EXPECT_TRUE(noise == 3 || noise == 5) << noise;
+}
+
+TEST_F(ServerProcess, RemovesTheResultsOfAnEarlierRunBeforeItFails) {
+    fill("out.direct", "old");
+    fill("out.report.json", "old");
+    EXPECT_EQ(import(path("missing.step")), 3);
+    EXPECT_TRUE(results().isEmpty());
+}
+
+/// Copies that share nothing, so that a run takes long enough to be stopped.
+TopoDS_Compound copies(const TopoDS_Shape& shape, int count) {
+    TopoDS_Compound all;
+    BRep_Builder builder;
+    builder.MakeCompound(all);
+    for (int i = 0; i < count; ++i) builder.Add(all, BRepBuilderAPI_Copy(shape).Shape());
+    return all;
+}
+
+TEST_F(ServerProcess, EndsSoonWhenAskedToAndLeavesNothing) {
+    const TopoDS_Compound many = copies(mirrored(extrudedSpline()), 1500);
+    BRepTools::Write(many, path("big.brep").toStdString().c_str());
+    start({"-InputFile", path("big.brep"), "-OutputBaseName", path("out")});
+    while (!results().contains("out.direct.partial") && process_.state() == QProcess::Running) {
+        process_.waitForFinished(5);
+    }
+    ASSERT_TRUE(results().contains("out.direct.partial"));
+    QElapsedTimer timer;
+    timer.start();
+    process_.terminate();
+    EXPECT_EQ(wait(), 9);
+    EXPECT_LT(timer.elapsed(), 2000);
+    EXPECT_TRUE(results().isEmpty());
+}
+
+/// A byte changed, a line lost, or the tail cut off.
+QByteArray damaged(QByteArray text, std::mt19937& random) {
+    const auto at = static_cast<int>(random() % static_cast<unsigned>(text.size()));
+    switch (random() % 4) {
+    case 0:
+        text[at] = static_cast<char>('0' + random() % 10);
+        break;
+    case 1:
+        text[at] = "(),#$*'.-E"[random() % 10];
+        break;
+    case 2:
+        text.remove(at, text.indexOf('\n', at) - at);
+        break;
+    default:
+        text.truncate(at);
+        break;
+    }
+    return text;
+}
+
+TEST_F(ServerProcess, SurvivesDamagedFilesWithACodeAndWithoutPartialFiles) {
+    const QByteArray sound = [] {
+        QFile file(bracket);
+        file.open(QIODevice::ReadOnly);
+        return file.readAll();
+    }();
+    std::mt19937 random(20);
+    std::map<int, int> codes;
+    for (int i = 0; i < 24; ++i) {
+        fill("damaged.step", damaged(sound, random));
+        const int code = import(path("damaged.step"));
+        ++codes[code];
+        EXPECT_TRUE(code == 0 || code == 3 || code == 5 || code == 6 || code == 8)
+            << i << ": " << code;
+        EXPECT_EQ(results().filter("partial").size(), 0) << i;
+        EXPECT_EQ(results().contains("out.direct"), code == 0) << i;
+        EXPECT_TRUE(readWireModel(contents("out.direct")).problems.empty()) << i;
+        EXPECT_EQ(errors_.contains("cad-importer-server: "), code != 0) << i;
+    }
+    EXPECT_GT(codes[0], 0);
+    EXPECT_GT(codes[3], 0);
+}
+
+} // namespace
+} // namespace server::testing
