@@ -56,7 +56,7 @@ TEST(Message, ComesBackFromItsBytesUnchangedInEveryClass) {
             const QByteArray record = sample::record(*message);
             const auto again = decodedRecord(record);
             ASSERT_TRUE(again) << qPrintable(message->name());
-            EXPECT_EQ(typeid(*again), typeid(*message));
+            EXPECT_EQ(again->name(), message->name());
             EXPECT_EQ(sample::record(*again), record) << qPrintable(message->name());
         }
     }
