@@ -32,8 +32,9 @@ void ClientControlMessageInterpreter::visit(const SetParameterMessage& message) 
     if (!message.isValid()) return;
     ITessoraCADImporterClient* target = client;
     const QList<QString>& words = message.parameters;
-    for (qsizetype i = 0; i + 1 < words.size(); ++i) {
-        const bool hasTwo = i + 2 < words.size();
+    const int count = static_cast<int>(words.size());
+    for (int i = 0; i + 1 < count; ++i) {
+        const bool hasTwo = i + 2 < count;
         if (hasTwo && words[i] == QLatin1String("-ControlSocket")) {
             return target->setControlSocket(hostOf(words[i + 1]), portOf(words[i + 2]));
         }

@@ -10,8 +10,8 @@ namespace {
 constexpr qint64 lineLimitBytes = 4999;
 
 /// The part of the line behind its "=", up to the end of the line.
-QByteArray valueOf(const QByteArray& line, qsizetype equals) {
-    qsizetype end = equals + 1;
+QByteArray valueOf(const QByteArray& line, int equals) {
+    int end = equals + 1;
     while (end < line.size() && line[end] != '\r' && line[end] != '\n') ++end;
     return line.mid(equals + 1, end - equals - 1);
 }
@@ -25,7 +25,7 @@ void change(const KorString& name, const KorString& value, SavedEnvironment& sav
 }
 
 void applyLine(const QByteArray& line, SavedEnvironment& saved) {
-    const qsizetype equals = line.indexOf('=');
+    const int equals = static_cast<int>(line.indexOf('='));
     if (equals <= 0 || line.startsWith('#')) return;
     const QByteArray value = valueOf(line, equals);
     if (value.isEmpty()) return;
