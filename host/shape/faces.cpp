@@ -16,6 +16,7 @@
 #include <TopoDS_Wire.hxx>
 
 #include <algorithm>
+#include <cstdio>
 #include <map>
 
 namespace host {
@@ -23,6 +24,12 @@ namespace {
 
 /// An edge further off its surface than this, and than a fiftieth of the loop's size, isn't on it.
 constexpr double greatestOffsetMm = 0.1;
+
+std::string offsetText(Identifier edge, double offsetMm) {
+    char text[80];
+    std::snprintf(text, sizeof text, "its edge %d is %.3g mm off its surface", edge, offsetMm);
+    return text;
+}
 
 class FaceMaker {
 public:
@@ -93,8 +100,7 @@ private:
                 const auto curve = use.trace.curve();
                 const double offset = deviationOf(space_, store_.curve(use.use.edge), curve);
                 if (!(offset <= std::max(greatestOffsetMm, 0.02 * size))) {
-                    return "its edge " + std::to_string(store_.identifier(use.use.edge)) +
-                           " doesn't lie on its surface";
+                    return offsetText(store_.identifier(use.use.edge), offset);
                 }
                 curves_[use.use.edge][use.use.along ? 0 : 1] = curve;
                 offsets_[use.use.edge] = std::max(offsets_[use.use.edge], offset);

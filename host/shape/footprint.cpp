@@ -22,11 +22,16 @@ constexpr double cubicToleranceMm = 1e-8;
 constexpr std::size_t greatestNodeCount = 400;
 constexpr int firstIntervals = 12;
 
+/// An edge this near to the border of a closed surface lies on it; a seam this share of the range.
+constexpr double borderToleranceMm = 2e-3;
+constexpr double seamShare = 0.02;
+
 using Node = Trace::Node;
 
 class Tracer {
 public:
-    Tracer(const ParameterSpace& space, const BoundedCurve& edge) : space_(space), edge_(edge) {}
+    Tracer(const ParameterSpace& space, const BoundedCurve& edge, bool isSeam)
+        : space_(space), edge_(edge), isSeam_(isSeam) {}
 
     Trace trace(bool along) {
         takeFeet();
@@ -103,12 +108,16 @@ private:
             border_ = {direction + 1, border};
         }
     }
+    /// A seam need not lie exactly where the surface closes, but where else should it be?
     bool liesOnBorder(int direction) const {
         const double low = space_.least(direction), high = space_.greatest(direction);
-        const double margin = 1e-6 * (high - low);
         return std::all_of(trace_.nodes.begin(), trace_.nodes.end(), [&](const Node& node) {
             const double value = node.uv.Coord(direction + 1);
-            return value < low + margin || value > high - margin;
+            gp_Pnt2d border = node.uv;
+            border.SetCoord(direction + 1, value - low < high - value ? low : high);
+            const double off = std::abs(value - border.Coord(direction + 1));
+            if (isSeam_) return off <= seamShare * (high - low);
+            return space_.point(node.uv).Distance(space_.point(border)) <= borderToleranceMm;
         });
     }
 
@@ -194,6 +203,7 @@ private:
 
     const ParameterSpace& space_;
     const BoundedCurve& edge_;
+    const bool isSeam_;
     Trace trace_;
     Border border_;
 };
@@ -243,8 +253,8 @@ Handle(Geom2d_Curve) Trace::curve() const {
     return new Geom2d_BSplineCurve(poles, knots, counts, 3);
 }
 
-Trace traceOf(const ParameterSpace& space, const BoundedCurve& edge, bool along) {
-    return Tracer(space, edge).trace(along);
+Trace traceOf(const ParameterSpace& space, const BoundedCurve& edge, const LoopSide& side) {
+    return Tracer(space, edge, side.isSeam).trace(side.along);
 }
 
 double deviationOf(const ParameterSpace& space, const BoundedCurve& edge,

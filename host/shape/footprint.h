@@ -30,9 +30,14 @@ struct Trace {
     Handle(Geom2d_Curve) curve() const;
 };
 
-/// `along` is the direction of the loop, which runs counter-clockwise in the parameters: it decides
-/// on which of two coinciding borders an edge lies.
-Trace traceOf(const ParameterSpace& space, const BoundedCurve& edge, bool along);
+/// How a loop, which runs counter-clockwise in the parameters, uses an edge. It decides on which of
+/// two coinciding borders of a surface the edge lies.
+struct LoopSide {
+    bool along = true;   ///< the curve runs with the loop
+    bool isSeam = false; ///< the loop uses the edge twice
+};
+
+Trace traceOf(const ParameterSpace& space, const BoundedCurve& edge, const LoopSide& side);
 
 /// The greatest distance seen between the edge and the curve on the surface, in millimetres.
 double deviationOf(const ParameterSpace& space, const BoundedCurve& edge,

@@ -28,7 +28,9 @@ public:
 
     LoopTrace trace(const std::vector<PlannedUse>& uses) {
         for (const PlannedUse& use : uses) {
-            TracedUse next{use, traceOf(space_, store_.curve(use.edge), use.along), false};
+            const auto isSame = [&](const PlannedUse& other) { return other.edge == use.edge; };
+            const LoopSide side{use.along, std::count_if(uses.begin(), uses.end(), isSame) > 1};
+            TracedUse next{use, traceOf(space_, store_.curve(use.edge), side), false};
             if (!loop_.uses.empty()) follow(loop_.uses.back(), next);
             loop_.uses.push_back(std::move(next));
         }

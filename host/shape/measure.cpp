@@ -8,6 +8,9 @@
 #include <BRepBndLib.hxx>
 #include <BRepCheck_Analyzer.hxx>
 #include <BRepGProp.hxx>
+#include <BRepGProp_Domain.hxx>
+#include <BRepGProp_Face.hxx>
+#include <BRepGProp_Vinert.hxx>
 #include <BRep_Tool.hxx>
 #include <Bnd_Box.hxx>
 #include <GProp_GProps.hxx>
@@ -15,6 +18,7 @@
 #include <TopExp_Explorer.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
 #include <TopoDS.hxx>
+#include <TopoDS_Iterator.hxx>
 
 namespace host {
 namespace {
@@ -55,13 +59,65 @@ std::array<double, 6> boxOf(const TopoDS_Shape& shape) {
     return result;
 }
 
-void integrate(const TopoDS_Shape& shape, RebuiltModel& model) {
-    GProp_GProps area;
-    BRepGProp::SurfaceProperties(shape, area, integrationTolerance);
-    model.areaM2 = area.Mass() / squareMillimetres;
-    GProp_GProps volume;
-    BRepGProp::VolumeProperties(shape, volume, integrationTolerance, true);
-    model.volumeM3 = volume.Mass() / cubicMillimetres;
+/// The volume between a face and the reference point; over a closed shell the sum is its own.
+double volumeTo(const TopoDS_Face& face, const gp_Pnt& reference) {
+    BRepGProp_Face surface;
+    surface.Load(face);
+    BRepGProp_Domain domain;
+    domain.Init(face);
+    BRepGProp_Vinert volume;
+    volume.SetLocation(reference);
+    if (TopoDS_Iterator(face).More()) {
+        volume.Perform(surface, domain, integrationTolerance);
+    } else {
+        volume.Perform(surface, integrationTolerance);
+    }
+    return volume.Mass();
+}
+
+/// Takes faces in as they are integrated and checked. Only closed shells have a volume.
+class FaceSum {
+public:
+    explicit FaceSum(const BuiltModel& model) {
+        Bnd_Box box;
+        BRepBndLib::Add(model.shape, box, false);
+        if (!box.IsVoid()) {
+            reference_ = (box.CornerMin().XYZ() + box.CornerMax().XYZ()) * 0.5;
+        }
+        for (TopExp_Explorer shell(model.shape, TopAbs_SHELL); shell.More(); shell.Next()) {
+            if (BRep_Tool::IsClosed(shell.Current())) {
+                TopExp::MapShapes(shell.Current(), TopAbs_FACE, enclosing_);
+            }
+        }
+    }
+
+    void add(const TopoDS_Face& face) {
+        GProp_GProps area;
+        BRepGProp::SurfaceProperties(face, area, integrationTolerance);
+        areaMm2 += area.Mass();
+        if (enclosing_.Contains(face)) volumeMm3 += volumeTo(face, reference_);
+        areValid = areValid && BRepCheck_Analyzer(face).IsValid();
+    }
+
+    double areaMm2 = 0.0, volumeMm3 = 0.0;
+    bool areValid = true;
+
+private:
+    gp_Pnt reference_;
+    TopTools_IndexedMapOfShape enclosing_;
+};
+
+FaceSum summed(const BuiltModel& model, const Progress& progress) {
+    FaceSum sum(model);
+    for (const auto& [identifier, face] : model.faces) {
+        progress.begin("face", identifier);
+        const auto& known = face;
+        const std::string failure = kernelCall([&] { sum.add(known); });
+        if (failure.empty()) continue;
+        progress.drop("face", identifier, failure);
+        sum.areValid = false;
+    }
+    return sum;
 }
 
 /// Does one stage and names its failure.
@@ -74,14 +130,20 @@ template <class Work> void stage(const char* what, const Progress& progress, con
 
 } // namespace
 
-RebuiltModel measured(const TopoDS_Shape& shape, const Progress& progress) {
-    RebuiltModel model;
-    count(shape, model);
-    if (model.faces == 0) return model;
-    stage("measure", progress, [&] { integrate(shape, model); });
-    stage("box", progress, [&] { model.boundingBoxM = boxOf(shape); });
-    stage("check", progress, [&] { model.valid = BRepCheck_Analyzer(shape).IsValid(); });
-    return model;
+RebuiltModel measured(const BuiltModel& model, const Progress& progress) {
+    RebuiltModel result;
+    count(model.shape, result);
+    if (result.faces == 0) return result;
+    const FaceSum sum = summed(model, progress);
+    result.areaM2 = sum.areaMm2 / squareMillimetres;
+    result.volumeM3 = sum.volumeMm3 / cubicMillimetres;
+    stage("measure", progress, [&] { result.boundingBoxM = boxOf(model.shape); });
+    constexpr bool checkGeometryAgain = false;
+    stage("check", progress, [&] {
+        result.valid =
+            sum.areValid && BRepCheck_Analyzer(model.shape, checkGeometryAgain).IsValid();
+    });
+    return result;
 }
 
 double roughVolume(const TopoDS_Shape& shell) {

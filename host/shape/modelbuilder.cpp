@@ -25,7 +25,7 @@ TopoDS_Face buildFace(const PlannedFace& planned, const EdgeStore& store,
 }
 
 std::vector<TopoDS_Shell> shellsOf(const Plan& plan, const EdgeStore& store,
-                                   const Progress& progress) {
+                                   const Progress& progress, BuiltModel& result) {
     const BRep_Builder builder;
     std::vector<TopoDS_Shell> shells;
     for (const PlannedShell& planned : plan.shells) {
@@ -36,6 +36,7 @@ std::vector<TopoDS_Shell> shellsOf(const Plan& plan, const EdgeStore& store,
             const TopoDS_Face face = buildFace(plan.faces[place], store, progress);
             if (face.IsNull()) continue;
             builder.Add(shell, face);
+            result.faces.emplace_back(plan.faces[place].identifier, face);
             isEmpty = false;
         }
         if (isEmpty) {
@@ -49,18 +50,19 @@ std::vector<TopoDS_Shell> shellsOf(const Plan& plan, const EdgeStore& store,
 
 } // namespace
 
-TopoDS_Shape shapeOf(const ModelRecord& model, const Progress& progress) {
-    TopoDS_Compound result;
-    BRep_Builder().MakeCompound(result);
+BuiltModel builtModel(const ModelRecord& model, const Progress& progress) {
+    TopoDS_Compound compound;
+    BRep_Builder().MakeCompound(compound);
+    BuiltModel result{compound, {}};
     if (progress.isSkipped("model", progress.model)) return result;
     const Plan plan = planOf(model, progress);
     progress.begin("model", progress.model);
     const EdgeStore store(plan);
-    const std::vector<TopoDS_Shell> shells = shellsOf(plan, store, progress);
+    const std::vector<TopoDS_Shell> shells = shellsOf(plan, store, progress, result);
     progress.begin("model", progress.model);
     const std::string fault = kernelCall([&] {
         store.settleTolerances();
-        addSolids(shells, result);
+        addSolids(shells, compound);
     });
     if (!fault.empty()) progress.drop("model", progress.model, fault);
     return result;

@@ -14,9 +14,6 @@ namespace {
 /// Two points nearer than this are the same. In millimetres.
 constexpr double same = 1e-7;
 
-/// A search result further off than this is not trusted. In millimetres.
-constexpr double suspicious = 1e-3;
-
 double near(double value, double wanted, double period) {
     return period > 0.0 ? value + period * std::round((wanted - value) / period) : value;
 }
@@ -91,9 +88,11 @@ gp_Pnt2d ParameterSpace::foot(const gp_Pnt& point, const gp_Pnt2d& wanted) const
     }
     const gp_Pnt2d uv = refined(point, wanted);
     const double distance = this->point(uv).Distance(point);
-    if (distance <= suspicious) return uv;
+    if (distance <= suspicious_) return uv;
     const gp_Pnt2d found = foot(point);
-    return this->point(found).Distance(point) < 0.5 * distance ? found : uv;
+    if (this->point(found).Distance(point) < 0.5 * distance) return found;
+    suspicious_ = 2.0 * distance;
+    return uv;
 }
 
 /// Newton's method on the squared distance, kept between the borders; a parameter that is pushed

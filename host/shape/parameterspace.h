@@ -57,6 +57,9 @@ private:
     std::array<double, 2> periods_{}, least_{}, greatest_{};
     std::array<bool, 2> closed_{};
     std::array<double, 2> greatestSpeed_{}; ///< of a point, by each parameter
+    /// A foot further off than this, in millimetres, is looked for all over the surface. Grows
+    /// where that doesn't help, since the edges of an inexact model are off everywhere.
+    mutable double suspicious_ = 1e-3;
 };
 
 } // namespace host

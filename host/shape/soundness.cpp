@@ -138,7 +138,7 @@ struct SurfaceFault {
     }
     std::string operator()(const ConeRecord& cone) const {
         if (auto fault = faultOfFrame(cone); !fault.empty()) return fault;
-        constexpr double least = 1e-6;
+        constexpr double least = 1e-9;
         const bool isUsable =
             cone.halfAngle >= least && cone.halfAngle <= std::numbers::pi / 2.0 - least;
         return isUsable ? "" : "its half angle is not between 0 and a right angle";
