@@ -100,7 +100,7 @@ private:
                 const auto at = static_cast<std::size_t>(triangle[i]);
                 const gp_XYZ normal = view_.turned(face.normals[at].XYZ());
                 points[i] = onScreen(face.points[at],
-                                     isBack ? lit(backColour, -normal) : lit(front, normal));
+                                     isBack ? lit(backColour, normal.Reversed()) : lit(front, normal));
             }
             canvas_.triangle(points[0], points[1], points[2]);
         }

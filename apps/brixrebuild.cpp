@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: Apache-2.0
+// The worker that holds the geometry kernel: reads a record, builds its solids and says on its
+// standard output what it is at and what came of it.
+#include "host/modelling/recordfile.h"
+#include "host/rebuild/workerlines.h"
+#include "host/shape/rebuilding.h"
+#include "platform/process.h"
+
+#include <CLI/CLI.hpp>
+#include <QFile>
+
+#include <cstdio>
+#include <iostream>
+
+namespace {
+
+struct Arguments {
+    std::string record;
+    host::RebuildingOrder order;
+    std::string size = "1024x768";
+    std::vector<std::string> skipped;
+    std::uint64_t memoryBytes = 0;
+};
+
+void tell(const host::WorkerLine& line) {
+    const QByteArray bytes = host::workerLine(line);
+    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout);
+    std::fflush(stdout);
+}
+
+void describe(CLI::App& app, Arguments& arguments) {
+    app.add_option("record", arguments.record, "The record file")->required();
+    app.add_option("--picture", arguments.order.picture, "Write a picture (PNG)");
+    app.add_option("--size", arguments.size, "Of the picture, as WIDTHxHEIGHT")
+        ->capture_default_str();
+    app.add_option("--export", arguments.order.exportFile, "Write .brep, .step, .stl or .glb");
+    app.add_option("--skip", arguments.skipped, "Leave a step out, as MODEL/WHAT/IDENTIFIER");
+    app.add_option("--memory", arguments.memoryBytes, "Use at most so many bytes; 0: no limit");
+}
+
+/// The size and the skipped steps, which are texts so far; false when one of them isn't any.
+bool complete(Arguments& arguments) {
+    host::RebuildingOrder& order = arguments.order;
+    char rest = 0;
+    if (std::sscanf(arguments.size.c_str(), "%6dx%6d%c", &order.pictureWidth, &order.pictureHeight,
+                    &rest) != 2) {
+        return false;
+    }
+    for (const std::string& text : arguments.skipped) {
+        const auto step = host::parseStepArgument(QString::fromStdString(text));
+        if (!step) return false;
+        order.skipped.insert(*step);
+    }
+    return true;
+}
+
+int work(const Arguments& arguments) {
+    tell(host::Step{0, "record", 0});
+    QFile file(QString::fromStdString(arguments.record));
+    if (!file.open(QIODevice::ReadOnly)) return host::workerRecordUnreadable;
+    const auto record = host::readRecord(file);
+    if (!record) return host::workerRecordUnreadable;
+    host::rebuildHere(*record, arguments.order, tell);
+    return host::workerDone;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    platform::onParentDeath([] { platform::exitNow(host::workerOrphaned); });
+    Arguments arguments;
+    CLI::App app("Builds the solids of a record; brix-import runs it");
+    describe(app, arguments);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? host::workerDone : host::workerMisused;
+    }
+    if (!complete(arguments)) {
+        std::cerr << "brix-rebuild: the size or a step to skip is malformed\n";
+        return host::workerMisused;
+    }
+    if (arguments.memoryBytes) platform::limitMemory(arguments.memoryBytes);
+    try {
+        return work(arguments);
+    } catch (const std::bad_alloc&) {
+        return host::workerOutOfMemory;
+    } catch (const std::exception& failure) {
+        std::cerr << "brix-rebuild: " << failure.what() << '\n';
+        return host::workerCrashed;
+    }
+}
