@@ -47,7 +47,7 @@ qint64 readThroughWindow(QFile& file) {
     Receiver receiver;
     qint64 count = 0;
     RecordReader records(file);
-    while (!records.atEnd()) receive(records.next().get(), receiver, count);
+    while (!records.atEnd()) receive(records.look(), receiver, count);
     return count;
 }
 

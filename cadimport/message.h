@@ -30,7 +30,7 @@ public:
     virtual const QString& name() const = 0;
     /// Whether the fields make sense by themselves. For the receiver to ask; nothing else does.
     virtual bool isValid() const = 0;
-    /// Takes back exactly what `write` wrote. Leaves the stream behind the body.
+    /// Takes back exactly what `write` wrote, into every field. Leaves the stream behind the body.
     virtual void read(QDataStream& stream) = 0;
     /// Writes the body, without the wire name.
     virtual void write(QDataStream& stream) const = 0;

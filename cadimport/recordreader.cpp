@@ -21,6 +21,12 @@ QByteArray wireForm(const QString& name) {
     return bytes;
 }
 
+struct KnownClass {
+    QByteArray wireName;
+    MessageFactory factory = nullptr;
+    std::unique_ptr<Message> kept{}; // for those who only look
+};
+
 /// The registry by the names' bytes on the wire: a table of a power of two, at most
 /// half full and probed in a row.
 class WireNames {
@@ -28,16 +34,12 @@ public:
     explicit WireNames(const MessageRegistry& registry);
 
     qsizetype longest() const { return longest_; }
-    MessageFactory find(WireBytes name) const;
+    KnownClass* find(WireBytes name);
 
 private:
-    struct Entry {
-        QByteArray name;
-        MessageFactory factory = nullptr;
-    };
     std::size_t slot(WireBytes name) const;
 
-    std::vector<Entry> entries_;
+    std::vector<KnownClass> entries_;
     qsizetype longest_ = 0;
 };
 
@@ -51,7 +53,7 @@ WireNames::WireNames(const MessageRegistry& registry) {
         const WireBytes bytes{reinterpret_cast<const uchar*>(name.constData()), name.size()};
         std::size_t at = slot(bytes);
         while (entries_[at].factory) at = (at + 1) & (size - 1);
-        entries_[at] = {name, entry.value()};
+        entries_[at] = {name, entry.value(), nullptr};
         longest_ = qMax<qsizetype>(longest_, name.size());
     }
 }
@@ -65,12 +67,12 @@ std::size_t WireNames::slot(WireBytes name) const {
     return static_cast<std::size_t>(mixed >> 40) & (entries_.size() - 1);
 }
 
-MessageFactory WireNames::find(WireBytes name) const {
+KnownClass* WireNames::find(WireBytes name) {
     for (std::size_t at = slot(name); entries_[at].factory; at = (at + 1) & (entries_.size() - 1)) {
-        const QByteArray& known = entries_[at].name;
+        const QByteArray& known = entries_[at].wireName;
         if (known.size() == name.size &&
             std::memcmp(known.constData(), name.data, static_cast<std::size_t>(name.size)) == 0) {
-            return entries_[at].factory;
+            return &entries_[at];
         }
     }
     return nullptr;
@@ -83,7 +85,7 @@ struct RecordReader::Private {
         : window(device), stream(&window), names(messageRegistry()) {
         stream.setVersion(streamVersion);
     }
-    MessageFactory nextFactory();
+    KnownClass* nextClass();
 
     RecordWindow window;
     QDataStream stream;
@@ -92,7 +94,7 @@ struct RecordReader::Private {
 
 /// Consumes the name. One that is null, of odd length or cut reads as the empty name, which stands
 /// for nothing; of an odd one only the length is consumed.
-MessageFactory RecordReader::Private::nextFactory() {
+KnownClass* RecordReader::Private::nextClass() {
     const WireBytes head = window.take(sizeof(quint32));
     CutBytes cut{head.data, head.data + head.size};
     const qint64 size = cut.next<quint32>();
@@ -111,10 +113,18 @@ RecordReader::~RecordReader() = default;
 bool RecordReader::atEnd() { return !d->window.hasBytes(); }
 
 std::unique_ptr<Message> RecordReader::next() {
-    const MessageFactory factory = d->nextFactory();
-    std::unique_ptr<Message> message(factory ? factory() : nullptr);
+    const KnownClass* known = d->nextClass();
+    std::unique_ptr<Message> message(known ? known->factory() : nullptr);
     if (message) message->read(d->stream);
     return message;
+}
+
+const Message* RecordReader::look() {
+    KnownClass* known = d->nextClass();
+    if (!known) return nullptr;
+    if (!known->kept) known->kept.reset(known->factory());
+    if (known->kept) known->kept->read(d->stream);
+    return known->kept.get();
 }
 
 qint64 RecordReader::position() const { return d->window.consumed(); }

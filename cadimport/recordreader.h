@@ -35,6 +35,9 @@ public:
     /// The next message, valid or not. Null when its wire name isn't registered: then only the name
     /// was consumed, and the next one is taken from wherever that leaves the reader.
     std::unique_ptr<Message> next();
+    /// The same for those who only look: an object that the reader keeps for the class, to be read
+    /// into again at the next call. It costs half the time.
+    const Message* look();
     /// Bytes consumed so far.
     qint64 position() const;
     /// True once something was read for which the file had too few bytes.

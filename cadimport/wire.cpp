@@ -2,42 +2,44 @@
 // Lists on the wire, and the two places that bytes are taken from.
 #include "cadimport/wire.h"
 
+#include "cadimport/wordcopy.h"
+
 #include <typeinfo>
 
 namespace CADImport {
 namespace {
 
 /// A list of lists or texts, each of its own size, may be made this long before they are seen.
-constexpr int elementsReserved = 256;
+constexpr qsizetype elementsReserved = 256;
 
-/// Appends `count` numbers that lie at `bytes`. The whole run is swapped at once where the list
-/// keeps its elements side by side.
-template <class Number> void append(QList<Number>& list, const uchar* bytes, qsizetype count) {
+/// The element at `index`, which is at most one behind the last.
+template <class List> typename List::value_type& elementAt(List& list, qsizetype index) {
+    if (index == list.size()) list.append(typename List::value_type());
+    return list[static_cast<int>(index)];
+}
+
+template <class List> void cutAt(List& list, qsizetype size) {
+    if (list.size() > size) list.erase(list.begin() + size, list.end());
+}
+
+/// Puts `count` numbers that lie at `bytes` into the list from `index` on. The whole run is swapped
+/// at once where the list keeps its elements side by side.
+template <class Number>
+void put(QList<Number>& list, qsizetype index, const uchar* bytes, qsizetype count) {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
     using Word = typename WireWord<Number>::Type;
     constexpr auto wordsEach = static_cast<qsizetype>(sizeof(Number) / sizeof(Word));
-    const auto before = list.size();
-    if (before == 0) {
-        list = QList<Number>(count); // not resize, which would take more than that
-    } else {
-        list.resize(before + count);
+    const auto size = index + count;
+    if (index == 0 && list.capacity() < size) {
+        list = QList<Number>(size); // not resize, which would take more than that
+    } else if (list.size() < size) {
+        list.resize(size);
     }
-    qFromBigEndian<Word>(bytes, count * wordsEach, list.data() + before);
+    copyWords(bytes, count * wordsEach, reinterpret_cast<Word*>(list.data() + index));
 #else
     WholeBytes whole{bytes};
-    for (qsizetype i = 0; i < count; ++i) {
-        Number number;
-        decode(whole, number);
-        list.append(number);
-    }
+    for (qsizetype i = 0; i < count; ++i) decode(whole, elementAt(list, index + i));
 #endif
-}
-
-template <class Number> void appendCut(QList<Number>& list, WireBytes bytes) {
-    CutBytes cut{bytes.data, bytes.data + bytes.size};
-    Number number;
-    decode(cut, number);
-    list.append(number);
 }
 
 } // namespace
@@ -66,9 +68,9 @@ int WireReader::count() {
     return count;
 }
 
-/// Whether the data ends here although elements are missing.
-bool WireReader::endsBefore(qsizetype missing) {
-    if (missing == 0) return false;
+/// Whether the data ends behind the elements done, of which there is one at least.
+bool WireReader::endsBehind(qsizetype done) {
+    if (done == 0) return false;
     if (!window_) return stream_.atEnd();
     if (window_->hasBytes()) return false;
     window_->setRanOut();
@@ -77,28 +79,28 @@ bool WireReader::endsBefore(qsizetype missing) {
 
 template <class Number> void WireReader::numberList(QList<Number>& list) {
     constexpr auto size = wireSize<Number>;
-    list.clear();
-    for (qsizetype missing = count(); missing > 0;) {
+    qsizetype done = 0;
+    for (qsizetype missing = count(); missing > 0 && !endsBehind(done);) {
         const WireBytes bytes = takeElements(size, missing);
         const auto whole = bytes.size / size;
-        if (whole > 0) append(list, bytes.data, whole);
-        if (bytes.size % size != 0 || whole == 0) {
-            return appendCut(list, {bytes.data + whole * size, bytes.size % size});
-        }
+        put(list, done, bytes.data, whole);
+        done += whole;
         missing -= whole;
-        if (endsBefore(missing)) return;
+        if (bytes.size == 0 || bytes.size % size != 0) {
+            CutBytes cut{bytes.data + whole * size, bytes.data + bytes.size};
+            decode(cut, elementAt(list, done++));
+            break;
+        }
     }
+    cutAt(list, done);
 }
 
-template <class List, class ReadLast> void WireReader::elementList(List& list, ReadLast readLast) {
-    list.clear();
-    int missing = count();
-    list.reserve(qBound(0, missing, elementsReserved));
-    for (; missing > 0; --missing) {
-        list.append(typename List::value_type());
-        readLast(list.last());
-        if (endsBefore(missing - 1)) return;
-    }
+template <class List, class Read> void WireReader::elementList(List& list, Read read) {
+    qsizetype done = 0;
+    qsizetype missing = count();
+    list.reserve(static_cast<int>(qBound(qsizetype(0), missing, elementsReserved)));
+    for (; missing > 0 && !endsBehind(done); --missing) read(elementAt(list, done++));
+    cutAt(list, done);
 }
 
 void WireReader::list(QList<int>& numbers) { numberList(numbers); }

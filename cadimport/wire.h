@@ -6,9 +6,10 @@
 // pieces. At the end of the data it yields what reading value by value would: a number that isn't
 // wholly there is 0, and so is everything behind it.
 //
-// A list is read by one rule: it is emptied; a count of 0 or below leaves it so; else it ends when
-// the count is reached or when the stream is at its end right behind an element. So what is
-// allocated grows with the bytes that are there, whatever the count says.
+// A list is read by one rule: a count of 0 or below empties it; else it gets elements until the
+// count is reached or the stream is at its end right behind one. So what is allocated grows with
+// the bytes that are there, whatever the count says. What the list held before is overwritten in
+// place, so that an object that is read into again and again stops allocating.
 #pragma once
 
 #include "cadimport/fieldtypes.h"
@@ -111,9 +112,9 @@ private:
     static constexpr qsizetype scratchSize = 4096;
 
     template <class Number> void numberList(QList<Number>& list);
-    template <class List, class ReadLast> void elementList(List& list, ReadLast readLast);
+    template <class List, class Read> void elementList(List& list, Read read);
     int count();
-    bool endsBefore(qsizetype missing);
+    bool endsBehind(qsizetype done);
     WireBytes take(qsizetype size) { return window_ ? window_->take(size) : copy(size); }
     WireBytes takeElements(qsizetype size, qsizetype count);
     WireBytes copy(qsizetype size);

@@ -25,5 +25,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const loops::Trace expected = loops::valueByValue(file);
     require(loops::throughStream(file), expected, "createMessage");
     require(loops::throughReader(file, data[0]), expected, "RecordReader");
+    require(loops::throughKeptObjects(file), expected, "RecordReader with kept objects");
     return 0;
 }

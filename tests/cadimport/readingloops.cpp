@@ -69,4 +69,12 @@ Trace throughReader(const QByteArray& file, qint64 pieces) {
     return trace;
 }
 
+Trace throughKeptObjects(const QByteArray& file) {
+    PiecewiseDevice device(file, 0);
+    RecordReader records(device);
+    Trace trace;
+    while (!records.atEnd()) trace.append(seen(records.look()));
+    return trace;
+}
+
 } // namespace loops

@@ -15,7 +15,9 @@ using Trace = QList<QByteArray>;
 Trace valueByValue(const QByteArray& file);
 /// createMessage on a QDataStream.
 Trace throughStream(const QByteArray& file);
-/// RecordReader. Its device hands out at most `pieces` bytes at a time; 0 stands for all.
+/// RecordReader's `next`. Its device hands out at most `pieces` bytes at a time; 0 stands for all.
 Trace throughReader(const QByteArray& file, qint64 pieces = 0);
+/// RecordReader's `look`, which reads into the same objects again.
+Trace throughKeptObjects(const QByteArray& file);
 
 } // namespace loops

@@ -18,6 +18,7 @@ void expectSameForAll(const QByteArray& file, const std::string& what) {
     const loops::Trace expected = loops::valueByValue(file);
     ASSERT_EQ(loops::throughStream(file), expected) << what;
     ASSERT_EQ(loops::throughReader(file), expected) << what;
+    ASSERT_EQ(loops::throughKeptObjects(file), expected) << what;
 }
 
 QByteArray everyClass(sample::Random& random, int length) {
