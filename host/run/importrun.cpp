@@ -133,6 +133,7 @@ void ImportRun::lookAtServer() {
     facts_.server = options_.server.isEmpty() ? defaultServer() : options_.server;
     if (facts_.server.isEmpty()) facts_.server = QStringLiteral("cad-importer-server");
     facts_.startProblem = startProblem(facts_.server);
+    if (!QFileInfo::exists(options_.model)) facts_.missingModel = options_.model;
 }
 
 void ImportRun::import(ITessoraCADImporterClient& client) {

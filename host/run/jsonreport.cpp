@@ -11,15 +11,16 @@ Json boxJson(const std::array<double, 6>& box) {
     return {{box[0], box[1], box[2]}, {box[3], box[4], box[5]}};
 }
 
-Json modelJson(const RebuiltModel& model) {
+/// What only a solid can tell is null without one.
+Json modelJson(const RebuiltModel& model, bool rebuilt) {
     Json json;
     json["faces"] = model.faces;
     json["edges"] = model.edges;
     json["shells"] = model.shells;
     json["closed"] = model.closed;
-    json["valid"] = model.valid;
-    json["area"] = model.areaM2;
-    json["volume"] = model.volumeM3;
+    json["valid"] = rebuilt ? Json(model.valid) : Json();
+    json["area"] = rebuilt ? Json(model.areaM2) : Json();
+    json["volume"] = rebuilt ? Json(model.volumeM3) : Json();
     json["boundingBox"] = boxJson(model.boundingBoxM);
     return json;
 }
@@ -30,7 +31,9 @@ Json lossJson(const DroppedRecord& loss, const char* by) {
 
 Json modelsJson(const RunOutcome& outcome) {
     Json list = Json::array();
-    for (const RebuiltModel& model : outcome.models) list.push_back(modelJson(model));
+    for (const RebuiltModel& model : outcome.models) {
+        list.push_back(modelJson(model, outcome.rebuilt));
+    }
     return list;
 }
 

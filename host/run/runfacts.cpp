@@ -7,6 +7,9 @@ namespace {
 
 std::string withoutModelFile(const RunFacts& facts) {
     if (facts.noServer) return "there is no model file " + facts.modelFile.toStdString();
+    if (!facts.missingModel.isEmpty()) {
+        return "there is no CAD file " + facts.missingModel.toStdString();
+    }
     return facts.serverReported
                ? "the server came to its end without leaving a model file"
                : "the server crashed or gave up: it left neither a model file nor a report";

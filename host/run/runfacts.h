@@ -15,6 +15,7 @@ namespace host {
 struct RunFacts {
     bool noServer = false;
     bool interrupted = false;
+    QString missingModel;        ///< the CAD file, when it isn't there
     QString server;              ///< the program
     QString startProblem;        ///< why the server could not be started; empty when it could
     bool serverReported = false; ///< whether it left a report

@@ -15,13 +15,19 @@ protected:
     }
     /// The words of a run whose server does what `deeds` say.
     QStringList serving(const QStringList& deeds) const {
-        QStringList words{"part.step", "--json", "--server", FAKE_SERVER, "--output-base", base};
+        QStringList words{part, "--json", "--server", FAKE_SERVER, "--output-base", base};
         for (const QString& deed : deeds) words << "--argument" << deed;
         return words;
     }
     bool hasModelFile() const { return QFile::exists(base + ".direct"); }
 
+    ComponentTest() {
+        QFile model(part);
+        EXPECT_TRUE(model.open(QIODevice::WriteOnly));
+    }
+
     QString base = directory.filePath("part");
+    QString part = directory.filePath("part.step");
 };
 
 TEST_F(ComponentTest, ReadsAndRemovesAModelFileOfTwoModels) {
@@ -115,7 +121,7 @@ TEST_F(ComponentTest, HandsTheOptionListToTheServerInOrder) {
     QFile file(report);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QString words = QString::fromUtf8(file.readAll());
-    EXPECT_TRUE(words.startsWith("-InputFile\npart.step\n-OutputBaseName\n" + base +
+    EXPECT_TRUE(words.startsWith("-InputFile\n" + part + "\n-OutputBaseName\n" + base +
                                  "\n-FakeReport\n" + report + "\n-Batch\n"))
         << words.toStdString();
 }

@@ -55,7 +55,7 @@ TEST_F(BrixImportTest, ReportsExportedFilesThatCameWithoutAModel) {
 TEST_F(BrixImportTest, EndsWithStatusOneWhenNothingCame) {
     const ImportResult result = run(faking("nothing"));
     EXPECT_EQ(result.status, 1);
-    EXPECT_TRUE(result.says("brix-import: the server")) << result.errors;
+    EXPECT_TRUE(result.says("brix-import: there is no CAD file part.step")) << result.errors;
     EXPECT_EQ(result.json()["reason"].is_string(), true);
 }
 

@@ -66,6 +66,9 @@ TEST(JsonReport, HoldsEverythingUnderItsKey) {
     EXPECT_EQ(json["server"], outcome.server);
     EXPECT_EQ(json["reason"], nullptr);
     EXPECT_EQ(json["exitStatus"], 4);
+
+    outcome.rebuilt = false;
+    EXPECT_EQ(Json::parse(jsonReport(outcome))["models"][0]["area"], nullptr);
 }
 
 TEST(TableReport, ShowsTheFiguresAndGroupsLossesByReason) {
@@ -101,7 +104,10 @@ TEST(Reason, NamesTheMostTellingFact) {
     facts.modelFile = "b.direct";
     EXPECT_EQ(reasonForNothing(facts),
               "the server crashed or gave up: it left neither a model file nor a report");
+    facts.missingModel = "p.step";
+    EXPECT_EQ(reasonForNothing(facts), "there is no CAD file p.step");
     facts.serverReported = true;
+    facts.missingModel.clear();
     EXPECT_EQ(reasonForNothing(facts), "the server came to its end without leaving a model file");
     facts.modelFileBytes = 0;
     EXPECT_EQ(reasonForNothing(facts), "the model file is empty");

@@ -11,10 +11,10 @@ namespace {
 
 class StringSupportTest : public HostTest {
 protected:
-    using InPlace = void (StringSupport::*)(char16_t*);
+    using InPlace = std::function<void(IZelStrSupport&, char16_t*)>;
 
-    std::u16string changed(InPlace operation, std::u16string source) {
-        (support.iface->*operation)(source.data());
+    std::u16string changed(const InPlace& operation, std::u16string source) {
+        operation(*support.iface, source.data());
         return source.c_str();
     }
     IPtr<StringSupport> support{new StringSupport};
@@ -31,14 +31,14 @@ TEST_F(StringSupportTest, ChangesTextsInPlace) {
         InPlace operation;
         std::u16string before, after;
     } cases[] = {
-        {&StringSupport::toUpper, u"gr\u00fc\u00df \u03c9", u"GR\u00dc\u00df \u03a9"},
-        {&StringSupport::toLower, u"\u00c4\u0416Z1", u"\u00e4\u0436z1"},
-        {&StringSupport::toLower, u"\U00010400", u"\U00010428"},
-        {&StringSupport::toLower, u"\xD801", u"\xD801"},
-        {&StringSupport::stripSpace, u" a\u00a0b\t\u2003c\n", u"abc"},
-        {&StringSupport::simplify, u"\t a \u2003\n b  ", u"a b"},
-        {&StringSupport::simplify, u"  ", u""},
-        {&StringSupport::toUpper, u"", u""},
+        {&IZelStrSupport::toUpper, u"gr\u00fc\u00df \u03c9", u"GR\u00dc\u00df \u03a9"},
+        {&IZelStrSupport::toLower, u"\u00c4\u0416Z1", u"\u00e4\u0436z1"},
+        {&IZelStrSupport::toLower, u"\U00010400", u"\U00010428"},
+        {&IZelStrSupport::toLower, u"\xD801", u"\xD801"},
+        {&IZelStrSupport::stripSpace, u" a\u00a0b\t\u2003c\n", u"abc"},
+        {&IZelStrSupport::simplify, u"\t a \u2003\n b  ", u"a b"},
+        {&IZelStrSupport::simplify, u"  ", u""},
+        {&IZelStrSupport::toUpper, u"", u""},
     };
     for (const auto& each : cases) EXPECT_EQ(changed(each.operation, each.before), each.after);
 }
