@@ -127,7 +127,7 @@ Status read(QFile& file, const Options& options,
     CADImport::RecordReader records(file);
     while (!records.atEnd()) {
         const qint64 offset = records.position();
-        const auto message = records.next();
+        const Message* message = records.look();
         const std::string place = " at byte " + std::to_string(offset) + " of " + options.file;
         if (!message) return complain("no message begins" + place, damaged);
         if (records.ranOut()) return complain("the message" + place + " is cut", damaged);
