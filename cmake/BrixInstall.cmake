@@ -29,19 +29,12 @@ install(DIRECTORY platform component zelbasictypes cadimport client
   PATTERN "platform/windows" EXCLUDE)
 
 install(TARGETS brix LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/brix)
-set(brix_programs brix-import)
-if(TARGET direct-dump)
-  list(APPEND brix_programs direct-dump)
-endif()
-set(brix_helpers)
+# The programs find each other and the module by where they stand.
+set(brix_programs brix-import direct-dump)
 if(BRIX_WITH_OPENCASCADE)
-  list(APPEND brix_helpers cad-importer-server)
-  if(TARGET brix-rebuild)
-    list(APPEND brix_helpers brix-rebuild)
-  endif()
+  list(APPEND brix_programs cad-importer-server brix-rebuild)
 endif()
 install(TARGETS ${brix_programs} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(TARGETS ${brix_helpers} RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/brix)
 
 find_program(HELP2MAN help2man)
 if(HELP2MAN)
