@@ -49,7 +49,8 @@ void StringSupport::toNarrow(KorCString& out, const KorString& text) {
 std::int32_t StringSupport::compare(const KorString& a, const KorString& b) {
     const QString left = toQString(a);
     const QString right = toQString(b);
-    const int order = QString::localeAwareCompare(left, right);
+    const std::lock_guard lock(mutex_);
+    const int order = collator_.compare(left, right);
     return order != 0 ? order : QString::compare(left, right);
 }
 

@@ -4,9 +4,13 @@
 
 #include "component/objects/services/izelstrsupport.h"
 
+#include <QCollator>
+
+#include <mutex>
+
 namespace host {
 
-/// Without state, for any thread. Units outside the first 65536 code points are taken in pairs.
+/// For any thread. Units outside the first 65536 code points are taken in pairs.
 class StringSupport : public IZelStrSupport {
 public:
     void qi(const char* name, void** result, std::int32_t reserved = 0) override;
@@ -23,6 +27,10 @@ public:
     /// A character whose other case is longer stays as it is.
     void toLower(char16_t* text) override;
     void toUpper(char16_t* text) override;
+
+private:
+    std::mutex mutex_;
+    QCollator collator_; ///< used under the lock: it readies itself at its first comparison
 };
 
 } // namespace host

@@ -53,7 +53,7 @@ TEST_F(BrixImportTest, ReportsExportedFilesThatCameWithoutAModel) {
 }
 
 TEST_F(BrixImportTest, EndsWithStatusOneWhenNothingCame) {
-    const ImportResult result = run(faking("nothing"));
+    const ImportResult result = run(faking("nothing") + QStringList{"--server", BRIX_IMPORT});
     EXPECT_EQ(result.status, 1);
     EXPECT_TRUE(result.says("brix-import: there is no CAD file part.step")) << result.errors;
     EXPECT_EQ(result.json()["reason"].is_string(), true);
