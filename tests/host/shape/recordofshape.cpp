@@ -23,9 +23,8 @@ public:
         server::Report report;
         server::IdentifierCounters identifiers;
         const double diagonal = box.IsVoid() ? 0.0 : std::sqrt(box.SquareExtent());
-        const server::ShellPlanning planning{identifiers, report,
-                                             server::Tolerances::of(metres_ * 1000.0, diagonal),
-                                             [] {}};
+        const server::ShellPlanning planning{
+            identifiers, report, server::Tolerances::of(metres_ * 1000.0, diagonal), [] {}};
         for (const server::Body& body : server::bodiesOf(shape, {}, report)) {
             for (const TopoDS_Shell& shell : body.shells) take(server::planShell(shell, planning));
         }
@@ -77,11 +76,16 @@ private:
                                 {s.bounds.u1 * u, s.bounds.u2 * u},
                                 {s.bounds.v1 * v, s.bounds.v2 * v}};
         switch (s.kind) {
-        case server::AnalyticKind::plane: return PlaneRecord{frame};
-        case server::AnalyticKind::cylinder: return CylinderRecord{frame, s.size * metres_};
-        case server::AnalyticKind::cone: return ConeRecord{frame, s.size};
-        case server::AnalyticKind::sphere: return SphereRecord{frame, s.size * metres_};
-        default: return TorusRecord{frame, s.size * metres_, s.tube * metres_};
+        case server::AnalyticKind::plane:
+            return PlaneRecord{frame};
+        case server::AnalyticKind::cylinder:
+            return CylinderRecord{frame, s.size * metres_};
+        case server::AnalyticKind::cone:
+            return ConeRecord{frame, s.size};
+        case server::AnalyticKind::sphere:
+            return SphereRecord{frame, s.size * metres_};
+        default:
+            return TorusRecord{frame, s.size * metres_, s.tube * metres_};
         }
     }
     SurfaceRecord surface(const Geom_BSplineSurface& s) const {
