@@ -102,6 +102,7 @@ std::string ImportRun::makePlaces() {
         trace_.open(std::filesystem::path(options_.traceFile.toStdU16String()), std::ios::binary);
         if (!trace_) return "the trace can't be written: " + options_.traceFile.toStdString();
     }
+    outcome_.filesAreTemporary = options_.outputBase.isEmpty();
     outcome_.name =
         QFileInfo(options_.model.isEmpty() ? outputBase_ : options_.model).fileName().toStdString();
     return {};

@@ -25,6 +25,7 @@ struct RunOutcome {
     bool result = false;                    ///< what importModel answered
     bool hasResults = false;                ///< whether the client had models or coordinate systems
     std::vector<std::string> exportedFiles; ///< paths with slashes
+    bool filesAreTemporary = false;         ///< whether they are gone when the run is over
     ImportRecord record;
     /// One for each model of the record, of what arrived when nothing could be rebuilt.
     std::vector<RebuiltModel> models;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <map>
 
 namespace host {
@@ -25,10 +26,13 @@ std::string line(const std::string& label, const std::string& value) {
     return text + value + '\n';
 }
 
+/// A coordinate to the nanometre, without a sign at zero.
+std::string coordinate(double metres) { return number(std::round(metres * 1e9) / 1e9 + 0.0); }
+
 std::string extent(const std::array<double, 6>& box) {
     return number(box[3] - box[0]) + " x " + number(box[4] - box[1]) + " x " +
-           number(box[5] - box[2]) + " m, from (" + number(box[0]) + ", " + number(box[1]) + ", " +
-           number(box[2]) + ")";
+           number(box[5] - box[2]) + " m, from (" + coordinate(box[0]) + ", " + coordinate(box[1]) +
+           ", " + coordinate(box[2]) + ")";
 }
 
 std::string solidity(const RebuiltModel& model) {
@@ -71,9 +75,11 @@ std::string lossLines(const std::vector<DroppedRecord>& losses) {
     return text;
 }
 
-std::string fileLines(const std::vector<std::string>& files) {
+std::string fileLines(const RunOutcome& outcome) {
+    const char* note = outcome.filesAreTemporary ? " (temporary, removed)" : "";
     std::string text;
-    for (const std::string& file : files) text += line("exported file", file);
+    for (const std::string& file : outcome.exportedFiles)
+        text += line("exported file", file + note);
     return text.empty() ? text : "exchange files\n" + text;
 }
 
@@ -88,7 +94,7 @@ std::string tableReport(const RunOutcome& outcome) {
     if (const auto count = outcome.record.coordinateSystems.size()) {
         text += "coordinate systems: " + std::to_string(count) + '\n';
     }
-    text += fileLines(outcome.exportedFiles);
+    text += fileLines(outcome);
     const std::vector<DroppedRecord> losses = allLosses(outcome);
     if (!losses.empty()) return text + lossLines(losses);
     return outcome.hasResults ? text + "losses: none\n" : text;

@@ -16,7 +16,7 @@ RunOutcome soundOutcome() {
     outcome.name = "part.step";
     outcome.result = outcome.hasResults = outcome.rebuilt = true;
     outcome.exportedFiles = {"out/part.igs"};
-    outcome.models = {{6, 12, 1, true, true, 0.25, 0.0625, {0, 0, 0, 1, 2, 3.5}}};
+    outcome.models = {{6, 12, 1, true, true, 0.25, 0.0625, {-0.0, 0, 0, 1, 2, 3.5}}};
     return outcome;
 }
 
