@@ -2,29 +2,21 @@
 // Counting, integrating, checking.
 #include "host/shape/measure.h"
 
+#include "host/shape/faceintegral.h"
 #include "host/shape/geometry.h"
 #include "host/shape/kernelcall.h"
 
 #include <BRepBndLib.hxx>
 #include <BRepCheck_Analyzer.hxx>
-#include <BRepGProp.hxx>
-#include <BRepGProp_Domain.hxx>
-#include <BRepGProp_Face.hxx>
-#include <BRepGProp_Vinert.hxx>
 #include <BRep_Tool.hxx>
 #include <Bnd_Box.hxx>
-#include <GProp_GProps.hxx>
 #include <TopExp.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
 #include <TopoDS.hxx>
-#include <TopoDS_Iterator.hxx>
 
 namespace host {
 namespace {
-
-/// The kernel's own default misjudges even simple parts.
-constexpr double integrationTolerance = 1e-8;
 
 constexpr double squareMillimetres = millimetresPerMetre * millimetresPerMetre;
 constexpr double cubicMillimetres = squareMillimetres * millimetresPerMetre;
@@ -59,22 +51,6 @@ std::array<double, 6> boxOf(const TopoDS_Shape& shape) {
     return result;
 }
 
-/// The volume between a face and the reference point; over a closed shell the sum is its own.
-double volumeTo(const TopoDS_Face& face, const gp_Pnt& reference) {
-    BRepGProp_Face surface;
-    surface.Load(face);
-    BRepGProp_Domain domain;
-    domain.Init(face);
-    BRepGProp_Vinert volume;
-    volume.SetLocation(reference);
-    if (TopoDS_Iterator(face).More()) {
-        volume.Perform(surface, domain, integrationTolerance);
-    } else {
-        volume.Perform(surface, integrationTolerance);
-    }
-    return volume.Mass();
-}
-
 /// Takes faces in as they are integrated and checked. Only closed shells have a volume.
 class FaceSum {
 public:
@@ -92,10 +68,9 @@ public:
     }
 
     void add(const TopoDS_Face& face) {
-        GProp_GProps area;
-        BRepGProp::SurfaceProperties(face, area, integrationTolerance);
-        areaMm2 += area.Mass();
-        if (enclosing_.Contains(face)) volumeMm3 += volumeTo(face, reference_);
+        const FaceIntegral integral = integralOf(face, reference_);
+        areaMm2 += integral.area;
+        if (enclosing_.Contains(face)) volumeMm3 += integral.volume;
         areValid = areValid && BRepCheck_Analyzer(face).IsValid();
     }
 
@@ -146,10 +121,12 @@ RebuiltModel measured(const BuiltModel& model, const Progress& progress) {
     return result;
 }
 
-double roughVolume(const TopoDS_Shape& shell) {
-    GProp_GProps volume;
-    BRepGProp::VolumeProperties(shell, volume);
-    return volume.Mass();
+double volumeWithin(const TopoDS_Shape& shell) {
+    double sum = 0.0;
+    for (TopExp_Explorer walk(shell, TopAbs_FACE); walk.More(); walk.Next()) {
+        sum += integralOf(TopoDS::Face(walk.Current()), gp_Pnt()).volume;
+    }
+    return sum;
 }
 
 } // namespace host

@@ -16,7 +16,6 @@ namespace host {
 RebuiltModel measured(const BuiltModel& model, const Progress& progress);
 
 /// The volume within a closed shell in cubic millimetres, negative when its faces look inwards.
-/// Good for the sign and for comparing.
-double roughVolume(const TopoDS_Shape& shell);
+double volumeWithin(const TopoDS_Shape& shell);
 
 } // namespace host

@@ -99,8 +99,8 @@ private:
             for (std::size_t i = 0; i < 3; ++i) {
                 const auto at = static_cast<std::size_t>(triangle[i]);
                 const gp_XYZ normal = view_.turned(face.normals[at].XYZ());
-                points[i] = onScreen(face.points[at],
-                                     isBack ? lit(backColour, normal.Reversed()) : lit(front, normal));
+                points[i] = onScreen(face.points[at], isBack ? lit(backColour, normal.Reversed())
+                                                             : lit(front, normal));
             }
             canvas_.triangle(points[0], points[1], points[2]);
         }

@@ -34,7 +34,7 @@ ClosedShell closedShell(TopoDS_Shell shell) {
     result.shell = shell;
     BRep_Builder().MakeSolid(result.solid);
     BRep_Builder().Add(result.solid, shell);
-    result.volume = roughVolume(shell);
+    result.volume = volumeWithin(shell);
     BRepBndLib::Add(shell, result.box, false);
     return result;
 }
