@@ -10,8 +10,6 @@
 #include "zelbasictypes/files/zelpath.h"
 #include "zelbasictypes/text/zeltranslator.h"
 
-#include <memory>
-
 bool readMessages(const KorString& outputBaseName, CADImport::Creator& creator) {
     if (!creator.hasImporter()) return false;
     const KorString path = zelTranslate("%1.direct", outputBaseName);
@@ -19,7 +17,7 @@ bool readMessages(const KorString& outputBaseName, CADImport::Creator& creator) 
     if (!openForReading(path, file)) return false;
     CADImport::RecordReader records(file);
     while (!records.atEnd()) {
-        const std::unique_ptr<CADImport::Message> message(records.next());
+        const CADImport::Message* message = records.look();
         if (message && message->isValid()) message->accept(creator);
     }
     file.close();

@@ -115,7 +115,7 @@ private:
         for (const auto& shape : list) {
             Shape copy = *shape;
             stream_ << static_cast<quint8>(copy.index());
-            std::visit([this](auto& kind) { put(kind); }, copy);
+            std::visit([this](auto& kind) { this->put(kind); }, copy);
         }
     }
     void count(std::size_t size) { stream_ << static_cast<quint32>(size); }
