@@ -86,7 +86,7 @@ struct ShellRecord {
 };
 
 struct ModelRecord {
-    bool absolute = true;   ///< whether `accuracy` is a length in model units or relative
+    bool absolute = true; ///< whether `accuracy` is a length in model units or relative
     double accuracy = 0.0;
     std::map<Identifier, EdgeRecord> edges;
     std::map<Identifier, LoopRecord> loops;
@@ -101,7 +101,7 @@ struct CoordinateSystemRecord {
 
 /// Something that arrived and could not be kept or built, and why.
 struct DroppedRecord {
-    std::string what;       ///< "edge", "face", "curve", ...
+    std::string what; ///< "edge", "face", "curve", ...
     Identifier identifier = 0;
     std::string why;
 };
