@@ -28,6 +28,14 @@ constexpr double seamShare = 0.02;
 
 using Node = Trace::Node;
 
+/// Traces that stray further are compared with the straight line.
+constexpr double suspiciousMm = 1e-3;
+
+Trace straightBetween(Node a, Node b) {
+    a.speed = b.speed = gp_Vec2d(a.uv, b.uv) / (b.parameter - a.parameter);
+    return {{a, b}, true};
+}
+
 class Tracer {
 public:
     Tracer(const ParameterSpace& space, const BoundedCurve& edge, bool isSeam)
@@ -37,7 +45,7 @@ public:
         takeFeet();
         settleEnds();
         settleBorders(along);
-        if (isStraight()) return straight();
+        if (isStraight()) return straightBetween(trace_.nodes.front(), trace_.nodes.back());
         findSpeeds();
         for (std::size_t i = 0; i + 1 < trace_.nodes.size();) {
             if (trace_.nodes.size() >= greatestNodeCount || !split(i)) ++i;
@@ -136,17 +144,6 @@ private:
             const gp_Pnt2d uv = a.uv.Translated(across * share);
             return space_.point(uv).Distance(space_.point(node.uv)) <= straightToleranceMm;
         });
-    }
-    Trace straight() {
-        const Node& a = trace_.nodes.front();
-        const Node& b = trace_.nodes.back();
-        const gp_Vec2d speed = gp_Vec2d(a.uv, b.uv) / (b.parameter - a.parameter);
-        for (Node& node : trace_.nodes) {
-            node.uv = a.uv.Translated(speed * (node.parameter - a.parameter));
-            node.speed = speed;
-        }
-        trace_.isStraight = true;
-        return std::move(trace_);
     }
 
     void findSpeeds() {
@@ -254,7 +251,13 @@ Handle(Geom2d_Curve) Trace::curve() const {
 }
 
 Trace traceOf(const ParameterSpace& space, const BoundedCurve& edge, const LoopSide& side) {
-    return Tracer(space, edge, side.isSeam).trace(side.along);
+    Trace trace = Tracer(space, edge, side.isSeam).trace(side.along);
+    if (trace.isStraight) return trace;
+    const double deviation = deviationOf(space, edge, trace.curve());
+    if (deviation <= suspiciousMm) return trace;
+    // Short edges along a fold of the surface have no feet to speak of.
+    Trace straight = straightBetween(trace.nodes.front(), trace.nodes.back());
+    return deviationOf(space, edge, straight.curve()) < deviation ? straight : trace;
 }
 
 double deviationOf(const ParameterSpace& space, const BoundedCurve& edge,

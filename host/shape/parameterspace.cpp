@@ -14,6 +14,9 @@ namespace {
 /// Two points nearer than this are the same. In millimetres.
 constexpr double same = 1e-7;
 
+/// Of the angle between the two directions, below which a share of either says nothing.
+constexpr double leastSquareSine = 1e-4;
+
 double near(double value, double wanted, double period) {
     return period > 0.0 ? value + period * std::round((wanted - value) / period) : value;
 }
@@ -141,7 +144,7 @@ std::optional<gp_Vec2d> ParameterSpace::speed(const gp_Pnt2d& uv, const gp_Vec& 
     adaptor_.D1(uv.X(), uv.Y(), at, u, v);
     const double a = u.SquareMagnitude(), b = u.Dot(v), c = v.SquareMagnitude();
     const double determinant = a * c - b * b;
-    if (determinant <= 1e-14 * a * c || a * c <= 0.0) return std::nullopt;
+    if (determinant <= leastSquareSine * a * c || a * c <= 0.0) return std::nullopt;
     const double x = u.Dot(along), y = v.Dot(along);
     return gp_Vec2d((x * c - y * b) / determinant, (y * a - x * b) / determinant);
 }
