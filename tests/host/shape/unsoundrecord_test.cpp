@@ -117,8 +117,8 @@ TEST_F(UnsoundRecord, GivesNothingForNothing) {
 class Garbage {
 public:
     double number() {
-        static constexpr double odd[] = {0.0,   -0.0, 1e300, -1e300, 1e-300,   5e-324,
-                                         1e308, -1.0, 1e9,   1e-7,   HUGE_VAL, std::nan("")};
+        static const double odd[] = {0.0,   -0.0, 1e300, -1e300, 1e-300,   5e-324,
+                                     1e308, -1.0, 1e9,   1e-7,   HUGE_VAL, std::nan("")};
         return at(2) ? std::uniform_real_distribution(-0.1, 0.1)(random_) : odd[at(12)];
     }
     ZelVector3 vector() { return {number(), number(), number()}; }
