@@ -13,9 +13,9 @@
 namespace host {
 
 /// One step of the work. `model` counts from 1; 0 stands for all models. `what` is
-/// - "edge" or "face", with the identifier in the record;
+/// - "edge" or "face", and "measure" for a face, with the identifier in the record;
 /// - a stage of one model, with the model's number as identifier: "model" (putting it together),
-///   "measure", "box", "check";
+///   "box", "check";
 /// - a stage of all models, with 0: "record" (reading it), "picture", "export".
 struct Step {
     int model = 0;

@@ -45,8 +45,9 @@ struct RebuiltModel {
 
 struct RebuildOutcome {
     std::vector<RebuiltModel> models; ///< one for each model of the record, in order
-    /// What was left out: "face", "loop", "edge", "shell", "model" by its number from 1, and
-    /// "picture" and "export" with 0.
+    /// What was left out: "face", "edge" and "shell" by their identifiers; "measure" by that of a
+    /// face that was built but does not count in areas and volumes; "model", "box" and "check" by
+    /// the number of the model from 1; "picture" and "export" with 0.
     std::vector<DroppedRecord> dropped;
     bool pictureWritten = false;
     bool exportWritten = false;

@@ -5,9 +5,11 @@
 
 #include <BRepAdaptor_Curve2d.hxx>
 #include <BRepAdaptor_Surface.hxx>
+#include <BRepTools_WireExplorer.hxx>
 #include <TColStd_Array1OfReal.hxx>
-#include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
+#include <TopoDS_Iterator.hxx>
+#include <TopoDS_Wire.hxx>
 #include <gp_Vec.hxx>
 
 #include <algorithm>
@@ -20,6 +22,13 @@ namespace {
 
 constexpr double relativeTolerance = 1e-9;
 constexpr int greatestDepth = 12;
+
+/// Of a curve's pieces times the surface's. Where there are more, pieces of the curve are taken
+/// together: they are smoother than their number suggests, and what isn't is refined.
+constexpr int mostPieces = 10000;
+
+/// Of the face's range; a greater jump is no gap but a fault.
+constexpr double greatestGap = 1e-2;
 
 /// Non-negative nodes of the rule, with both weights; every second node is one of the 7-point rule.
 struct RuleNode {
@@ -83,17 +92,15 @@ public:
         TColStd_Array1OfReal breaks(1, surface_.NbUIntervals(GeomAbs_CN) + 1);
         surface_.UIntervals(breaks, GeomAbs_CN);
         breaks_.assign(breaks.begin(), breaks.end());
-        start_ = surface_.FirstUParameter();
+        start_ = 0.5 * (surface_.FirstUParameter() + surface_.LastUParameter());
         estimate();
     }
 
     FaceIntegral integral() {
         Pair sum;
-        for (TopExp_Explorer walk(face_, TopAbs_EDGE); walk.More(); walk.Next()) {
-            const TopoDS_Edge& edge = TopoDS::Edge(walk.Current());
-            const TopAbs_Orientation side = edge.Orientation();
-            if (side != TopAbs_FORWARD && side != TopAbs_REVERSED) continue;
-            sum += along(BRepAdaptor_Curve2d(edge, face_)) * (side == TopAbs_FORWARD ? 1.0 : -1.0);
+        for (TopoDS_Iterator walk(face_); walk.More(); walk.Next()) {
+            if (walk.Value().ShapeType() != TopAbs_WIRE) continue;
+            sum += around(TopoDS::Wire(walk.Value()));
         }
         return {sum.area, sum.volume};
     }
@@ -142,6 +149,32 @@ private:
         return sum * (u < start_ ? -1.0 : 1.0);
     }
 
+    Pair around(const TopoDS_Wire& wire) const {
+        Pair sum;
+        std::vector<std::array<gp_Pnt2d, 2>> ends;
+        for (BRepTools_WireExplorer walk(wire, face_); walk.More(); walk.Next()) {
+            const BRepAdaptor_Curve2d curve(walk.Current(), face_);
+            const bool isForward = walk.Current().Orientation() == TopAbs_FORWARD;
+            sum += along(curve) * (isForward ? 1.0 : -1.0);
+            const double first = curve.FirstParameter(), last = curve.LastParameter();
+            ends.push_back(
+                {curve.Value(isForward ? first : last), curve.Value(isForward ? last : first)});
+        }
+        for (std::size_t i = 0; i < ends.size(); ++i) {
+            sum += between(ends[i][1], ends[(i + 1) % ends.size()][0]);
+        }
+        return sum;
+    }
+
+    /// Curves meet within a tolerance only. Without the gaps between them the result would depend
+    /// on where F begins.
+    Pair between(const gp_Pnt2d& end, const gp_Pnt2d& next) const {
+        const double gap = next.Y() - end.Y();
+        const double range = surface_.LastVParameter() - surface_.FirstVParameter();
+        if (gap == 0.0 || std::abs(gap) > greatestGap * range) return {};
+        return across(0.5 * (end.X() + next.X()), 0.5 * (end.Y() + next.Y())) * gap;
+    }
+
     Pair along(const BRepAdaptor_Curve2d& curve) const {
         TColStd_Array1OfReal breaks(1, curve.NbIntervals(GeomAbs_CN) + 1);
         curve.Intervals(breaks, GeomAbs_CN);
@@ -153,8 +186,11 @@ private:
             return across(uv.X(), uv.Y()) * speed.Y();
         };
         Pair sum;
-        for (int i = breaks.Lower(); i < breaks.Upper(); ++i) {
-            sum += quadrature(f, breaks(i), breaks(i + 1), alongTolerance_);
+        const int pieces = breaks.Length() * static_cast<int>(breaks_.size());
+        const int stride = 1 + pieces / mostPieces;
+        for (int i = breaks.Lower(); i < breaks.Upper(); i += stride) {
+            const int next = std::min(i + stride, breaks.Upper());
+            sum += quadrature(f, breaks(i), breaks(next), alongTolerance_);
         }
         return sum;
     }

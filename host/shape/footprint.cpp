@@ -18,7 +18,9 @@ namespace host {
 namespace {
 
 constexpr double straightToleranceMm = 2e-8;
-constexpr double cubicToleranceMm = 1e-8;
+constexpr double cubicToleranceMm = 2e-8;
+/// Of its distance from the surface: how exactly an edge that is off is followed.
+constexpr double shareOfOffset = 0.01;
 constexpr std::size_t greatestNodeCount = 400;
 constexpr int firstIntervals = 12;
 
@@ -47,6 +49,8 @@ public:
         settleBorders(along);
         if (isStraight()) return straightBetween(trace_.nodes.front(), trace_.nodes.back());
         findSpeeds();
+        if (space_.isPlane()) return std::move(trace_);
+        tolerance_ = std::max(cubicToleranceMm, shareOfOffset * greatestOffset());
         for (std::size_t i = 0; i + 1 < trace_.nodes.size();) {
             if (trace_.nodes.size() >= greatestNodeCount || !split(i)) ++i;
         }
@@ -167,6 +171,14 @@ private:
         return speed;
     }
 
+    double greatestOffset() const {
+        double worst = 0.0;
+        for (const Node& node : trace_.nodes) {
+            worst = std::max(worst, space_.point(node.uv).Distance(point(node.parameter)));
+        }
+        return worst;
+    }
+
     static gp_Pnt2d cubicAt(const Node& a, const Node& b, double share) {
         const double h = b.parameter - a.parameter, s = share, r = 1.0 - share;
         const gp_XY value = a.uv.XY() * (r * r * (1.0 + 2.0 * s)) +
@@ -182,7 +194,7 @@ private:
         const auto isOff = [&](double share) {
             const gp_Pnt2d cubic = cubicAt(a, b, share);
             const double t = a.parameter + share * (b.parameter - a.parameter);
-            return space_.point(cubic).Distance(space_.point(foot(t, cubic))) > cubicToleranceMm;
+            return space_.point(cubic).Distance(space_.point(foot(t, cubic))) > tolerance_;
         };
         if (!isOff(0.5) && !isOff(0.2)) return false;
         Node middle{0.5 * (a.parameter + b.parameter), {}, {}};
@@ -201,6 +213,7 @@ private:
     const ParameterSpace& space_;
     const BoundedCurve& edge_;
     const bool isSeam_;
+    double tolerance_ = cubicToleranceMm;
     Trace trace_;
     Border border_;
 };
@@ -252,7 +265,7 @@ Handle(Geom2d_Curve) Trace::curve() const {
 
 Trace traceOf(const ParameterSpace& space, const BoundedCurve& edge, const LoopSide& side) {
     Trace trace = Tracer(space, edge, side.isSeam).trace(side.along);
-    if (trace.isStraight) return trace;
+    if (trace.isStraight || space.isPlane()) return trace;
     const double deviation = deviationOf(space, edge, trace.curve());
     if (deviation <= suspiciousMm) return trace;
     // Short edges along a fold of the surface have no feet to speak of.
@@ -266,7 +279,9 @@ double deviationOf(const ParameterSpace& space, const BoundedCurve& edge,
     double worst = 0.0;
     for (int i = 0; i <= steps; ++i) {
         const double t = edge.first + (edge.last - edge.first) * i / steps;
-        worst = std::max(worst, space.point(curve->Value(t)).Distance(edge.curve->Value(t)));
+        const gp_Pnt point = edge.curve->Value(t);
+        const gp_Pnt2d uv = space.isPlane() ? space.foot(point) : curve->Value(t);
+        worst = std::max(worst, space.point(uv).Distance(point));
     }
     return worst;
 }

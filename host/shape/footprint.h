@@ -19,7 +19,8 @@ struct Trace {
         gp_Pnt2d uv;
         gp_Vec2d speed;
     };
-    std::vector<Node> nodes; ///< rising parameters, two at least
+    /// Rising parameters, two at least. On planes only as close as a look at the shape asks for.
+    std::vector<Node> nodes;
     bool isStraight = false; ///< the straight line between the ends is exact
 
     const gp_Pnt2d& start() const { return nodes.front().uv; }
@@ -39,7 +40,8 @@ struct LoopSide {
 
 Trace traceOf(const ParameterSpace& space, const BoundedCurve& edge, const LoopSide& side);
 
-/// The greatest distance seen between the edge and the curve on the surface, in millimetres.
+/// The greatest distance seen between the edge and the curve on the surface, in millimetres. On a
+/// plane that between the edge and the plane, since the kernel projects onto planes by itself.
 double deviationOf(const ParameterSpace& space, const BoundedCurve& edge,
                    const Handle(Geom2d_Curve) & curve);
 

@@ -85,11 +85,15 @@ private:
 FaceSum summed(const BuiltModel& model, const Progress& progress) {
     FaceSum sum(model);
     for (const auto& [identifier, face] : model.faces) {
-        progress.begin("face", identifier);
+        if (progress.isSkipped("measure", identifier)) {
+            sum.areValid = false;
+            continue;
+        }
+        progress.begin("measure", identifier);
         const auto& known = face;
         const std::string failure = kernelCall([&] { sum.add(known); });
         if (failure.empty()) continue;
-        progress.drop("face", identifier, failure);
+        progress.drop("measure", identifier, failure);
         sum.areValid = false;
     }
     return sum;
@@ -112,7 +116,7 @@ RebuiltModel measured(const BuiltModel& model, const Progress& progress) {
     const FaceSum sum = summed(model, progress);
     result.areaM2 = sum.areaMm2 / squareMillimetres;
     result.volumeM3 = sum.volumeMm3 / cubicMillimetres;
-    stage("measure", progress, [&] { result.boundingBoxM = boxOf(model.shape); });
+    stage("box", progress, [&] { result.boundingBoxM = boxOf(model.shape); });
     constexpr bool checkGeometryAgain = false;
     stage("check", progress, [&] {
         result.valid =

@@ -10,9 +10,10 @@
 
 namespace host {
 
-/// The answer is in metres. Integrating and checking a face are again steps "face", so that a face
-/// that the kernel can't bear is known. The other steps are "measure" (the box) and "check" (how
-/// the faces fit together); one that fails or is skipped leaves its figures at 0 or false.
+/// The answer is in metres. Integrating and checking a face is a step "measure"; a face for which
+/// it fails or is skipped adds nothing and makes the model invalid. The other steps are "box" and
+/// "check" (how the faces fit together); one that fails or is skipped leaves its figures at 0 or
+/// false.
 RebuiltModel measured(const BuiltModel& model, const Progress& progress);
 
 /// The volume within a closed shell in cubic millimetres, negative when its faces look inwards.
