@@ -21,6 +21,26 @@ double near(double value, double wanted, double period) {
     return period > 0.0 ? value + period * std::round((wanted - value) / period) : value;
 }
 
+/// First and second derivatives of half the squared distance.
+struct Slope {
+    double u, v, uu, uv, vv;
+
+    double determinant() const { return uu * vv - uv * uv; }
+    bool isBowl() const { return uu > 0.0 && vv > 0.0 && determinant() > 1e-12 * uu * vv; }
+
+    /// To the lowest place, with a parameter held or not.
+    gp_Vec2d step(bool holdsU, bool holdsV) const {
+        constexpr double least = 1e-300;
+        if (!holdsU && !holdsV && isBowl()) {
+            return gp_Vec2d(v * uv - u * vv, u * uv - v * uu) / determinant();
+        }
+        // Along one parameter only: the one that is free, else the one that moves the point more.
+        const bool takesU = !holdsU && (holdsV || uu > vv);
+        if (takesU) return uu > least ? gp_Vec2d(-u / uu, 0.0) : gp_Vec2d();
+        return !holdsV && vv > least ? gp_Vec2d(0.0, -v / vv) : gp_Vec2d();
+    }
+};
+
 } // namespace
 
 ParameterSpace::ParameterSpace(const Handle(Geom_Surface) & surface)
@@ -101,41 +121,32 @@ gp_Pnt2d ParameterSpace::foot(const gp_Pnt& point, const gp_Pnt2d& wanted) const
 /// Newton's method on the squared distance, kept between the borders; a parameter that is pushed
 /// against its border stays there while the other one goes on.
 gp_Pnt2d ParameterSpace::refined(const gp_Pnt& point, gp_Pnt2d uv) const {
-    for (int i = 0; i < 30; ++i) {
+    constexpr int mostSteps = 30;
+    constexpr double settled = 1e-11;
+    for (int i = 0; i < mostSteps; ++i) {
         gp_Pnt at;
         gp_Vec u, v, uu, vv, across;
         adaptor_.D2(uv.X(), uv.Y(), at, u, v, uu, vv, across);
         const gp_Vec off(point, at);
-        const double gradientU = off.Dot(u), gradientV = off.Dot(v);
-        double a = u.SquareMagnitude() + off.Dot(uu), b = u.Dot(v) + off.Dot(across);
-        double c = v.SquareMagnitude() + off.Dot(vv);
-        if (a <= 0.0 || c <= 0.0 || a * c - b * b <= 1e-12 * a * c) {
-            a = u.SquareMagnitude();
-            b = u.Dot(v);
-            c = v.SquareMagnitude();
-        }
-        const double determinant = a * c - b * b;
-        const bool holdsU =
-            (uv.X() <= least_[0] && gradientU > 0.0) || (uv.X() >= greatest_[0] && gradientU < 0.0);
-        const bool holdsV =
-            (uv.Y() <= least_[1] && gradientV > 0.0) || (uv.Y() >= greatest_[1] && gradientV < 0.0);
-        double stepU = 0.0, stepV = 0.0;
-        if (!holdsU && !holdsV && determinant > 1e-12 * a * c) {
-            stepU = (-gradientU * c + gradientV * b) / determinant;
-            stepV = (-gradientV * a + gradientU * b) / determinant;
-        } else {
-            if (!holdsU && a > 1e-300) stepU = -gradientU / a;
-            if (!holdsV && c > 1e-300 && (holdsU || a <= c)) stepV = -gradientV / c;
-            if (!holdsU && !holdsV && a <= c) stepU = 0.0;
-        }
-        const gp_Pnt2d next(std::clamp(uv.X() + stepU, least_[0], greatest_[0]),
-                            std::clamp(uv.Y() + stepV, least_[1], greatest_[1]));
+        const Slope slope{off.Dot(u), off.Dot(v), u.SquareMagnitude() + off.Dot(uu),
+                          u.Dot(v) + off.Dot(across), v.SquareMagnitude() + off.Dot(vv)};
+        const Slope flat{slope.u, slope.v, u.SquareMagnitude(), u.Dot(v), v.SquareMagnitude()};
+        const gp_Vec2d step = (slope.isBowl() ? slope : flat)
+                                  .step(isPushedOut(uv, 0, slope.u), isPushedOut(uv, 1, slope.v));
+        const gp_Pnt2d next(std::clamp(uv.X() + step.X(), least_[0], greatest_[0]),
+                            std::clamp(uv.Y() + step.Y(), least_[1], greatest_[1]));
         const double moved = std::abs(next.X() - uv.X()) * u.Magnitude() +
                              std::abs(next.Y() - uv.Y()) * v.Magnitude();
         uv = next;
-        if (moved < 1e-11) break;
+        if (moved < settled) break;
     }
     return uv;
+}
+
+bool ParameterSpace::isPushedOut(const gp_Pnt2d& uv, int direction, double slope) const {
+    const double value = uv.Coord(direction + 1);
+    return (value <= least(direction) && slope > 0.0) ||
+           (value >= greatest(direction) && slope < 0.0);
 }
 
 std::optional<gp_Vec2d> ParameterSpace::speed(const gp_Pnt2d& uv, const gp_Vec& along) const {

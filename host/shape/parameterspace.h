@@ -49,6 +49,8 @@ private:
     void measureSpline();
     gp_Pnt2d elementaryFoot(const gp_Pnt& point) const;
     gp_Pnt2d refined(const gp_Pnt& point, gp_Pnt2d uv) const;
+    /// Whether the parameter stands at its border and would have to go beyond.
+    bool isPushedOut(const gp_Pnt2d& uv, int direction, double slope) const;
 
     Handle(Geom_Surface) surface_;
     GeomAdaptor_Surface adaptor_; ///< remembers the span of a spline that was asked last
