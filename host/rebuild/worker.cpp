@@ -9,6 +9,7 @@ namespace host {
 namespace {
 
 constexpr int pollMs = 50;
+constexpr int leaveMs = 1000; ///< for a worker that is done to end by itself
 
 class Watch {
 public:
@@ -22,13 +23,15 @@ public:
         if (!process_.waitForStarted()) return result_;
         stepTime_.start();
         result_.end = WorkerEnd::crashed;
-        while (process_.state() != QProcess::NotRunning) {
+        while (process_.state() != QProcess::NotRunning && !isDone_) {
             process_.waitForReadyRead(pollMs);
             takeLines();
-            if (interrupted()) return result_;
+            if (!isDone_ && interrupted()) return result_;
         }
         takeLines();
-        result_.end = endOfProcess();
+        // How the kernel takes leave doesn't matter any more.
+        if (isDone_) process_.waitForFinished(leaveMs);
+        result_.end = isDone_ ? WorkerEnd::done : endOfProcess();
         return result_;
     }
 
@@ -51,8 +54,6 @@ private:
     WorkerEnd endOfProcess() const {
         if (process_.exitStatus() == QProcess::NormalExit) {
             switch (process_.exitCode()) {
-            case workerDone:
-                return isDone_ ? WorkerEnd::done : WorkerEnd::crashed;
             case workerMisused:
             case workerRecordUnreadable:
                 return WorkerEnd::refused;

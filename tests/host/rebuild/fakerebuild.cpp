@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Stands in for the worker. BRIX_FAKE_REBUILD tells which faces of the first model it dies of, and
-// how: "12:crash 13:hang 14:memory 15:garbage". Faces go from 11 to 15; what is skipped doesn't
-// count.
+// how: "12:crash 13:hang 14:memory 15:garbage". Faces go from 11 to 15, 0 is the picture and 99 the
+// end; what is skipped doesn't count.
 #include "host/modelling/recordfile.h"
 #include "host/rebuild/workerlines.h"
 
@@ -72,5 +72,6 @@ int main(int argc, char** argv) {
         if (writeText(arguments.value(picture + 1))) tell(host::WrittenFile{true});
     }
     tell(host::WorkDone{});
+    meet(fateOf(99));
     return host::workerDone;
 }

@@ -109,6 +109,16 @@ TEST_F(Rebuild, GivesUpAfterSoManyTries) {
     EXPECT_EQ(facesIn(outcome.dropped), (std::vector<Identifier>{11, 12}));
 }
 
+TEST_F(Rebuild, DoesNotCareHowAWorkerEndsThatIsDone) {
+    for (const char* fates : {"99:crash", "99:hang"}) {
+        const RebuildOutcome outcome = rebuildWith(fates);
+        EXPECT_TRUE(outcome.failure.isEmpty());
+        EXPECT_EQ(outcome.dropped.size(), 1U);
+        ASSERT_EQ(outcome.models.size(), 1U);
+        EXPECT_EQ(outcome.models[0].faces, 5);
+    }
+}
+
 TEST_F(Rebuild, EndsWhenTheTimeIsUp) {
     options_.timeLimitMs = 300;
     options_.stepLimitMs = 60000;

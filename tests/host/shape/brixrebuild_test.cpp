@@ -41,7 +41,7 @@ TEST_F(BrixRebuild, BuildsMeasuresDrawsAndExports) {
     options_.pictureHeight = 48;
     const RebuildOutcome outcome = rebuild(record_, options_);
     EXPECT_TRUE(outcome.failure.isEmpty()) << outcome.failure.toStdString();
-    EXPECT_TRUE(outcome.dropped.empty());
+    EXPECT_TRUE(outcome.dropped.empty()) << outcome.dropped[0].why;
     ASSERT_EQ(outcome.models.size(), 2U);
     EXPECT_EQ(outcome.models[0].faces, 6);
     EXPECT_NEAR(outcome.models[0].volumeM3, 6e-6, 1e-14);
