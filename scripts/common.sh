@@ -12,6 +12,12 @@ test_packages=(
   clang clang-format libclang-rt-14-dev qtbase5-dev libgtest-dev libgmock-dev
   occt-misc binutils python3 git locales
 )
+# What the library races against in benchmarks/.
+benchmark_packages=(
+  libbenchmark-dev
+  libmimalloc-dev libjemalloc-dev libboost-dev libroaring-dev libeigen3-dev libglm-dev
+  libhdf5-dev libflatbuffers-dev flatbuffers-compiler
+)
 
 # step TEXT COMMAND...: runs the command and says how long it took; ends the script on failure.
 step() {
