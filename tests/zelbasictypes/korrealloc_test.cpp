@@ -4,8 +4,8 @@
 
 #include "component/objects/queryinterface.h"
 #include "component/objects/services/idatastore.h"
-#include "component/objects/services/izelmmanager.h"
 #include "tests/zelbasictypes/fakehost.h"
+#include "tests/zelbasictypes/samplemanager.h"
 #include "tests/zelbasictypes/temporarydirectory.h"
 #include "zelbasictypes/diagnostics/zelassert.h"
 #include "zelbasictypes/memory/heapseam.h"
@@ -38,30 +38,6 @@ void* scarceReallocate(void* block, std::size_t bytes) {
     return bytes > scarcity.greatestResize ? nullptr : std::realloc(block, bytes);
 }
 
-/// Gives memory back a set number of times; each time the heap has a little more.
-class Manager : public IZelMManager {
-public:
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IZelMManager>(this, className(), name, result);
-    }
-    const char* className() override { return "Manager"; }
-    void* allocateChunk(std::int32_t, bool) override { return nullptr; }
-    void freeChunk(void*) override {}
-    bool reclaim() override {
-        ++asked;
-        if (left == 0) return false;
-        if (--left == 0) scarcity.greatestResize = scarcity.greatestNew = SIZE_MAX;
-        return true;
-    }
-    std::int32_t coreLimit() override { return 0; }
-    std::int32_t swapLimit() override { return 0; }
-    std::int32_t swapNow() override { return 0; }
-    std::int32_t coreNow() override { return 0; }
-
-    int asked = 0;
-    int left = 0;
-};
-
 /// Names the directory of temporary files.
 class Store : public IDataStore {
 public:
@@ -79,24 +55,15 @@ public:
     KorString temporary;
 };
 
-/// The library keeps the manager that it found, so one serves all tests.
-Manager& manager() {
-    static Manager* const one = [] {
-        auto* made = new Manager;
-        made->addRef();
-        return made;
-    }();
-    return *one;
-}
-
 class KorRealloc : public testing::Test {
 protected:
     KorRealloc() {
         scarcity = {};
-        manager().asked = manager().left = 0;
+        sampleManager().reset();
+        sampleManager().onLast = [] { scarcity.greatestResize = scarcity.greatestNew = SIZE_MAX; };
         store.addRef();
         store.temporary = directory.path();
-        fakehost::offer<IZelMManager>(&manager());
+        fakehost::offer<IZelMManager>(&sampleManager());
         fakehost::offer<IDataStore>(&store);
         zelSetHeap({scarceAllocate, scarceReallocate, nullptr, nullptr});
     }
@@ -171,16 +138,16 @@ TEST_F(KorRealloc, LowersItsWishByHalves) {
     scarcity.greatestResize = elementsOf(70);
     EXPECT_EQ(grow(50, 100), 62);
     EXPECT_EQ(scarcity.resizes, (Sizes{100, 75, 62}));
-    EXPECT_EQ(manager().asked, 0);
+    EXPECT_EQ(sampleManager().asked, 0);
 }
 
 TEST_F(KorRealloc, AsksTheManagerFromTheThirdLowerWishOn) {
     fill(10);
     scarcity.greatestResize = elementsOf(20);
-    manager().left = 2;
+    sampleManager().left = 2;
     EXPECT_EQ(grow(50, 100), 56);
     EXPECT_EQ(scarcity.resizes, (Sizes{100, 75, 62, 56, 56, 56}));
-    EXPECT_EQ(manager().asked, 2);
+    EXPECT_EQ(sampleManager().asked, 2);
 }
 
 TEST_F(KorRealloc, TriesOnceMoreBehindARefusalAndThenDropsTheManager) {
@@ -188,7 +155,7 @@ TEST_F(KorRealloc, TriesOnceMoreBehindARefusalAndThenDropsTheManager) {
     scarcity.greatestResize = elementsOf(50);
     EXPECT_EQ(grow(50, 100), 50);
     EXPECT_EQ(scarcity.resizes, (Sizes{100, 75, 62, 56, 56, 53, 51, 50}));
-    EXPECT_EQ(manager().asked, 1);
+    EXPECT_EQ(sampleManager().asked, 1);
 }
 
 TEST_F(KorRealloc, WithoutSlackGoesThroughATemporaryFile) {
@@ -196,7 +163,7 @@ TEST_F(KorRealloc, WithoutSlackGoesThroughATemporaryFile) {
     scarcity.greatestResize = 0;
     EXPECT_EQ(grow(5000), 5000);
     EXPECT_EQ(scarcity.resizes, Sizes{5000});
-    EXPECT_EQ(manager().asked, 0);
+    EXPECT_EQ(sampleManager().asked, 0);
     EXPECT_TRUE(directory.isEmpty());
 }
 
@@ -204,9 +171,9 @@ TEST_F(KorRealloc, ReclaimsForTheBlockBehindTheFile) {
     fill(10);
     scarcity.greatestResize = 0;
     scarcity.greatestNew = 0;
-    manager().left = 3;
+    sampleManager().left = 3;
     EXPECT_EQ(grow(50), 50);
-    EXPECT_EQ(manager().asked, 3);
+    EXPECT_EQ(sampleManager().asked, 3);
 }
 
 TEST_F(KorRealloc, GoesOnAfterAContradictoryWish) {
@@ -234,10 +201,10 @@ TEST_F(KorRealloc, NeverAsksForWhatASignedSizeCannotName) {
 
 TEST_F(KorRealloc, MallocRetriesForAsLongAsMemoryComesBack) {
     scarcity.greatestNew = 0;
-    manager().left = 2;
+    sampleManager().left = 2;
     EXPECT_EQ(korMalloc(&block, elementSize, 8), 8);
     EXPECT_NE(block, nullptr);
-    EXPECT_EQ(manager().asked, 2);
+    EXPECT_EQ(sampleManager().asked, 2);
 }
 
 TEST_F(KorRealloc, EndsTheProcessWhenNothingHelps) {
