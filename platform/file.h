@@ -78,6 +78,10 @@ std::FILE* openStream(const char16_t* path, const char16_t* mode);
 std::FILE* openStream(const char* path, const char* mode);
 std::FILE* reopenStream(const char16_t* path, const char16_t* mode, std::FILE* stream);
 std::FILE* streamOf(Descriptor file, const char* mode);
+/// Positions of 64 bits; `origin` as of `seek`. A stream that can't be moved, such as a pipe, has
+/// none.
+bool seekStream(std::FILE* stream, std::int64_t offset, std::int32_t origin);
+std::int64_t tellStream(std::FILE* stream);
 
 /// Mode 0: exists, 2: may be written, 4: may be read, 6: both. 0 for yes, -1 for no.
 std::int32_t access(const char16_t* path, std::int32_t mode);

@@ -85,4 +85,10 @@ std::FILE* streamOf(Descriptor file, const char* mode) {
     return stream;
 }
 
+bool seekStream(std::FILE* stream, std::int64_t offset, std::int32_t origin) {
+    return ::fseeko(stream, offset, origin) == 0;
+}
+
+std::int64_t tellStream(std::FILE* stream) { return ::ftello(stream); }
+
 } // namespace platform

@@ -74,4 +74,10 @@ std::FILE* reopenStream(const char16_t* path, const char16_t* mode, std::FILE* s
 
 std::FILE* streamOf(Descriptor file, const char* mode) { return ::_fdopen(file, mode); }
 
+bool seekStream(std::FILE* stream, std::int64_t offset, std::int32_t origin) {
+    return ::_fseeki64(stream, offset, origin) == 0;
+}
+
+std::int64_t tellStream(std::FILE* stream) { return ::_ftelli64(stream); }
+
 } // namespace platform

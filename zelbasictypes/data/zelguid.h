@@ -5,6 +5,8 @@
 #include <compare>
 #include <cstdint>
 
+class BinInput;
+class BinOutput;
 class KorCString;
 
 /// A plain value; all zero is nil. Its two texts are the brace form
@@ -25,6 +27,11 @@ public:
     /// Keeps the fields in front of the first that is missing or bad, the others are 0. What lies
     /// behind the first 150 characters is not read.
     void fromList(const KorCString& text);
+
+    /// 16 bytes, the fields in turn with their most significant byte first.
+    bool write(BinOutput& stream) const;
+    /// False, and unchanged, when the bytes don't all arrive.
+    bool read(BinInput& stream);
 
     /// By the fields in turn, as unsigned numbers.
     auto operator<=>(const ZelGuid&) const = default;

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: Apache-2.0
+// Streams on memory.
+#include "zelbasictypes/data/binmemory.h"
+
+#include <algorithm>
+
+namespace {
+
+/// What an empty source points at, so that it counts as open.
+constexpr std::uint8_t nothing[1] = {};
+
+} // namespace
+
+BinInputMemory::BinInputMemory(const void* bytes, std::uint64_t count)
+    : bytes_(count > 0 ? static_cast<const std::uint8_t*>(bytes) : nothing) {
+    size_ = count;
+    held_ = bytes_;
+    heldEnd_ = bytes_ + count;
+}
+
+std::uint64_t BinInputMemory::readRaw(void* buffer, std::uint64_t count) {
+    return takeHeld(buffer, count);
+}
+
+std::int64_t BinInputMemory::tell() const { return bytes_ ? held_ - bytes_ + beyond_ : 0; }
+
+bool BinInputMemory::seek(std::int64_t offset, bool fromStart) {
+    if (!bytes_) return false;
+    const auto length = static_cast<std::int64_t>(size_);
+    const std::int64_t target = fromStart ? offset : length + offset;
+    if (target < 0) return true;
+    beyond_ = std::max<std::int64_t>(target - length, 0);
+    held_ = bytes_ + (target - beyond_);
+    return true;
+}
+
+bool BinInputMemory::close() {
+    bytes_ = held_ = heldEnd_ = nullptr;
+    return true;
+}
+
+std::uint64_t BinOutputMemory::writeRaw(const void* buffer, std::uint64_t count) {
+    if (!open_) return 0;
+    if (bytes_.size() < at_ + count) bytes_.resize(at_ + count);
+    if (count > 0) std::memcpy(bytes_.data() + at_, buffer, count);
+    at_ += count;
+    return count;
+}
+
+std::uint64_t BinOutputMemory::readRaw(void* buffer, std::uint64_t count) {
+    if (!open_ || at_ >= bytes_.size()) return 0;
+    const std::uint64_t got = std::min<std::uint64_t>(count, bytes_.size() - at_);
+    std::memcpy(buffer, bytes_.data() + at_, got);
+    at_ += got;
+    return got;
+}
+
+bool BinOutputMemory::seekRaw(std::int64_t offset, bool fromStart) {
+    if (!open_) return false;
+    const std::int64_t target =
+        fromStart ? offset : static_cast<std::int64_t>(bytes_.size()) + offset;
+    if (target >= 0) at_ = static_cast<std::uint64_t>(target);
+    return true;
+}
+
+bool BinOutputMemory::closeRaw() {
+    open_ = false;
+    return true;
+}

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: Apache-2.0
+// Typed numbers into a FILE.
+#include "zelbasictypes/data/binoutputfile.h"
+
+#include "platform/file.h"
+#include "zelbasictypes/files/fileoperations.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr std::uint64_t blockBytes = 0x10000;
+
+} // namespace
+
+BinOutputFile::BinOutputFile(const KorString& path) : file_(zelOpenFile(path, "w+bc")) {
+    if (file_) block_ = std::make_unique_for_overwrite<std::uint8_t[]>(blockBytes);
+}
+
+BinOutputFile::~BinOutputFile() { BinOutputFile::closeRaw(); }
+
+bool BinOutputFile::flushDevice() {
+    if (!file_) return false;
+    const bool flushed = flushBuffer();
+    const bool settled = settle();
+    return std::fflush(file_) == 0 && flushed && settled;
+}
+
+std::uint64_t BinOutputFile::writeRaw(const void* buffer, std::uint64_t count) {
+    if (!file_) return 0;
+    if (!block_) return std::fwrite(buffer, 1, count, file_);
+    if (count > blockBytes - cursor_ && !settle()) return 0;
+    if (count > blockBytes) {
+        const std::uint64_t written = std::fwrite(buffer, 1, count, file_);
+        start_ += static_cast<std::int64_t>(written);
+        return written;
+    }
+    std::memcpy(block_.get() + cursor_, buffer, count);
+    cursor_ += count;
+    filled_ = std::max(filled_, cursor_);
+    return count;
+}
+
+/// The FILE is moved before and behind, as the runtime library wants it between writing and
+/// reading.
+std::uint64_t BinOutputFile::readRaw(void* buffer, std::uint64_t count) {
+    if (!file_) return 0;
+    settle();
+    platform::seekStream(file_, 0, SEEK_CUR);
+    const std::uint64_t got = std::fread(buffer, 1, count, file_);
+    platform::seekStream(file_, 0, SEEK_CUR);
+    start_ += static_cast<std::int64_t>(got);
+    return got;
+}
+
+std::int64_t BinOutputFile::tellRaw() const {
+    if (!file_) return 0;
+    return block_ ? start_ + static_cast<std::int64_t>(cursor_) : platform::tellStream(file_);
+}
+
+bool BinOutputFile::seekRaw(std::int64_t offset, bool fromStart) {
+    if (!file_) return false;
+    const auto filledEnd = start_ + static_cast<std::int64_t>(filled_);
+    if (block_ && fromStart && offset >= start_ && offset <= filledEnd) {
+        cursor_ = static_cast<std::uint64_t>(offset - start_);
+        return true;
+    }
+    settle();
+    platform::seekStream(file_, offset, fromStart ? SEEK_SET : SEEK_END);
+    if (block_) start_ = platform::tellStream(file_);
+    return true;
+}
+
+bool BinOutputFile::good() const { return file_ && !std::ferror(file_); }
+
+bool BinOutputFile::closeRaw() {
+    if (!file_) return true;
+    const bool settled = settle();
+    block_.reset();
+    return std::fclose(std::exchange(file_, nullptr)) == 0 && settled;
+}
+
+/// Writes what was gathered and leaves the FILE where the stream is; what can't be written is lost.
+bool BinOutputFile::settle() {
+    if (!block_ || filled_ == 0) return true;
+    const std::uint64_t written = std::fwrite(block_.get(), 1, filled_, file_);
+    start_ += static_cast<std::int64_t>(cursor_);
+    if (cursor_ != filled_) platform::seekStream(file_, start_, SEEK_SET);
+    const bool whole = written == filled_;
+    filled_ = cursor_ = 0;
+    return whole;
+}
+
+void BinOutputFile::stopGathering() {
+    if (file_) settle();
+    block_.reset();
+}
+
+std::FILE* BinOutputFile::file() {
+    stopGathering();
+    return file_;
+}
+
+void BinOutputFile::setFile(std::FILE* file) {
+    stopGathering();
+    file_ = file;
+}
