@@ -52,12 +52,14 @@ install_packages() {
       apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# build PRESET [TARGET...]: configures and builds, quietly unless something goes wrong.
+# build PRESET [TARGET...]: configures, with the words of configure_options on top of the preset, and
+# builds, quietly unless something goes wrong.
+configure_options=()
 build() {
   local preset=$1 log status=0
   shift
   log=$(mktemp)
-  { cmake --preset "$preset" && cmake --build --preset "$preset" ${1:+--target "$@"}; } \
+  { cmake --preset "$preset" "${configure_options[@]}" && cmake --build --preset "$preset" ${1:+--target "$@"}; } \
     >"$log" 2>&1 || status=$?
   [ $status = 0 ] || tail -n 60 "$log"
   rm -f "$log"
