@@ -12,9 +12,14 @@
 #include "platform/locale.h"
 #include "zelbasictypes/text/korstring.h"
 
+#include <QLoggingCategory>
+
 #include <algorithm>
 
 namespace {
+
+/// What a run has to say beyond dialogs, which are for decisions: the host may listen.
+Q_LOGGING_CATEGORY(runLog, "brix.run")
 
 constexpr int startLimitMs = 3000;
 constexpr int waitTurnMs = 500;
@@ -28,6 +33,16 @@ KorString outputBaseName(const std::list<KorString>& arguments) {
     auto found = std::find(arguments.begin(), arguments.end(), option);
     if (found == arguments.end() || ++found == arguments.end()) return {};
     return *found;
+}
+
+/// A crash shows nothing and ends no run, so that only the log tells it from a server that left
+/// nothing of its own will.
+void logServerEnd(const QProcess& server) {
+    if (server.exitStatus() == QProcess::CrashExit) {
+        qCWarning(runLog, "the server crashed");
+    } else if (server.exitCode() != 0) {
+        qCWarning(runLog, "the server ended with exit code %d", server.exitCode());
+    }
 }
 
 } // namespace
@@ -90,10 +105,12 @@ bool TessoraCADImporterClient::launch(const KorString& serverProgram,
 /// As long as the server lives. A wish to stop is noted at each turn and ends nothing: what ends a
 /// server is the host's affair.
 void TessoraCADImporterClient::waitForServer(IGuiBusyState* busy) {
+    if (!serverRuns()) return;
     while (serverRuns()) {
         serverProcess.waitForFinished(waitTurnMs);
         if (busy && busy->isCancelled()) setEscaped();
     }
+    logServerEnd(serverProcess);
 }
 
 bool TessoraCADImporterClient::collectResults(const KorString& baseName,

@@ -4,6 +4,7 @@
 
 #include "component/manageraccess.h"
 #include "host/modelling/modellingcomponent.h"
+#include "host/run/componentlog.h"
 #include "host/run/interrupts.h"
 #include "host/run/loadedmodule.h"
 #include "host/run/measuring.h"
@@ -47,6 +48,7 @@ private:
     bool callImport(ITessoraCADImporterClient& client);
     void takeResults(ITessoraCADImporterClient& client);
     void judge();
+    void noteServerEnd();
     std::list<KorString> optionList() const;
     bool wasStartRefused() const;
 
@@ -168,10 +170,12 @@ std::list<KorString> ImportRun::optionList() const {
 
 bool ImportRun::callImport(ITessoraCADImporterClient& client) {
     const RunWatch watch(services_.busyState, outcome_.name, surroundings_.messages);
+    const ComponentLog log;
     std::list<KorString> files;
     const bool result =
         client.importModel(toKorString(options_.environmentFile), toKorString(facts_.server),
                            optionList(), modelling_->importTarget(), nullptr, nullptr, files);
+    for (const std::string& line : log.lines()) facts_.serverEnd = line;
     for (const KorString& file : files) {
         outcome_.exportedFiles.push_back(
             toQString(file).replace(QLatin1Char('\\'), QLatin1Char('/')).toStdString());
@@ -194,6 +198,11 @@ void ImportRun::takeResults(ITessoraCADImporterClient& client) {
     outcome_.record = modelling_->record();
 }
 
+/// A model came all the same, but what the server had yet to say is unknown.
+void ImportRun::noteServerEnd() {
+    if (!facts_.serverEnd.empty()) outcome_.losses.push_back({"server", 0, facts_.serverEnd});
+}
+
 /// The notice bears the text that the translator gives this program too.
 bool ImportRun::wasStartRefused() const {
     const std::string notice = toUtf8(zelTranslate("The CAD Importer server could not be started"));
@@ -202,7 +211,7 @@ bool ImportRun::wasStartRefused() const {
 }
 
 void ImportRun::judge() {
-    if (outcome_.hasResults) return;
+    if (outcome_.hasResults) return noteServerEnd();
     const bool refused = wasStartRefused();
     if (refused && facts_.startProblem.isEmpty()) {
         facts_.startProblem = QStringLiteral("the system refuses to run it");

@@ -10,9 +10,9 @@ std::string withoutModelFile(const RunFacts& facts) {
     if (!facts.missingModel.isEmpty()) {
         return "there is no CAD file " + facts.missingModel.toStdString();
     }
-    return facts.serverReported
-               ? "the server came to its end without leaving a model file"
-               : "the server crashed or gave up: it left neither a model file nor a report";
+    return (facts.serverEnd.empty() ? "the server came to its end" : facts.serverEnd) +
+           (facts.serverReported ? " without leaving a model file"
+                                 : " and left neither a model file nor a report");
 }
 
 } // namespace

@@ -20,6 +20,7 @@ struct RunFacts {
     QString startProblem;        ///< why the server could not be started; empty when it could
     bool serverReported = false; ///< whether it left a report
     QString modelFile;           ///< BASE.direct
+    std::string serverEnd;       ///< what the component says of its end; empty when all was well
     bool importerMissing = false;
     /// The size of the model file when it was about to be read; none when it wasn't there.
     std::optional<std::int64_t> modelFileBytes;

@@ -91,12 +91,14 @@ TEST_F(ComponentTest, GivesAReasonForEachWayInWhichAServerLeavesNoModel) {
     garbage.write("no records at all");
     garbage.close();
     const std::pair<QStringList, const char*> cases[] = {
-        {{}, "the server crashed or gave up"},
-        {{"-FakeCrash"}, "the server crashed or gave up"},
+        {{}, "the server came to its end and left neither a model file nor a report"},
+        {{"-FakeCrash"}, "the server crashed and left neither a model file nor a report"},
+        {{"-FakeExit", "7"}, "the server ended with exit code 7 and left neither"},
         {{"-FakeCopy", garbage.fileName(), base + ".direct"},
          "the model file holds no model that can be read (17 bytes)"},
         {{"-FakeCopy", empty.fileName(), base + ".direct"}, "the model file is empty"},
-        {{"-FakeCopy", garbage.fileName(), base + ".report.json"}, "the server crashed or gave up"},
+        {{"-FakeCopy", garbage.fileName(), base + ".report.json"},
+         "the server came to its end and left neither"},
     };
     for (const auto& [deeds, reason] : cases) {
         const ImportResult result = run(serving(deeds));

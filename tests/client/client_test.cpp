@@ -12,6 +12,7 @@
 #include "component/objects/services/iguisimpledlg.h"
 #include "component/objects/services/imacromgr.h"
 #include "host/modelling/modellingcomponent.h"
+#include "tests/cadimport/samplemessages.h"
 #include "tests/support/fakemanager.h"
 #include "zelbasictypes/sets/bitvector.h"
 
@@ -23,6 +24,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <sstream>
 
 using testsupport::FakeManager;
 
@@ -73,7 +75,7 @@ public:
 /// Offers the reference host's modelling component through the fake manager.
 class ImportTest : public testing::Test {
 protected:
-    ImportTest() : modelling(host::rootManager()) {
+    ImportTest() : modelling(host::rootManager(), &trace) {
         manager.offerClass("IZelCADImporter", [] {
             void* made = nullptr;
             host::rootManager().createInstance(host::importerClassId,
@@ -145,6 +147,7 @@ protected:
     }
 
     FakeManager manager;
+    std::ostringstream trace;
     host::ModellingComponent modelling;
     QTemporaryDir directory;
     IPtr<TessoraCADImporterClient> client;
@@ -304,6 +307,55 @@ TEST_F(ImportTest, KeepsCoordinateSystemsWhenTheNextModelFileIsMissing) {
     ASSERT_EQ(masks.size(), 1u);
     delete masks.front();
     modelling.takeCoordinateSystems(features);
+}
+
+namespace {
+
+/// Model files of one message of each kind, and the calls that a run makes of them.
+class CutTest : public ImportTest {
+protected:
+    CutTest() {
+        bytes = sample::record(newModel());
+        ends.push_back(bytes.size());
+        sample::Random random(5);
+        for (const auto& message : sample::oneOfEach(random, 2)) {
+            bytes += sample::record(*message);
+            ends.push_back(bytes.size());
+        }
+    }
+
+    /// The calls without the ordinals of their objects, which go on from run to run.
+    std::string callsOf(const QByteArray& file) {
+        write("part.direct", file);
+        trace.str({});
+        readOnly();
+        EXPECT_FALSE(exists("part.direct"));
+        std::string calls;
+        bool inOrdinal = false;
+        for (const char c : trace.str()) {
+            inOrdinal = c == '#' || (inOrdinal && c >= '0' && c <= '9');
+            if (!inOrdinal) calls += c;
+        }
+        return calls;
+    }
+
+    QByteArray bytes;
+    std::vector<qsizetype> ends; ///< of the records
+};
+
+} // namespace
+
+TEST_F(CutTest, MakesTheCallsOfWholeRecordsWhereverTheFileIsCut) {
+    qsizetype start = 0;
+    for (const qsizetype end : ends) {
+        const std::string whole = callsOf(bytes.left(start));
+        for (qsizetype cut = start + 1; cut < end; ++cut) {
+            const std::string calls = callsOf(bytes.left(cut));
+            ASSERT_EQ(calls.substr(0, whole.size()), whole) << "cut at " << cut;
+        }
+        start = end;
+    }
+    EXPECT_GT(callsOf(bytes).size(), 1000u);
 }
 
 TEST_F(ImportTest, LeavesTheModelFileWhereNoImporterCouldTakeIt) {

@@ -103,12 +103,15 @@ TEST(Reason, NamesTheMostTellingFact) {
     facts.server = "serve";
     facts.modelFile = "b.direct";
     EXPECT_EQ(reasonForNothing(facts),
-              "the server crashed or gave up: it left neither a model file nor a report");
+              "the server came to its end and left neither a model file nor a report");
+    facts.serverEnd = "the server crashed";
+    EXPECT_EQ(reasonForNothing(facts),
+              "the server crashed and left neither a model file nor a report");
     facts.missingModel = "p.step";
     EXPECT_EQ(reasonForNothing(facts), "there is no CAD file p.step");
     facts.serverReported = true;
     facts.missingModel.clear();
-    EXPECT_EQ(reasonForNothing(facts), "the server came to its end without leaving a model file");
+    EXPECT_EQ(reasonForNothing(facts), "the server crashed without leaving a model file");
     facts.modelFileBytes = 0;
     EXPECT_EQ(reasonForNothing(facts), "the model file is empty");
     facts.modelFileBytes = 70;
