@@ -10,9 +10,8 @@
 namespace host {
 namespace {
 
-std::uint32_t inUnits(std::uint64_t bytes, std::uint32_t unit) {
-    const std::uint64_t units = bytes / std::max(unit, 1u);
-    return static_cast<std::uint32_t>(std::min<std::uint64_t>(units, UINT32_MAX));
+std::uint64_t inUnits(std::uint64_t bytes, std::uint32_t unit) {
+    return bytes / std::max(unit, 1u);
 }
 
 std::uint64_t difference(std::uint64_t whole, std::uint64_t part) {
@@ -26,8 +25,8 @@ void MemoryChecker::qi(const char* name, void** result, std::int32_t) {
 }
 
 /// The page file counts physical memory in, which is not swap space.
-std::int32_t MemoryChecker::status(std::uint32_t* free, std::uint32_t* total,
-                                   std::uint32_t* swapFree, std::uint32_t* swapTotal,
+std::int32_t MemoryChecker::status(std::uint64_t* free, std::uint64_t* total,
+                                   std::uint64_t* swapFree, std::uint64_t* swapTotal,
                                    std::uint32_t unit) {
     platform::MemoryStatus now;
     if (!platform::memoryStatus(now)) return -1;
@@ -38,7 +37,7 @@ std::int32_t MemoryChecker::status(std::uint32_t* free, std::uint32_t* total,
     return 0;
 }
 
-std::uint32_t MemoryChecker::used(std::uint32_t unit) {
+std::uint64_t MemoryChecker::used(std::uint32_t unit) {
     platform::WorkingSet set;
     return platform::workingSet(set) ? inUnits(set.current, unit) : 0;
 }

@@ -14,9 +14,9 @@ public:
     void qi(const char* name, void** result, std::int32_t reserved = 0) override;
     const char* className() override { return "MemoryChecker"; }
     bool isActive() override { return active_; }
-    std::int32_t status(std::uint32_t* free, std::uint32_t* total, std::uint32_t* swapFree,
-                        std::uint32_t* swapTotal, std::uint32_t unit) override;
-    std::uint32_t used(std::uint32_t unit) override;
+    std::int32_t status(std::uint64_t* free, std::uint64_t* total, std::uint64_t* swapFree,
+                        std::uint64_t* swapTotal, std::uint32_t unit) override;
+    std::uint64_t used(std::uint32_t unit) override;
 
 private:
     bool active_;

@@ -2,25 +2,30 @@
 // Allocation on a heap that refuses: the order of the tries, the temporary file, the end.
 #include "zelbasictypes/memory/korrealloc.h"
 
-#include "component/objects/queryinterface.h"
-#include "component/objects/services/idatastore.h"
 #include "tests/zelbasictypes/fakehost.h"
 #include "tests/zelbasictypes/samplemanager.h"
+#include "tests/zelbasictypes/samplestore.h"
 #include "tests/zelbasictypes/temporarydirectory.h"
 #include "zelbasictypes/diagnostics/zelassert.h"
+#include "zelbasictypes/memory/bucketmemorypool.h"
 #include "zelbasictypes/memory/heapseam.h"
 #include "zelbasictypes/text/korstring.h"
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <cstdlib>
+#include <filesystem>
 #include <limits>
+#include <sstream>
 #include <string>
+#include <sys/resource.h>
 #include <vector>
 
 namespace {
 
 constexpr std::int32_t elementSize = 4;
+const testing::ExitedWithCode outOfMemory(255);
 
 /// What the heap refuses, and the sizes that were asked for, in elements.
 struct Scarcity {
@@ -38,40 +43,22 @@ void* scarceReallocate(void* block, std::size_t bytes) {
     return bytes > scarcity.greatestResize ? nullptr : std::realloc(block, bytes);
 }
 
-/// Names the directory of temporary files.
-class Store : public IDataStore {
-public:
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IDataStore>(this, className(), name, result);
-    }
-    const char* className() override { return "Store"; }
-    std::int32_t getBool(const char*, std::int32_t fallback) override { return fallback; }
-    double getDouble(const char*, double fallback) override { return fallback; }
-    const KorString* getString(const char* key, const KorString* fallback) override {
-        return std::string(key) == "Directories/Temp Directory" ? &temporary : fallback;
-    }
-    void subscribe(const char*, IZelDataReceiver*) override {}
-
-    KorString temporary;
-};
-
 class KorRealloc : public testing::Test {
 protected:
     KorRealloc() {
         scarcity = {};
         sampleManager().reset();
         sampleManager().onLast = [] { scarcity.greatestResize = scarcity.greatestNew = SIZE_MAX; };
-        store.addRef();
-        store.temporary = directory.path();
+        store->texts["Directories/Temp Directory"] = directory.path();
+        store->texts["Directories/Logs Directory"] = directory.path();
         fakehost::offer<IZelMManager>(&sampleManager());
-        fakehost::offer<IDataStore>(&store);
+        fakehost::offer<IDataStore>(store.iface);
         zelSetHeap({scarceAllocate, scarceReallocate, nullptr, nullptr});
     }
     ~KorRealloc() override {
         zelSetHeap({});
         zelFreeBlock(block);
         fakehost::withdrawAll();
-        store.releaseNoDelete();
     }
 
     void fill(std::int32_t count) {
@@ -87,10 +74,22 @@ protected:
         }
         return count;
     }
+    /// Ends with the status of a lack of memory, having told and logged what was asked for.
+    template <class Test> void expectEnd(Test test, long long bytes) {
+        EXPECT_EXIT(test(), outOfMemory, "run out of memory");
+        std::istringstream log(directory.read("memory.log"));
+        std::string label;
+        long long attempted = 0;
+        log >> label >> attempted;
+        EXPECT_EQ(label, "attempted:");
+        EXPECT_EQ(attempted, bytes);
+        std::filesystem::remove(directory.root / "memory.log");
+        EXPECT_TRUE(directory.isEmpty()) << "the temporary file is left behind";
+    }
     static std::size_t elementsOf(std::size_t count) { return count * elementSize; }
 
     TemporaryDirectory directory;
-    Store store;
+    const IPtr<SampleStore> store{new SampleStore};
     void* block = nullptr;
     std::int32_t filled = 0;
 };
@@ -207,26 +206,57 @@ TEST_F(KorRealloc, MallocRetriesForAsLongAsMemoryComesBack) {
     EXPECT_EQ(sampleManager().asked, 2);
 }
 
-TEST_F(KorRealloc, EndsTheProcessWhenNothingHelps) {
-    const testing::ExitedWithCode failure(255);
-    const KorString unusable = KorString::borrow(u"\\no\\such\\directory");
+TEST_F(KorRealloc, EndsTheProcessWhenThereIsNoMemory) {
     fill(10);
     scarcity.greatestResize = scarcity.greatestNew = 0;
     void* other = nullptr;
-    EXPECT_EXIT(korMalloc(&other, elementSize, 8), failure, "run out of memory");
-    EXPECT_EXIT(
-        {
-            scarcity.greatestNew = elementsOf(2000); // enough for names, too little for the block
-            grow(5000);
+    EXPECT_EXIT(korMalloc(&other, elementSize, 8), outOfMemory, "run out of memory");
+    // Enough for names and for the log, too little for the block behind the file.
+    scarcity.greatestNew = elementsOf(2000);
+    expectEnd([this] { grow(5000); }, 20000);
+    expectEnd([this] { korMalloc(&block, 4, std::numeric_limits<std::int32_t>::max()); },
+              4LL * std::numeric_limits<std::int32_t>::max());
+    scarcity.greatestNew = elementsOf(50000);
+    unsigned got = 0;
+    expectEnd([&] { bucketAlloc(300000, got); }, 300008);
+}
+
+TEST_F(KorRealloc, EndsTheProcessWhenTheTemporaryFileFails) {
+    fill(5000);
+    scarcity.greatestResize = 0;
+    expectEnd(
+        [this] {
+            store->texts["Directories/Temp Directory"] =
+                KorString::borrow(u"\\no\\such\\directory");
+            grow(6000);
         },
-        failure, "run out of memory");
-    EXPECT_EXIT(
-        {
-            scarcity.greatestNew = SIZE_MAX;
-            store.temporary = unusable;
-            grow(50);
+        24000);
+    expectEnd(
+        [this] {
+            const rlimit tooShort{4096, 4096};
+            ::setrlimit(RLIMIT_FSIZE, &tooShort);
+            std::signal(SIGXFSZ, SIG_IGN);
+            grow(7000);
         },
-        failure, "run out of memory");
+        28000);
+    static std::filesystem::path spilled;
+    spilled = directory.root;
+    expectEnd(
+        [this] {
+            // Somebody cuts the file while its block is away from the heap.
+            zelSetHeap({[](std::size_t bytes) {
+                            if (bytes == elementsOf(8000)) {
+                                for (const auto& entry :
+                                     std::filesystem::directory_iterator(spilled)) {
+                                    std::filesystem::resize_file(entry.path(), 100);
+                                }
+                            }
+                            return std::malloc(bytes);
+                        },
+                        scarceReallocate, nullptr, nullptr});
+            grow(8000);
+        },
+        32000);
 }
 
 TEST(ZelGrowCount, DoublesAsFarAsTheTopBitAllows) {

@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <deque>
 #include <functional>
@@ -24,6 +25,11 @@ bool elsewhere(const std::function<bool()>& ask) {
     bool answer = false;
     std::thread([&] { answer = ask(); }).join();
     return answer;
+}
+
+std::string uniqueName() {
+    return "brix-test-" +
+           std::to_string(std::chrono::steady_clock::now().time_since_epoch().count());
 }
 
 /// Threads that wait for a number to reach theirs.
@@ -129,8 +135,7 @@ TEST(ZelNamedMutex, DoesNothingUntilItIsOpen) {
 }
 
 TEST(ZelNamedMutex, IsOneMutexForAllThatOpenItsName) {
-    const std::string name =
-        "brix-test-" + std::to_string(std::chrono::steady_clock::now().time_since_epoch().count());
+    const std::string name = uniqueName();
     ZelNamedMutex maker;
     ASSERT_TRUE(maker.create(name.c_str()));
     EXPECT_FALSE(maker.create("brix-test-another"));
@@ -144,6 +149,20 @@ TEST(ZelNamedMutex, IsOneMutexForAllThatOpenItsName) {
     EXPECT_TRUE(second.close());
     EXPECT_TRUE(maker.close());
     EXPECT_TRUE(maker.isNull());
+}
+
+TEST(ZelNamedMutex, PassesOnWhenTheProcessThatHoldsItIsKilled) {
+    const std::string name = uniqueName();
+    ZelNamedMutex mutex;
+    ASSERT_TRUE(mutex.create(name.c_str()));
+    EXPECT_EXIT(
+        {
+            ZelNamedMutex other;
+            if (other.open(name.c_str()) && other.lock()) std::raise(SIGKILL);
+        },
+        testing::KilledBySignal(SIGKILL), "");
+    EXPECT_TRUE(mutex.lockFor(5));
+    EXPECT_TRUE(mutex.unlock());
 }
 
 TEST(ZelCondition, SignalWakesOneAndLeavesNothingBehind) {
@@ -174,6 +193,32 @@ TEST(ZelCondition, BroadcastWakesAllAndComesBack) {
     EXPECT_EQ(three.woken, 0);
     three.open(&ZelCondition::broadcast);
     EXPECT_TRUE(three.reach(3));
+}
+
+/// Were a waiter still to go when the broadcast comes back, the signal behind it would stay for the
+/// one who comes next.
+TEST(ZelCondition, BroadcastComesBackWhenAllHaveGone) {
+    for (int turn = 0; turn < 50; ++turn) {
+        Waiters three(3);
+        bool over = false;
+        int wakes = 0;
+        three.mutex.lock();
+        three.condition.broadcast();
+        three.condition.signal();
+        three.mutex.unlock();
+        std::thread comesNext([&] {
+            three.mutex.lock();
+            for (; !over; ++wakes) three.condition.wait(three.mutex);
+            three.mutex.unlock();
+        });
+        std::this_thread::sleep_for(2ms);
+        three.mutex.lock();
+        EXPECT_EQ(wakes, 0);
+        over = true;
+        three.mutex.unlock();
+        three.open(&ZelCondition::broadcast);
+        comesNext.join();
+    }
 }
 
 TEST(ZelCondition, SignalWakesOneOfMany) {

@@ -5,6 +5,7 @@
 #include "component/objects/services/izelasserthandlercb.h"
 #include "component/objects/sptr.h"
 #include "platform/environment.h"
+#include "zelbasictypes/memory/heapseam.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -31,7 +32,10 @@ void zelAssertFail(const char* expression, const char* file, std::int32_t line) 
         return;
     }
     const SPtr<IZelAssertHandlerCB> service;
-    if (!service) std::exit(noHandlerStatus);
+    if (!service) {
+        zelHeap().exitProcess(noHandlerStatus);
+        std::abort();
+    }
     service->onAssert(expression, file, line);
 }
 

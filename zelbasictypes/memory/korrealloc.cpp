@@ -77,7 +77,7 @@ private:
     bool tryLess(std::int32_t least);
     bool tryReclaiming(IZelMManager*& manager);
     void throughFile();
-    void fail(std::int32_t code) const;
+    [[noreturn]] void fail(std::int32_t code) const;
 
     void** block_;
     std::int32_t elementSize_;
@@ -131,7 +131,7 @@ void Growth::throughFile() {
     finish(block);
 }
 
-void Growth::fail(std::int32_t code) const { zelOutOfMemoryExit(code); }
+void Growth::fail(std::int32_t code) const { zelReportOutOfMemory(newBytes(), code); }
 
 std::int32_t shrink(void** block, std::int32_t elementSize, std::int32_t count) {
     if (count <= 0) {

@@ -11,8 +11,8 @@ public:
     /// Only an active checker is asked further.
     virtual bool isActive() = 0;
     /// Fills the four outputs, in units; -1 means failure.
-    virtual std::int32_t status(std::uint32_t* free, std::uint32_t* total, std::uint32_t* swapFree,
-                                std::uint32_t* swapTotal, std::uint32_t unit) = 0;
+    virtual std::int32_t status(std::uint64_t* free, std::uint64_t* total, std::uint64_t* swapFree,
+                                std::uint64_t* swapTotal, std::uint32_t unit) = 0;
     /// Memory of the process, in units.
-    virtual std::uint32_t used(std::uint32_t unit) = 0;
+    virtual std::uint64_t used(std::uint32_t unit) = 0;
 };

@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: Apache-2.0
+// The memory log, the message with and without each service, and the end of the process.
+#include "zelbasictypes/diagnostics/outofmemory.h"
+
+#include "component/objects/services/igfxrenderer.h"
+#include "component/objects/services/izelerrorservice.h"
+#include "tests/zelbasictypes/fakehost.h"
+#include "tests/zelbasictypes/samplemanager.h"
+#include "tests/zelbasictypes/samplestore.h"
+#include "tests/zelbasictypes/temporarydirectory.h"
+#include "zelbasictypes/diagnostics/memorylog.h"
+#include "zelbasictypes/diagnostics/systemmemory.h"
+#include "zelbasictypes/memory/heapseam.h"
+#include "zelbasictypes/text/korcstring.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <new>
+#include <string>
+
+namespace {
+
+constexpr const char* message = "While running this function, you have run out of memory.\n"
+                                "The application will close. After restarting, please read\n"
+                                "the online help about \"Memory Optimization\".";
+const testing::ExitedWithCode outOfMemory(255);
+
+bool smallMachine(platform::MemoryStatus& status) {
+    constexpr std::uint64_t k = 1024;
+    status = {4000 * k, 16000 * k, 9000 * k, 12345678 * k, 1 << 30, std::uint64_t{1} << 40, 0};
+    return true;
+}
+
+/// All that is told goes to standard error, where a dying process can still be heard.
+class ErrorService : public IZelErrorService {
+public:
+    void qi(const char* name, void** result, std::int32_t) override {
+        zelAnswerQuery<IZelErrorService>(this, className(), name, result);
+    }
+    const char* className() override { return "ErrorService"; }
+    void report(const KorString& text, const std::int32_t* kind,
+                const KorCString& source) override {
+        std::fprintf(stderr, "<%s %d %s>", source.c_str(), *kind, text.toNarrow());
+    }
+};
+
+class Renderer : public IGfxRenderer {
+public:
+    void qi(const char* name, void** result, std::int32_t) override {
+        zelAnswerQuery<IGfxRenderer>(this, className(), name, result);
+    }
+    const char* className() override { return "Renderer"; }
+    void suspend() override { std::fputs("[suspend]", stderr); }
+    void resume() override { std::fputs("[resume]", stderr); }
+};
+
+class OutOfMemory : public testing::Test {
+protected:
+    OutOfMemory() {
+        // The renderer and the chunk manager are kept once they are found: each case has a process
+        // of its own, or dies in one.
+        GTEST_FLAG_SET(death_test_style, "fast");
+        zelSetSystemMemory({smallMachine, nullptr});
+        store->texts["Directories/Logs Directory"] = directory.path();
+        store->texts["Directories/Temp Directory"] = directory.path();
+        fakehost::offer<IDataStore>(store.iface);
+    }
+    ~OutOfMemory() override {
+        zelSetSystemMemory({});
+        fakehost::withdrawAll();
+    }
+
+    void useErrorService() { store->numbers["Memory/UseErrorService"] = 1; }
+    /// What the user is told, by a process of its own.
+    template <class Test> void tells(const std::string& pattern, Test test) {
+        EXPECT_EXIT(
+            {
+                test();
+                std::exit(7);
+            },
+            testing::ExitedWithCode(7), pattern);
+    }
+    std::string log() const { return directory.read("memory.log"); }
+
+    TemporaryDirectory directory;
+    const IPtr<SampleStore> store{new SampleStore};
+    const IPtr<ErrorService> errors{new ErrorService};
+    const IPtr<Renderer> renderer{new Renderer};
+};
+
+} // namespace
+
+TEST_F(OutOfMemory, LogStandsInColumns) {
+    EXPECT_FALSE(directory.has("memory.log"));
+    zelWriteMemoryLog(1048576);
+    EXPECT_EQ(log(), "attempted:        1048576b\n"
+                     "\n"
+                     "system free:         4000k\n"
+                     "system total:       16000k\n"
+                     "swap free:           9000k\n"
+                     "swap total:       12345678k\n"
+                     "\n"
+                     "zelmm not available\n"
+                     "\n");
+}
+
+TEST_F(OutOfMemory, LogHoldsTheLastFailureOnlyAndAManagersFiguresInKilobytes) {
+    zelWriteMemoryLog(5);
+    EXPECT_EXIT(
+        {
+            fakehost::offer<IZelMManager>(&sampleManager());
+            zelWriteMemoryLog(0);
+            std::exit(7);
+        },
+        testing::ExitedWithCode(7), "");
+    EXPECT_EQ(log(), "system free:         4000k\n"
+                     "system total:       16000k\n"
+                     "swap free:           9000k\n"
+                     "swap total:       12345678k\n"
+                     "\n"
+                     "zelmm core now:      2400k\n"
+                     "zelmm core limit:  960000k\n"
+                     "zelmm swap now:        48k\n"
+                     "zelmm swap limit:      72k\n"
+                     "\n");
+}
+
+TEST_F(OutOfMemory, LogNeedsAStoreAndAFileThatOpens) {
+    fakehost::withdrawAll();
+    zelWriteMemoryLog(1);
+    fakehost::offer<IDataStore>(store.iface);
+    store->texts["Directories/Logs Directory"] = KorString::borrow(u"\\no\\such\\directory");
+    zelWriteMemoryLog(1);
+    EXPECT_TRUE(directory.isEmpty());
+}
+
+TEST_F(OutOfMemory, MessageIsABoxUnlessTheSettingNamesTheErrorService) {
+    fakehost::offer<IZelErrorService>(errors.iface);
+    const std::string box = std::string("^Out of Memory: ") + message + "\n$";
+    const std::string report = std::string("^<realloc 1 ") + message + ">$";
+    tells(box, [] { EXPECT_FALSE(zelOutOfMemory(-4)); });
+    tells(box, [] { EXPECT_FALSE(zelOutOfMemory(-1)); });
+    tells("^$", [] { EXPECT_FALSE(zelOutOfMemory(0)); });
+    tells("^$", [] { EXPECT_FALSE(zelOutOfMemory(-6)); });
+    useErrorService();
+    tells(report, [] { EXPECT_FALSE(zelOutOfMemory(-5)); });
+    tells("^$", [] { EXPECT_FALSE(zelOutOfMemory(-6)); });
+    tells("^$", [] {
+        fakehost::offer("IZelErrorService", nullptr);
+        EXPECT_FALSE(zelOutOfMemory(-4));
+    });
+    tells(box, [] {
+        fakehost::withdrawAll(); // the store too
+        EXPECT_FALSE(zelOutOfMemory(-4));
+    });
+}
+
+TEST_F(OutOfMemory, RendererRestsWhileTheMessageIsUp) {
+    tells("^\\[suspend\\]Out of Memory: .*\n.*\n.*\n\\[resume\\]$", [this] {
+        fakehost::offer<IGfxRenderer>(renderer.iface);
+        zelOutOfMemory(-3);
+    });
+    useErrorService();
+    tells("^$", [this] {
+        fakehost::offer<IGfxRenderer>(renderer.iface);
+        zelOutOfMemory(-4); // without error service
+    });
+    tells("^\\[suspend\\]<realloc.*\n.*\n.*>\\[resume\\]\\[suspend\\]", [this] {
+        fakehost::offer<IGfxRenderer>(renderer.iface);
+        fakehost::offer<IZelErrorService>(errors.iface);
+        zelOutOfMemory(-2);
+        fakehost::offer("IGfxRenderer", nullptr); // it was looked up once
+        zelOutOfMemory(-2);
+    });
+}
+
+TEST_F(OutOfMemory, EndsTheProcessBehindLogAndMessage) {
+    EXPECT_EXIT(zelReportOutOfMemory(64), outOfMemory, "Out of Memory");
+    EXPECT_EQ(log().substr(0, 27), "attempted:             64b\n");
+    useErrorService();
+    EXPECT_EXIT(zelReportOutOfMemory(65), outOfMemory, "^$");
+    EXPECT_EQ(log().substr(0, 27), "attempted:             65b\n");
+    EXPECT_EXIT(zelOutOfMemoryExit(-4), outOfMemory, "^$");
+}
+
+TEST_F(OutOfMemory, EndsTheProcessAlsoWhenTheWayOutHasNoMemory) {
+    EXPECT_EXIT(
+        {
+            zelSetHeap({[](std::size_t) -> void* { return nullptr; },
+                        [](void*, std::size_t) -> void* { return nullptr; }, nullptr, nullptr});
+            zelReportOutOfMemory(64);
+        },
+        outOfMemory, "run out of memory");
+}
+
+TEST_F(OutOfMemory, TheEndGoesThroughTheSeam) {
+    struct Ended {
+        int status;
+    };
+    zelSetHeap({nullptr, nullptr, nullptr, [](int status) { throw Ended{status}; }});
+    for (int times = 0; times < 2; ++times) {
+        try {
+            zelReportOutOfMemory(8);
+        } catch (const Ended& end) {
+            EXPECT_EQ(end.status, -1);
+        }
+        EXPECT_TRUE(directory.has("memory.log"));
+        std::filesystem::remove(directory.root / "memory.log");
+    }
+    zelSetHeap({});
+}
