@@ -1,26 +1,30 @@
 // SPDX-License-Identifier: Apache-2.0
-// The dense layout of the bit vector: all words in one block.
+// The bit vector's storage in its two layouts, and the passage between them.
 #include "zelbasictypes/sets/bitvector.h"
 
+#include "zelbasictypes/data/binio_magic.h"
+#include "zelbasictypes/diagnostics/zelassert.h"
 #include "zelbasictypes/memory/korrealloc.h"
+#include "zelbasictypes/memory/memorymanager.h"
+#include "zelbasictypes/sets/bitvectorruns.h"
+#include "zelbasictypes/sets/wordkernels.h"
 
 #include <algorithm>
-#include <bit>
-#include <cstring>
 #include <limits>
 #include <utility>
 
+using namespace zelsets;
+
 namespace {
 
-constexpr std::int32_t wordBits = 32;
-constexpr std::int32_t unknownCount = -1;
-/// Below this size a growing vector doubles its room only up to `speculativeWords`.
-constexpr std::int32_t smallWords = 4097;
+// All in words.
+constexpr std::int32_t largeFromStart = 4096;
+constexpr std::int32_t largeFromGrowth = 4097;
+constexpr std::int32_t denseBelow = 1536;
+/// How far ahead a vector grows while it can't become large.
 constexpr std::int32_t speculativeWords = 6144;
 
 std::int32_t wordsFor(std::int32_t maxBit) { return (std::max(maxBit, 0) >> 5) + 1; }
-
-std::uint32_t maskOf(std::int32_t bit) { return std::uint32_t{1} << (bit & 31); }
 
 /// The words of a room that begins at `from` bits and doubles until it is above `target`.
 std::int32_t doubledWords(std::int32_t from, std::int32_t target) {
@@ -30,21 +34,28 @@ std::int32_t doubledWords(std::int32_t from, std::int32_t target) {
         std::min<std::int64_t>(maxBit, std::numeric_limits<std::int32_t>::max())));
 }
 
-std::uint32_t* zeroWords(std::int32_t count) {
+std::uint32_t* newWords(std::int32_t count) {
     void* block = nullptr;
     korMalloc(&block, sizeof(std::uint32_t), count);
-    std::memset(block, 0, sizeof(std::uint32_t) * static_cast<std::size_t>(count));
     return static_cast<std::uint32_t*>(block);
+}
+
+std::uint32_t* zeroWords(std::int32_t count) {
+    std::uint32_t* words = newWords(count);
+    std::fill_n(words, count, 0U);
+    return words;
 }
 
 } // namespace
 
 BitVector::BitVector(std::int32_t maxBit)
-    : bvwords_(zeroWords(wordsFor(maxBit))), maxBit_(wordsFor(maxBit) * wordBits - 1) {}
+    : magic_(new BinIO_Magic(static_cast<std::int32_t>(streamMagic))) {
+    makeStorage(wordsFor(maxBit));
+}
 
-BitVector::BitVector(const BitVector& other) : ZelShared(other), maxBit_(other.maxBit_) {
-    bvwords_ = zeroWords(wordCount());
-    copyWords(other);
+BitVector::BitVector(const BitVector& other)
+    : ZelShared(other), magic_(new BinIO_Magic(*other.magic_)) {
+    copyStorage(other);
 }
 
 BitVector::BitVector(BitVector&& other) noexcept
@@ -53,59 +64,76 @@ BitVector::BitVector(BitVector&& other) noexcept
       magic_(std::exchange(other.magic_, nullptr)), maxBit_(other.maxBit_), numSet_(other.numSet_) {
 }
 
+BitVector::~BitVector() {
+    freeStorage();
+    delete magic_;
+}
+
 BitVector& BitVector::operator=(const BitVector& other) {
     if (this == &other) return *this;
-    if (wordCount() < other.wordCount()) {
-        zelFreeBlock(bvwords_);
-        bvwords_ = zeroWords(other.wordCount());
-        maxBit_ = other.maxBit_;
+    if (bvwords_ && wordCount() >= other.wordCount()) {
+        copyWords(other, other.wordCount());
+        if (numSet_ != 0) clearWords(other.wordCount(), wordCount());
     } else {
-        std::fill(bvwords_ + other.wordCount(), bvwords_ + wordCount(), 0U);
+        freeStorage();
+        copyStorage(other);
     }
-    copyWords(other);
+    numSet_ = other.numSet_;
     return *this;
 }
 
-BitVector::~BitVector() { zelFreeBlock(bvwords_); }
-
-/// For a vector with at least the room of `other`.
-void BitVector::copyWords(const BitVector& other) {
-    std::copy(other.bvwords_, other.bvwords_ + other.wordCount(), bvwords_);
+void BitVector::copyBits(const BitVector& other) {
+    if (this == &other) return;
+    const std::int32_t words = other.highestWord() + 1;
+    if (words > wordCount()) growKeepingLayout(words);
+    copyWords(other, words);
+    clearWords(words, wordCount());
     numSet_ = other.numSet_;
 }
 
-bool BitVector::test(std::int32_t i) const {
-    return i <= maxBit_ && (bvwords_[i >> 5] & maskOf(i)) != 0;
+void BitVector::swap(BitVector& other) noexcept {
+    std::swap(bvwords_, other.bvwords_);
+    std::swap(bvwordsLarge_, other.bvwordsLarge_);
+    std::swap(maxBit_, other.maxBit_);
+    std::swap(numSet_, other.numSet_);
 }
 
-bool BitVector::set(std::int32_t i) {
-    if (i > maxBit_) resize(i);
-    std::uint32_t& word = bvwords_[i >> 5];
-    if (numSet_ != unknownCount && !(word & maskOf(i))) ++numSet_;
-    word |= maskOf(i);
-    return true;
+const BitVector& BitVector::sharedEmpty() {
+    static const BitVector empty(10);
+    return empty;
 }
 
-bool BitVector::clear(std::int32_t i) {
-    if (i > maxBit_) return true;
-    std::uint32_t& word = bvwords_[i >> 5];
-    if (numSet_ != unknownCount && (word & maskOf(i))) --numSet_;
-    word &= ~maskOf(i);
-    return true;
+bool BitVector::allChunksPresent() const {
+    return !bvwordsLarge_ || bvwordsLarge_->allChunksPresent();
 }
 
-std::int32_t BitVector::count() const { return numSet_ == unknownCount ? recount() : numSet_; }
-
-std::int32_t BitVector::recount() const {
-    numSet_ = 0;
-    for (std::int32_t w = 0; w < wordCount(); ++w) numSet_ += std::popcount(bvwords_[w]);
-    return numSet_;
+/// For a vector without storage.
+void BitVector::makeStorage(std::int32_t words) {
+    if (words >= largeFromStart && zelMemoryManager()) {
+        bvwordsLarge_ = new LargeWords(static_cast<std::uint32_t>(words));
+        words = static_cast<std::int32_t>(bvwordsLarge_->size());
+    } else {
+        bvwords_ = zeroWords(words);
+    }
+    maxBit_ = lastOf(words);
 }
 
-void BitVector::clearAll() {
-    if (numSet_ == 0) return;
-    std::fill(bvwords_, bvwords_ + wordCount(), 0U);
-    numSet_ = 0;
+void BitVector::freeStorage() {
+    zelFreeBlock(std::exchange(bvwords_, nullptr));
+    delete std::exchange(bvwordsLarge_, nullptr);
+}
+
+/// For a vector without storage: the other's layout, room, bits and count.
+void BitVector::copyStorage(const BitVector& other) {
+    if (other.bvwordsLarge_) {
+        bvwordsLarge_ = new LargeWords(other.bvwordsLarge_->size());
+        bvwordsLarge_->assign(*other.bvwordsLarge_, other.bvwordsLarge_->size());
+    } else {
+        bvwords_ = newWords(other.wordCount());
+        std::copy_n(other.bvwords_, other.wordCount(), bvwords_);
+    }
+    maxBit_ = other.maxBit_;
+    numSet_ = other.numSet_;
 }
 
 void BitVector::resize(std::int32_t maxBit) {
@@ -113,35 +141,98 @@ void BitVector::resize(std::int32_t maxBit) {
     const std::int32_t needed = wordsFor(target);
     if (needed == wordCount()) return;
     const bool growing = needed > wordCount();
-    std::int32_t wished = growing ? doubledWords(maxBit_, target) : needed;
-    if (needed < smallWords) wished = std::min(wished, speculativeWords);
+    const std::int32_t wished = growing ? doubledWords(maxBit_, target) : needed;
     if (!growing) numSet_ = unknownCount;
+    if (bvwordsLarge_ && !growing && needed < denseBelow) {
+        becomeDense(needed);
+    } else if (bvwordsLarge_) {
+        bvwordsLarge_->resize(static_cast<std::uint32_t>(wished), true);
+        maxBit_ = lastOf(static_cast<std::int32_t>(bvwordsLarge_->size()));
+    } else if (growing && needed >= largeFromGrowth && zelMemoryManager()) {
+        becomeLarge(wished);
+    } else {
+        resizeDense(needed, wished);
+    }
+}
+
+/// A vector that could have become large takes all the room that it wishes.
+void BitVector::resizeDense(std::int32_t needed, std::int32_t wished) {
+    if (needed < largeFromGrowth) wished = std::min(wished, speculativeWords);
     void* words = bvwords_;
     const std::int32_t got = korRealloc(&words, sizeof(std::uint32_t), wordCount(), needed, wished);
     bvwords_ = static_cast<std::uint32_t*>(words);
-    maxBit_ = static_cast<std::int32_t>(std::int64_t{got} * wordBits - 1);
+    maxBit_ = lastOf(got);
 }
 
-std::int32_t BitVector::nextSet(std::int32_t after) const {
-    const std::int32_t first = after + 1;
-    if (after >= maxBit_) return -1;
-    std::int32_t w = first >> 5;
-    std::uint32_t word = bvwords_[w] & (~std::uint32_t{0} << (first & 31));
-    while (word == 0) {
-        if (++w >= wordCount()) return -1;
-        word = bvwords_[w];
-    }
-    return w * wordBits + std::countr_zero(word);
+void BitVector::becomeLarge(std::int32_t words) {
+    ZEL_ASSERT(!bvwordsLarge_);
+    auto* large = new LargeWords(static_cast<std::uint32_t>(words));
+    for (std::int32_t w = 0; w < wordCount(); ++w)
+        large->set(static_cast<std::uint32_t>(w), bvwords_[w]);
+    zelFreeBlock(std::exchange(bvwords_, nullptr));
+    bvwordsLarge_ = large;
+    maxBit_ = lastOf(static_cast<std::int32_t>(large->size()));
 }
 
-bool BitVector::operator==(const BitVector& other) const {
-    if (this == &other) return true;
-    if (numSet_ != unknownCount && other.numSet_ != unknownCount && numSet_ != other.numSet_) {
-        return false;
+void BitVector::becomeDense(std::int32_t words) {
+    ZEL_ASSERT(!bvwords_);
+    std::uint32_t* dense = newWords(words);
+    for (std::int32_t w = 0; w < words; ++w)
+        dense[w] = bvwordsLarge_->at(static_cast<std::uint32_t>(w));
+    delete std::exchange(bvwordsLarge_, nullptr);
+    bvwords_ = dense;
+    maxBit_ = lastOf(words);
+}
+
+void BitVector::growKeepingLayout(std::int32_t words) {
+    if (bvwords_) return resizeDense(words, words);
+    bvwordsLarge_->resize(static_cast<std::uint32_t>(words), true);
+    maxBit_ = lastOf(static_cast<std::int32_t>(bvwordsLarge_->size()));
+}
+
+std::uint32_t* BitVector::makeWordsAt(std::int32_t w) {
+    if (bvwords_) return bvwords_ + w;
+    const auto place = static_cast<std::uint32_t>(w);
+    return bvwordsLarge_->chunkForWriting(BitVectorSplitter::chunkOf(place)) +
+           BitVectorSplitter::offsetOf(place);
+}
+
+bool BitVector::setFar(std::int32_t i) {
+    if (i < 0) return true;
+    if (i > maxBit_) resize(i);
+    setIn(*makeWordsAt(i >> 5), i);
+    return true;
+}
+
+bool BitVector::clearFar(std::int32_t i) {
+    if (std::uint32_t* word = wordsAt(i >> 5)) clearIn(*word, i);
+    return true;
+}
+
+/// The words below `end` become those of `other`; this vector has room for them.
+void BitVector::copyWords(const BitVector& other, std::int32_t end) {
+    for (std::int32_t w = 0, next; w < end; w = next) {
+        next = std::min({end, endOfRun(w), other.endOfRun(w)});
+        const std::uint32_t* from = other.wordsAt(w);
+        const bool isZero =
+            !from || (!wordsAt(w) && areZero(from, static_cast<std::size_t>(next - w)));
+        if (isZero) {
+            clearWords(w, next);
+        } else {
+            std::copy_n(from, next - w, makeWordsAt(w));
+        }
     }
-    const BitVector& longer = wordCount() < other.wordCount() ? other : *this;
-    const std::int32_t common = std::min(wordCount(), other.wordCount());
-    return std::equal(bvwords_, bvwords_ + common, other.bvwords_) &&
-           std::all_of(longer.bvwords_ + common, longer.bvwords_ + longer.wordCount(),
-                       [](std::uint32_t word) { return word == 0; });
+}
+
+void BitVector::clearWords(std::int32_t first, std::int32_t end) {
+    for (std::int32_t w = first, next; w < end; w = next) {
+        next = std::min(end, endOfRun(w));
+        if (std::uint32_t* words = wordsAt(w)) std::fill(words, words + (next - w), 0U);
+    }
+}
+
+/// The last word that isn't 0, or -1.
+std::int32_t BitVector::highestWord() const {
+    const std::int32_t bit = findDown(maxBit_, false, lastSet);
+    return bit < 0 ? -1 : bit >> 5;
 }

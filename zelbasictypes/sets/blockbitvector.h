@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: Apache-2.0
+// A set of small integers in blocks of 32768 bits, of which empty and full ones need no storage.
+//
+// Meant for large sets whose elements stand together: algebra passes over empty and full blocks
+// without touching a word. It stands in for a BitVector and the other way round: each can be made
+// from the other, the algebra takes both, and both have the same stream form. Indices are as there.
+//
+// A vector belongs to one thread at a time; `count` and `==` write its cache. Blocks come from a
+// free list of the whole process, which is safe on any thread.
+#pragma once
+
+#include "component/objects/zelshared.h"
+#include "zelbasictypes/sets/bitvector.h"
+
+class BlockBitVector : public ZelShared {
+public:
+    using IndexMap = BitVector::IndexMap;
+
+    static constexpr std::int32_t blockWords = 1024;
+    static constexpr std::int32_t blockBits = 32768;
+
+    /// Empty; the tables may be short of `maxBit` and grow when they are needed.
+    explicit BlockBitVector(std::int32_t maxBit = 0);
+    BlockBitVector(const BlockBitVector& other);
+    /// Leaves `other` empty.
+    BlockBitVector(BlockBitVector&& other) noexcept;
+    /// Every block gets storage; `compact` gives back what isn't needed.
+    explicit BlockBitVector(const BitVector& other);
+    BlockBitVector& operator=(const BlockBitVector& other);
+    BlockBitVector& operator=(const BitVector& other);
+    ~BlockBitVector() override;
+
+    void swap(BlockBitVector& other) noexcept;
+
+    bool test(std::int32_t i) const {
+        const std::int32_t b = blockOf(i);
+        if (b > lastBlock) return false;
+        if (!blocks[b]) return blockCounts[b] != 0;
+        return (blocks[b][wordOf(i)] & zelsets::maskOf(i)) != 0;
+    }
+    /// Whether the bit changed.
+    bool set(std::int32_t i) {
+        const std::int32_t b = blockOf(i);
+        if (b > lastBlock || !blocks[b]) return setFar(i);
+        std::uint32_t& word = blocks[b][wordOf(i)];
+        const auto change = static_cast<std::int32_t>(~word >> (i & 31) & 1);
+        word |= zelsets::maskOf(i);
+        addToCounts(b, change);
+        return change != 0;
+    }
+    /// Sets the bit; whether it was set already.
+    bool testAndSet(std::int32_t i) { return !set(i); }
+    /// Whether the bit changed.
+    bool clear(std::int32_t i);
+    /// Closed ranges; clearing ends with the tables. Blocks that are covered wholly lose their
+    /// storage.
+    void setRange(std::int32_t first, std::int32_t last);
+    void clearRange(std::int32_t first, std::int32_t last);
+
+    std::int32_t count() const { return numSet_ == unknownCount ? recount() : numSet_; }
+    std::int32_t recount() const;
+    void clearAll();
+    /// Gives back the storage of all blocks that are empty or full. The tables keep their length.
+    void compact();
+    bool operator==(const BlockBitVector& other) const;
+    /// As BitVector::renumber, with the end behind the word of the place that was filled last.
+    void renumber(const IndexMap& map);
+
+    /// The lowest set bit above `after`, or -1; -1 begins the walk.
+    std::int32_t nextSet(std::int32_t after) const;
+    /// The highest set bit below `before`, or -1.
+    std::int32_t prevSet(std::int32_t before) const;
+
+    /// Calls `visit(i)` for all set bits in ascending order. Of the vector, only bits that were
+    /// visited may be changed meanwhile.
+    template <class Visit> void forEachSet(Visit visit) const {
+        for (std::int32_t b = 0; b <= lastBlock; ++b)
+            if (const std::uint32_t* words = wordsOf(b))
+                zelsets::visitBits(words, blockWords, b * blockBits, visit);
+    }
+
+    BlockBitVector& operator&=(const BlockBitVector& other);
+    BlockBitVector& operator|=(const BlockBitVector& other);
+    BlockBitVector& operator^=(const BlockBitVector& other);
+    BlockBitVector& operator-=(const BlockBitVector& other);
+    BlockBitVector& operator&=(const BitVector& other);
+    BlockBitVector& operator|=(const BitVector& other);
+    BlockBitVector& operator^=(const BitVector& other);
+    BlockBitVector& operator-=(const BitVector& other);
+
+    /// As BitVector::write. The room told is that of the blocks up to the last one with bits.
+    bool write(BinOutput& out) const;
+    /// As BitVector::read; an older content is cleared first.
+    bool read(BinInput& in);
+
+    /// A block from the free list or the heap, with ones in its first words and zeros behind.
+    static std::uint32_t* allocateBlock(std::int32_t onesWords);
+    /// With a copy of `count` words, and zeros behind.
+    static std::uint32_t* allocateBlockFrom(const std::uint32_t* words, std::int32_t count);
+    static std::uint32_t* allocateBlockFrom(const BitVector::LargeWords& array,
+                                            std::uint32_t firstWord, std::int32_t count);
+    /// To the free list, or to the heap when that is full; null is fine and what is left.
+    static void releaseBlock(std::uint32_t*& block);
+    /// How many blocks the free list keeps; 512 unless set. Blocks above that are freed.
+    static void setBlockFreeListLimit(std::int32_t limit);
+    /// Frees the list. For shutdown, when no other thread uses it: takes no lock.
+    static void destroyBlockFreeList();
+
+private:
+    friend class BitVector;
+    /// Words of a vector of the other kind that fill or begin a block; null for zeros.
+    struct Piece {
+        const std::uint32_t* words;
+        std::int32_t count;
+
+        std::size_t size() const { return static_cast<std::size_t>(count); }
+    };
+
+    static constexpr std::int32_t unknownCount = -1;
+    static constexpr std::int32_t mostBlocks = 0x10000;
+
+    /// Beyond all tables for a negative index.
+    static std::int32_t blockOf(std::int32_t i) {
+        return static_cast<std::int32_t>(static_cast<std::uint32_t>(i) >> 15);
+    }
+    static std::int32_t wordOf(std::int32_t i) { return i >> 5 & (blockWords - 1); }
+    static std::int32_t bitOf(std::int32_t i) { return i & (blockBits - 1); }
+
+    bool hasBits(std::int32_t b) const { return b <= lastBlock && blockCounts[b] != 0; }
+    bool isFull(std::int32_t b) const { return blockCounts[b] == blockBits; }
+    /// For reading: null for an empty block, ones for a full one without storage.
+    const std::uint32_t* wordsOf(std::int32_t b) const;
+    /// For writing: gets storage where there is none.
+    std::uint32_t* makeWords(std::int32_t b);
+    void becomeEmpty(std::int32_t b);
+    void becomeFull(std::int32_t b);
+    void becomeCopy(std::int32_t b, const std::uint32_t* words, std::int32_t count);
+    void becomeCopy(std::int32_t b, const BlockBitVector& other);
+
+    void growFor(std::int32_t b);
+    void freeTables();
+    void addToCounts(std::int32_t b, std::int32_t change) {
+        if (blockCounts[b] != unknownCount) blockCounts[b] += change;
+        if (numSet_ != unknownCount) numSet_ += change;
+    }
+    bool setFar(std::int32_t i);
+    void setInBlock(std::int32_t b, std::int32_t first, std::int32_t last);
+    bool clearInBlock(std::int32_t b, std::int32_t first, std::int32_t last);
+    /// The highest block with bits, or -1.
+    std::int32_t lastUsedBlock() const;
+
+    template <class Change> void overBlocks(const BlockBitVector& other, Change change);
+    template <class Change> void overPieces(const BitVector& other, Change change);
+    static std::int32_t blocksFor(const BitVector& vector);
+    static Piece pieceOf(const BitVector& vector, std::int32_t b);
+    void readWordForm(BinInput& in, std::int32_t words);
+
+    // The order of the fields is a contract between modules. A count is that of a block's bits, or
+    // unknownCount for one with storage; a block without storage is empty or full.
+    std::uint32_t** blocks = nullptr;
+    std::int32_t* blockCounts = nullptr;
+    std::int32_t lastBlock = -1;
+    mutable std::int32_t numSet_ = 0; ///< unknownCount while it isn't known
+};
+
+/// A walk over the set bits; the vector outlives it.
+class BlockBitVectorIter {
+public:
+    explicit BlockBitVectorIter(const BlockBitVector& walked) : vector(&walked) {}
+
+    void begin() { position_ = vector->nextSet(-1); }
+    void next() { position_ = vector->nextSet(position_); }
+    bool atEnd() const { return position_ == -1; }
+    std::int32_t position() const { return position_; }
+
+private:
+    const BlockBitVector* vector;
+    std::int32_t position_ = -1;
+};

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: Apache-2.0
+// Single bits and ranges of bits in a run of words, the least significant bit of each word first.
+//
+// Positions count from the first bit of the run. A range is closed and may be empty, with its end
+// before its start.
+#pragma once
+
+#include <bit>
+#include <cstdint>
+#include <cstring>
+
+namespace zelsets {
+
+constexpr std::int32_t wordBits = 32;
+constexpr std::int32_t noBit = -1;
+
+constexpr std::uint32_t maskOf(std::int32_t bit) { return std::uint32_t{1} << (bit & 31); }
+/// The bits of its word from `bit` on.
+constexpr std::uint32_t maskFrom(std::int32_t bit) { return ~std::uint32_t{0} << (bit & 31); }
+/// The bits of its word up to and including `bit`.
+constexpr std::uint32_t maskUpTo(std::int32_t bit) {
+    return ~std::uint32_t{0} >> (31 - (bit & 31));
+}
+
+void setBits(std::uint32_t* words, std::int32_t first, std::int32_t last);
+void clearBits(std::uint32_t* words, std::int32_t first, std::int32_t last);
+void invertBits(std::uint32_t* words, std::int32_t first, std::int32_t last);
+std::int32_t countRange(const std::uint32_t* words, std::int32_t first, std::int32_t last);
+
+/// The lowest set bit of the range, the highest one, the same for clear bits; -1 when there is
+/// none.
+std::int32_t firstSet(const std::uint32_t* words, std::int32_t first, std::int32_t last);
+std::int32_t lastSet(const std::uint32_t* words, std::int32_t first, std::int32_t last);
+std::int32_t firstClear(const std::uint32_t* words, std::int32_t first, std::int32_t last);
+std::int32_t lastClear(const std::uint32_t* words, std::int32_t first, std::int32_t last);
+
+/// Two words as one number, the first one low.
+inline std::uint64_t wordPair(const std::uint32_t* words) {
+    std::uint64_t pair;
+    std::memcpy(&pair, words, sizeof pair);
+    if constexpr (std::endian::native == std::endian::big) pair = pair << 32 | pair >> 32;
+    return pair;
+}
+
+/// Calls `visit(base + i)` for each set bit i of `count` words, in ascending order.
+template <class Visit>
+void visitBits(const std::uint32_t* words, std::int32_t count, std::int32_t base, Visit& visit) {
+    std::int32_t w = 0;
+    for (; w + 1 < count; w += 2)
+        for (std::uint64_t left = wordPair(words + w); left != 0; left &= left - 1)
+            visit(base + w * wordBits + std::countr_zero(left));
+    if (w >= count) return;
+    for (std::uint32_t left = words[w]; left != 0; left &= left - 1)
+        visit(base + w * wordBits + std::countr_zero(left));
+}
+
+} // namespace zelsets
