@@ -26,8 +26,13 @@ std::vector<std::int32_t> bitsOf(const BitVector& vector) {
 } // namespace
 
 TEST(BitVector, TakesWholeWordsForWhatWasAskedFor) {
-    const std::pair<std::int32_t, std::int32_t> cases[] = {
-        {-5, 31}, {0, 31}, {10, 31}, {31, 31}, {32, 63}, {100, 127}, {4096 * 32, 4097 * 32 - 1}};
+    const std::pair<std::int32_t, std::int32_t> cases[] = {{-5, 31},
+                                                           {0, 31},
+                                                           {10, 31},
+                                                           {31, 31},
+                                                           {32, 63},
+                                                           {100, 127},
+                                                           {4095 * 32 - 1, 4095 * 32 - 1}};
     for (const auto& [asked, got] : cases) EXPECT_EQ(BitVector(asked).maxBit(), got) << asked;
 }
 
