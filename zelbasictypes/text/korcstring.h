@@ -15,6 +15,8 @@
 #include <iosfwd>
 #include <utility>
 
+class BinInput;
+class BinOutput;
 class KorString;
 
 class KorCString {
@@ -114,6 +116,10 @@ public:
     /// One line of up to 4096 characters, without its line feed; false when the stream failed,
     /// which a longer line also is.
     bool readLine(std::istream& stream);
+    /// As a block of a data-model file. The result is the state of the stream, which a block of
+    /// another kind doesn't spoil. Not for two threads at once, whatever the strings and streams.
+    bool write(BinOutput& stream) const;
+    bool read(BinInput& stream);
 
     /// A copy without white space at both ends.
     KorCString trim() const;
@@ -125,7 +131,11 @@ public:
     KorCString fit(std::int32_t width, std::int32_t mode, std::int32_t dots) const;
 
 private:
+    friend class ZelFileRead;
+
     void copyOwned();
+    /// Takes `length` bytes off a stream; false, and null, when no text can be that long.
+    bool readBytes(BinInput& stream, std::int64_t length);
 
     zeltext::Buffer<char> buffer;
 };

@@ -12,6 +12,8 @@
 #include <iosfwd>
 #include <utility>
 
+class BinInput;
+class BinOutput;
 class KorCString;
 
 class KorString {
@@ -138,6 +140,12 @@ public:
     /// highest placeholder; a null entry counts as empty. A borrowed text stays as it is.
     void substitute(const KorString* const* args);
     void swap(KorString& other) noexcept;
+    /// As KorCString's; a block of another kind leaves the text empty.
+    bool write(BinOutput& stream) const;
+    bool read(BinInput& stream);
+    /// A data-model file with this text and nothing else; false when anything went wrong.
+    bool saveToFile(const KorString& path) const;
+    bool loadFromFile(const KorString& path);
     /// Exchanges the text only; made narrow and UTF-8 blocks stay where they are.
     void swapText(KorString& other) noexcept;
 

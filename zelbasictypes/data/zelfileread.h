@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: Apache-2.0
+// ZelFileRead: reads data-model files; docs/formats.md tells what they look like.
+#pragma once
+
+#include "zelbasictypes/data/blockpositions.h"
+#include "zelbasictypes/data/izeldatamodelreader.h"
+
+class BinInput;
+struct ZelMatrix4;
+struct ZelVector3;
+
+/// Reads from a stream of its own, or from one that it is lent. After the first error it isn't good
+/// until it gets another stream: values are then still read from wherever the stream is, no block
+/// can be entered, and `endBlock` only counts. An operation without a stream is an assertion and
+/// otherwise nothing.
+class ZelFileRead : public IZelDataModelReader {
+public:
+    static constexpr const char* interfaceName = "ZelFileRead";
+
+    ZelFileRead() = default;
+    /// The stream stays its owner's.
+    explicit ZelFileRead(BinInput* stream) : bi_(stream), good_(true) {}
+    ZelFileRead(const ZelFileRead&) = delete;
+    ZelFileRead& operator=(const ZelFileRead&) = delete;
+
+    bool readBinary(ZelReadable& object) override;
+    bool readModel(ZelReadable& object) override;
+    bool readGuid(ZelGuid& value) override;
+    bool readFloatPair(float value[2]) override;
+    bool readDoublePair(double value[2]) override;
+    bool readMatrix(double value[16]) override;
+    bool readVector(double value[3]) override;
+    /// A block of another kind leaves the text empty and the reader good.
+    bool readWideString(KorString& value) override;
+    bool readNarrowString(KorCString& value) override;
+    bool readDouble(double& value) override;
+    bool readFloat(float& value) override;
+    bool readUnsigned(std::uint32_t& value) override;
+    bool readInt(std::int32_t& value) override;
+    bool readChar(char& value) override;
+    bool readByte(unsigned char& value) override;
+    const ZelGuid* peekGuid() override;
+    bool beginObject(const void* object, std::uint32_t& version) override;
+    bool endObject() override;
+    const KorString* peekName() override;
+    bool beginNamed(const void* object, ZelGuid& guid) override;
+    bool endNamed() override;
+    bool beginBlock() override;
+    bool atBlockEnd() override;
+    bool endBlock() override;
+    std::uint32_t blockTag() override { return tag_; }
+    std::uint32_t blockVersion() override { return version_; }
+    const ZelGuid* currentGuid() override;
+    bool good() override;
+    std::uint32_t peekTag() override;
+    /// A new stream on the file; a subclass may have another kind.
+    virtual BinInput* createInput(const KorString& path);
+
+    ~ZelFileRead() override;
+    void qi(const char* name, void** result, std::int32_t reserved = 0) override;
+    const char* className() override { return interfaceName; }
+
+    ZelFileRead& operator>>(ZelGuid& value);
+    ZelFileRead& operator>>(float (&value)[2]);
+    ZelFileRead& operator>>(double (&value)[2]);
+    ZelFileRead& operator>>(double (&value)[3]);
+    /// Four doubles have no other operation.
+    ZelFileRead& operator>>(double (&value)[4]);
+    ZelFileRead& operator>>(double (&value)[16]);
+    ZelFileRead& operator>>(ZelVector3& value);
+    ZelFileRead& operator>>(ZelMatrix4& value);
+    ZelFileRead& operator>>(KorString& value);
+    ZelFileRead& operator>>(KorCString& value);
+    ZelFileRead& operator>>(double& value);
+    ZelFileRead& operator>>(float& value);
+    ZelFileRead& operator>>(std::uint32_t& value);
+    ZelFileRead& operator>>(std::int32_t& value);
+    ZelFileRead& operator>>(char& value);
+    ZelFileRead& operator>>(signed char& value);
+    ZelFileRead& operator>>(unsigned char& value);
+
+    /// True when the file could be opened; `good` then says whether it is a data-model file.
+    bool open(const KorString& path);
+    /// The same for a stream at hand: enters its file block. The result is `good`.
+    bool checkFileHeader();
+    /// Starts anew on a stream that stays its owner's; null for none. Always true.
+    bool attach(BinInput* stream);
+    /// Leaves the innermost block, and closes and deletes a stream of its own. The result is what
+    /// `good` was then.
+    bool close();
+    /// Enters the block ahead; the reader isn't good any more when its tag is another or its
+    /// version greater.
+    bool expectBlock(std::uint32_t tag);
+    bool expectBlock(std::uint32_t tag, std::uint32_t maxVersion);
+    /// The result is `good`.
+    bool skipBlock();
+    /// Whether the block ahead has that tag; it stays ahead. `version`, if given, becomes -1 or the
+    /// block's.
+    bool isNextBlock(std::uint32_t tag, std::int32_t* version = nullptr);
+    /// The same for a whole object block with that identifier.
+    bool isNextObject(const ZelGuid& guid, std::int32_t* version = nullptr);
+    /// Never negative.
+    std::int64_t bytesLeftInBlock();
+    /// From now on not good.
+    void fail() { good_ = false; }
+    /// Borrowed.
+    BinInput* stream();
+    bool hasStream() const { return bi_; }
+    /// Makes room for that many open blocks at once.
+    void reserveDepth(std::int32_t min, std::int32_t max) { end_.reserve(min, max); }
+
+private:
+    struct Header {
+        std::uint32_t tag, version;
+        std::int64_t start;
+        std::uint64_t length;
+        std::uint32_t bytes; ///< of the header itself
+    };
+
+    template <class T> bool readBare(T& value);
+    template <class T> bool readBlock(std::uint32_t tag, T* values, std::uint64_t count);
+    void beginValue(std::uint32_t tag);
+    /// A file block decides the width of lengths, unless it is only looked at.
+    Header readHeader(bool decidesWidth);
+    /// The bytes of the whole header.
+    std::uint32_t readLength(std::uint64_t& length);
+    /// Where the block ends; -1 when its length can't be.
+    std::int64_t endOf(const Header& header) const;
+    bool enter(const Header& header);
+    void dropStream();
+
+    BlockPositions end_{3};
+    std::int32_t depth_ = 0;
+    BinInput* bi_ = nullptr;
+    std::uint32_t tag_ = 0;
+    std::uint32_t version_ = 0;
+    ZelGuid* blockGuid_ = nullptr;
+    bool good_ = false;
+    bool ownsStream_ = false;
+    ZelGuid* peekedGuid_ = nullptr;
+    KorString* peekedName_ = nullptr;
+};
