@@ -1,14 +1,74 @@
 // SPDX-License-Identifier: Apache-2.0
 // A vector or point of three doubles, a plain value.
+//
+// Nothing here fails loudly: a NaN spreads through sums and products and makes every test false.
+// Lengths come from the sum of the squares, so that components whose squares leave the range of a
+// double (above 1e154, or all below 1e-162) count as infinite or as zero.
 #pragma once
+
+#include <iosfwd>
 
 struct ZelVector3 {
     double x = 0.0;
     double y = 0.0;
     double z = 0.0;
 
+    /// Exact; a NaN makes it false.
     constexpr bool operator==(const ZelVector3&) const = default;
+
+    constexpr void add(double dx, double dy, double dz) {
+        x += dx;
+        y += dy;
+        z += dz;
+    }
+
+    constexpr double lengthSquared() const { return x * x + y * y + z * z; }
+    double length() const;
+
+    /// Brings the length to 1. Each component comes out of the other two, as its sign times the
+    /// root of 1 minus their share of the squares: an axis stays exact, and a component below about
+    /// 1e-8 of the length becomes 0. False, and nothing changed, when the squared length isn't
+    /// above 0: zero, or a NaN. Where it is infinite, an axis is still found, anything else has
+    /// zeros in place of what can't be told.
+    bool normalize();
+    /// A copy after `normalize`, whether that could do anything or not: zero stays zero.
+    ZelVector3 normalized() const;
+
+    /// The part along `onto`, which may have any length; zero when its square isn't above
+    /// 2.220446049250313e-16.
+    constexpr ZelVector3 project(const ZelVector3& onto) const;
+    /// What `project` leaves of this vector: all of it, when `onto` is that short.
+    constexpr ZelVector3 reject(const ZelVector3& onto) const;
+
+    /// Strict, and by squares: the sign of `t` doesn't count.
+    constexpr bool isShorterThan(double t) const { return t * t > lengthSquared(); }
+    /// Whether the length is from 1 - t to 1 + t, both included.
+    bool isUnit(double t) const;
+
+    /// Whether the sine of the angle between them is at most about `t`, either way round. A zero
+    /// vector is parallel to all.
+    static constexpr bool isParallel(const ZelVector3& a, const ZelVector3& b, double t);
+    /// Whether the cosine of the angle between them is at most `t`, either way round. A zero vector
+    /// is perpendicular to all.
+    static constexpr bool isPerpendicular(const ZelVector3& a, const ZelVector3& b, double t);
+    /// Whether the cosine of the angle between the lines through them is above `t`, or one of them
+    /// is too short to tell.
+    static bool isAlignedAbove(const ZelVector3& a, const ZelVector3& b, double t,
+                               double minLength);
+    /// The same for a cosine below 1 - t.
+    static bool isAlignedBelow(const ZelVector3& a, const ZelVector3& b, double t,
+                               double minLength);
+
+    /// A vector of length 1 at a right angle to this one. For zero it holds a NaN.
+    ZelVector3 perpendicular() const;
+    /// Completes `d` to a right-handed frame: `second`, `first` and the direction of `d` are its x,
+    /// y and z axis. `d` has any length; false, and nothing written, when it is zero. An output may
+    /// be `d` itself.
+    static bool perpendicularPair(const ZelVector3& d, ZelVector3& second, ZelVector3& first);
 };
+
+/// What every place outside a matrix reads as.
+inline constexpr ZelVector3 zelZeroVector{};
 
 constexpr ZelVector3 operator+(const ZelVector3& a, const ZelVector3& b) {
     return {a.x + b.x, a.y + b.y, a.z + b.z};
@@ -25,4 +85,31 @@ constexpr double dot(const ZelVector3& a, const ZelVector3& b) {
 }
 constexpr ZelVector3 cross(const ZelVector3& a, const ZelVector3& b) {
     return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+}
+
+/// "(x,y,z)", the numbers in the stream's own format.
+std::ostream& operator<<(std::ostream& out, const ZelVector3& v);
+/// Reads that form, blanks allowed around every token. A wrong or missing character sets the stream
+/// to failbit, a bad number leaves the state that the stream gave itself; either way the reader
+/// stops there, and `v` is as before.
+std::istream& operator>>(std::istream& in, ZelVector3& v);
+
+constexpr ZelVector3 ZelVector3::project(const ZelVector3& onto) const {
+    const double square = onto.lengthSquared();
+    if (!(square > 2.220446049250313e-16)) return zelZeroVector;
+    return onto * (dot(*this, onto) / square);
+}
+
+constexpr ZelVector3 ZelVector3::reject(const ZelVector3& onto) const {
+    return *this - project(onto);
+}
+
+constexpr bool ZelVector3::isParallel(const ZelVector3& a, const ZelVector3& b, double t) {
+    const double product = dot(a, b);
+    return product * product >= a.lengthSquared() * (1 - t * t) * b.lengthSquared();
+}
+
+constexpr bool ZelVector3::isPerpendicular(const ZelVector3& a, const ZelVector3& b, double t) {
+    const double product = dot(a, b);
+    return a.lengthSquared() * (t * t) * b.lengthSquared() >= product * product;
 }

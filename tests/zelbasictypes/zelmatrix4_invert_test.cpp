@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: Apache-2.0
+// Inverses and solutions, against the products that they undo.
+#include "tests/zelbasictypes/mathtest.h"
+
+#include <array>
+
+namespace {
+
+using namespace mathtest;
+
+/// The elimination in its plainest form, for the sums to be compared to the last bit.
+bool eliminate(std::array<std::array<double, 8>, 4> rows, ZelMatrix4& out) {
+    for (int c = 0; c < 4; ++c) {
+        int pivot = -1;
+        double greatest = 0;
+        for (int r = c; r < 4; ++r)
+            if (std::abs(rows[r][c]) > greatest) greatest = std::abs(rows[pivot = r][c]);
+        if (pivot < 0) return false;
+        std::swap(rows[pivot], rows[c]);
+        const double divisor = rows[c][c];
+        for (double& value : rows[c]) value /= divisor;
+        for (int r = 0; r < 4; ++r) {
+            const double factor = rows[r][c];
+            for (int i = 0; r != c && i < 8; ++i) rows[r][i] -= factor * rows[c][i];
+        }
+    }
+    for (int i = 0; i < 16; ++i) out.m[i] = rows[i / 4][4 + i % 4];
+    return true;
+}
+
+void expectPlainElimination(const ZelMatrix4& matrix) {
+    std::array<std::array<double, 8>, 4> rows{};
+    for (int i = 0; i < 16; ++i) rows[i / 4][i % 4] = matrix.m[i];
+    for (int i = 0; i < 4; ++i) rows[i][4 + i] = 1;
+    ZelMatrix4 expected = counting, found = counting;
+    ASSERT_EQ(matrix.invert(found), eliminate(rows, expected));
+    for (int i = 0; i < 16; ++i)
+        ASSERT_TRUE(found.m[i] == expected.m[i] ||
+                    (std::isnan(found.m[i]) && std::isnan(expected.m[i])))
+            << matrix << "at " << i << ": " << found.m[i] << ", not " << expected.m[i];
+}
+
+} // namespace
+
+TEST(ZelMatrix4Inverse, UndoesTheMatrixFromBothSides) {
+    Numbers numbers;
+    for (int i = 0; i < 10'000; ++i) {
+        const ZelMatrix4 matrix = numbers.matrix();
+        ZelMatrix4 inverse;
+        ASSERT_TRUE(matrix.invert(inverse));
+        const double size = 1 + distance(inverse, ZelMatrix4::uniformScale(0));
+        ASSERT_LT(distance(matrix * inverse, {}), 1e-13 * size);
+        ASSERT_LT(distance(inverse * matrix, {}), 1e-13 * size * size);
+        ASSERT_EQ(matrix.inverse(), inverse);
+    }
+}
+
+TEST(ZelMatrix4Inverse, IsTheTransposeForEveryOrderOfTheRows) {
+    std::array<int, 4> order = {0, 1, 2, 3};
+    do {
+        ZelMatrix4 matrix = ZelMatrix4::uniformScale(0), transposed;
+        matrix.m[15] = 0;
+        for (int row = 0; row < 4; ++row) matrix.m[4 * row + order[row]] = 1;
+        transposed = matrix;
+        transposed.transposeInPlace();
+        EXPECT_EQ(matrix.inverse(), transposed) << matrix;
+    } while (std::next_permutation(order.begin(), order.end()));
+}
+
+TEST(ZelMatrix4Inverse, DividesByThePivotAndNotThroughTheDeterminant) {
+    const ZelMatrix4 thirds = ZelMatrix4::scaling(3, 7, -49).inverse();
+    EXPECT_EQ(thirds, ZelMatrix4::scaling(1 / 3.0, 1 / 7.0, -1 / 49.0));
+    EXPECT_EQ(ZelMatrix4::uniformScale(1e-300).inverse().m[5], 1 / 1e-300);
+}
+
+TEST(ZelMatrix4Inverse, FollowsTheEliminationToTheLastBit) {
+    Numbers numbers;
+    std::mt19937 engine(8);
+    // Few values make ties between pivots and zeros; the extreme ones overflow and underflow.
+    const double few[] = {0, 1, -1, 2, 0.3, -0.3, 7};
+    const double extreme[] = {0, 1, 1e300, -1e-300, infinity, notANumber, 1e160, -3};
+    for (int i = 0; i < 20'000; ++i) {
+        ZelMatrix4 matrix = numbers.matrix();
+        expectPlainElimination(matrix);
+        expectPlainElimination(matrix.rotationPart());
+        for (double& value : matrix.m) value = few[engine() % 7];
+        expectPlainElimination(matrix);
+        for (int row = 12; row < 16; ++row) matrix.m[row] = row == 15;
+        expectPlainElimination(matrix);
+        for (double& value : matrix.m)
+            if (engine() % 4 == 0) value = extreme[engine() % 8];
+        expectPlainElimination(matrix);
+        for (double& value : matrix.m) value = extreme[engine() % 8];
+        expectPlainElimination(matrix);
+    }
+}
+
+TEST(ZelMatrix4Inverse, IsRefusedForAColumnWithNothingToDivideBy) {
+    for (int column = 0; column < 4; ++column)
+        for (const double nothing : {0.0, -0.0, notANumber}) {
+            Numbers numbers;
+            ZelMatrix4 singular = numbers.matrix();
+            double values[4] = {nothing, nothing, nothing, nothing};
+            singular.swapColumn(column, values);
+            ZelMatrix4 out = counting;
+            EXPECT_FALSE(singular.invert(out));
+            EXPECT_EQ(out, counting);
+            EXPECT_TRUE(singular.inverse().isIdentity());
+            EXPECT_FALSE(singular.invert(singular));
+        }
+}
+
+TEST(ZelMatrix4Inverse, MayReplaceItsMatrix) {
+    ZelMatrix4 matrix = ZelMatrix4::fromTranslation({1, 2, 3});
+    EXPECT_TRUE(matrix.invert(matrix));
+    EXPECT_EQ(matrix, ZelMatrix4::fromTranslation({-1, -2, -3}));
+}
+
+TEST(ZelMatrix4Solve, FindsWhatTheBlockWasMultipliedWith) {
+    Numbers numbers;
+    for (int i = 0; i < 10'000; ++i) {
+        const ZelMatrix4 matrix = numbers.matrix();
+        const ZelVector3 wanted = numbers.vector();
+        ZelVector3 found = matrix.transformVector(wanted);
+        ASSERT_TRUE(matrix.solve3(found, found));
+        ASSERT_LT(distance(found, wanted), 1e-12 / std::abs(matrix.determinant3()));
+        ZelVector3 byRows;
+        ASSERT_TRUE(ZelMatrix4::solve3(matrix.row(0), matrix.row(1), matrix.row(2),
+                                       matrix.transformVector(wanted), byRows));
+        ASSERT_EQ(byRows, found);
+    }
+}
+
+TEST(ZelMatrix4Solve, FindsWhatTheWholeWasMultipliedWith) {
+    Numbers numbers;
+    for (int i = 0; i < 10'000; ++i) {
+        const ZelMatrix4 matrix = numbers.matrix();
+        const double wanted[4] = {numbers.next(), numbers.next(), numbers.next(), numbers.next()};
+        double found[4] = {};
+        for (int k = 0; k < 16; ++k) found[k / 4] += matrix.m[k] * wanted[k % 4];
+        ASSERT_TRUE(matrix.solve4(found, found));
+        for (int k = 0; k < 4; ++k)
+            ASSERT_NEAR(found[k], wanted[k], 1e-11 / std::abs(matrix.determinant()));
+    }
+}
+
+TEST(ZelMatrix4Solve, RefusesByTheDeterminant) {
+    ZelVector3 out = zAxis;
+    EXPECT_FALSE(ZelMatrix4::scaling(1, 0, 1).solve3(xAxis, out));
+    EXPECT_EQ(out, zAxis);
+    EXPECT_TRUE(ZelMatrix4::scaling(1, 1, 1e-300).solve3({0, 0, 1e-300}, out));
+    EXPECT_EQ(out, zAxis);
+
+    const double rhs[4] = {0, 1, 0, 0};
+    double four[4] = {9, 9, 9, 9};
+    for (const double sign : {1.0, -1.0}) {
+        EXPECT_FALSE(ZelMatrix4::scaling(sign * 1e-16, 1, 1).solve4(rhs, four));
+        EXPECT_EQ(four[1], 9);
+    }
+    EXPECT_FALSE(with({}, 0, notANumber).solve4(rhs, four));
+    EXPECT_TRUE(ZelMatrix4::scaling(-above(1e-16), 1, 1).solve4(rhs, four));
+    EXPECT_EQ(four[1], 1);
+}
+
+TEST(ZelMatrix4Orthonormalize, KeepsTheSpansOfTheColumns) {
+    Numbers numbers;
+    for (int i = 0; i < 1000; ++i) {
+        const ZelMatrix4 before = numbers.matrix();
+        ZelMatrix4 matrix = before;
+        ASSERT_TRUE(matrix.orthonormalize());
+        ASSERT_TRUE(matrix.isOrthonormal());
+        ASSERT_GT(dot(matrix.column(0), before.column(0)), 0);
+        ASSERT_LT(cross(matrix.column(0), before.column(0)).length(), 1e-6);
+        ASSERT_GT(dot(matrix.column(1), before.column(1)), 0);
+        ASSERT_NEAR(dot(matrix.column(2), before.column(1)), 0, 1e-6);
+        ASSERT_GT(dot(matrix.column(2), before.column(2)), 0);
+        matrix.setColumn(0, before.column(0));
+        matrix.setColumn(1, before.column(1));
+        matrix.setColumn(2, before.column(2));
+        ASSERT_EQ(matrix, before); // nothing beside the block has changed
+    }
+}
+
+TEST(ZelMatrix4Orthonormalize, AnswersForTheThirdColumnOnly) {
+    ZelMatrix4 flat({2, 0, 3}, {0, 2, 4}, {0, 0, 0});
+    EXPECT_FALSE(flat.orthonormalize());
+    EXPECT_EQ(flat, ZelMatrix4::scaling(1, 1, 0));
+    ZelMatrix4 doubled({2, 3, 3}, {0, 0, 4}, {0, 0, 0});
+    EXPECT_TRUE(doubled.orthonormalize());
+    EXPECT_EQ(doubled, ZelMatrix4({1, 0, 0}, {0, 0, 1}, {0, 0, 0}));
+}
