@@ -2,6 +2,8 @@
 // A search over the entries of one directory, "." and ".." among them, in the system's order.
 #pragma once
 
+#include "platform/file.h"
+
 #include <string>
 
 namespace platform {
@@ -15,6 +17,9 @@ struct DirectorySearch;
 DirectorySearch* findFirst(const char16_t* directory, std::u16string& name);
 /// False behind the last entry, with `name` left alone.
 bool findNext(DirectorySearch* search, std::u16string& name);
+/// As stat of the entry found last, but without the way to it being walked again where the system
+/// offers that.
+std::int32_t statFound(DirectorySearch* search, FileStatus* status);
 /// Null is allowed.
 void findClose(DirectorySearch* search);
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // Files, in the vocabulary of the target system.
 //
-// Wide paths are terminated UTF-16 texts, narrow ones UTF-8. Both may use either separator and the
-// form "X:\...". On a POSIX system a backslash is a slash, and "X:" is the directory that the
-// environment variable ZEL_DRIVE_X names, or else the root.
+// Wide paths are terminated UTF-16 texts; narrow ones are bytes as the system's narrow calls take
+// them, UTF-8 on a POSIX system. Both may use either separator and the form "X:\...". On a POSIX
+// system a backslash is a slash, and "X:" is the directory that the environment variable
+// ZEL_DRIVE_X names, or else the root.
 //
 // Names there are bytes, UTF-8 as a rule, and every name has one wide form that leads back to it:
 // - a byte that is no part of valid UTF-8 crosses as one of the code units 0xDC80 to 0xDCFF, and a
@@ -70,10 +71,14 @@ std::int64_t write(Descriptor file, const void* buffer, std::uint64_t lengthByte
 /// `origin` is 0 for the beginning, 1 for the current position, 2 for the end.
 std::int64_t seek(Descriptor file, std::int64_t offset, std::int32_t origin);
 bool close(Descriptor file);
+/// Moves what lies behind the position of `from` to the position of `to`, as far as the system does
+/// that without the bytes coming by here, and both positions with it. The number of bytes moved,
+/// which may be 0 or less than there are: the rest is for the caller to read and write.
+std::int64_t moveRange(Descriptor from, Descriptor to);
 
 /// Modes as of fopen; others may open the file too, but nobody who denies that. `reopenStream`
 /// closes `stream` in any case. `streamOf` takes the descriptor over when it succeeds; a temporary
-/// file loses its name then.
+/// file loses its name then. A direction that the descriptor isn't open for fails when it is used.
 std::FILE* openStream(const char16_t* path, const char16_t* mode);
 std::FILE* openStream(const char* path, const char* mode);
 std::FILE* reopenStream(const char16_t* path, const char16_t* mode, std::FILE* stream);
@@ -105,6 +110,10 @@ struct FileStatus {
 std::int32_t stat(const char16_t* path, FileStatus* status);
 std::int32_t stat(const char* path, FileStatus* status);
 
+/// Whether both paths lead to one file or directory that is there, through links too.
+bool isSameFile(const char16_t* a, const char16_t* b);
+bool isSameFile(const char* a, const char* b);
+
 /// A file, not a directory; `remove` is the same. 0 or -1, as those that follow.
 std::int32_t unlink(const char16_t* path);
 std::int32_t unlink(const char* path);
@@ -127,5 +136,7 @@ std::int32_t changeDirectory(const char16_t* path);
 std::u16string nativePath(std::u16string_view path);
 /// The other way: as the library spells a path of this system.
 std::u16string libraryPath(std::u16string_view path);
+/// The wide form of a narrow path: leads to the same file.
+std::u16string widePath(const char* path);
 
 } // namespace platform

@@ -40,10 +40,10 @@ Descriptor refuse(int file, int reason) {
     return -1;
 }
 
-/// A directory can be opened for reading here, but not on the target.
-bool isDirectory(int file) {
+/// 0 when the system doesn't tell.
+mode_t kindOf(int file) {
     struct ::stat status {};
-    return ::fstat(file, &status) == 0 && S_ISDIR(status.st_mode);
+    return ::fstat(file, &status) == 0 ? status.st_mode & S_IFMT : 0;
 }
 
 bool isRefused(int file, std::int32_t sharing) {
@@ -51,16 +51,28 @@ bool isRefused(int file, std::int32_t sharing) {
     return ::flock(file, lock | LOCK_NB) != 0 && errno == EWOULDBLOCK;
 }
 
+std::int64_t readOnce(int file, void* buffer, std::uint64_t lengthBytes) {
+    ssize_t got = 0;
+    do {
+        got = ::read(file, buffer, lengthBytes);
+    } while (got < 0 && errno == EINTR);
+    return got;
+}
+
 } // namespace
 
-/// The truncation waits until the lock is there: a refused opening must leave the file alone.
+/// A directory could be opened for reading here, but can't on the target. The truncation waits
+/// until the lock is there, since a refused opening must leave the file alone; what is no regular
+/// file, such as a device, has nothing to cut.
 Descriptor openSystem(const std::string& path, std::int32_t flags, std::int32_t sharing,
                       std::int32_t permission) {
     const int file = ::open(path.c_str(), systemFlags(flags), systemPermission(permission, flags));
     if (file < 0) return -1;
-    if (isDirectory(file)) return refuse(file, EACCES);
+    const mode_t kind = kindOf(file);
+    if (kind == S_IFDIR) return refuse(file, EACCES);
     if (isRefused(file, sharing)) return refuse(file, EBUSY);
-    if ((flags & open_flag::truncate) && ::ftruncate(file, 0) != 0) return refuse(file, errno);
+    const bool cuts = (flags & open_flag::truncate) && kind == S_IFREG;
+    if (cuts && ::ftruncate(file, 0) != 0) return refuse(file, errno);
     if (flags & open_flag::sequential) ::posix_fadvise(file, 0, 0, POSIX_FADV_SEQUENTIAL);
     if (flags & open_flag::temporary) rememberTemporary(file, path);
     return file;
@@ -76,12 +88,26 @@ Descriptor open(const char* path, std::int32_t flags, std::int32_t sharing,
     return openSystem(systemPath(path), flags, sharing, permission);
 }
 
+/// The system stops a page short of the limit, however much there is; the target doesn't.
 std::int64_t read(Descriptor file, void* buffer, std::uint64_t lengthBytes) {
-    ssize_t got = 0;
-    do {
-        got = ::read(file, buffer, std::min(lengthBytes, transferLimit));
-    } while (got < 0 && errno == EINTR);
-    return got;
+    constexpr std::uint64_t systemLimit = 0x7FFFF000;
+    const std::uint64_t length = std::min(lengthBytes, transferLimit);
+    const std::int64_t got = readOnce(file, buffer, std::min(length, systemLimit));
+    if (length <= systemLimit || got != std::int64_t{systemLimit}) return got;
+    const std::int64_t rest =
+        readOnce(file, static_cast<char*>(buffer) + systemLimit, length - systemLimit);
+    return got + std::max<std::int64_t>(rest, 0);
+}
+
+/// Stops at whatever goes wrong: the caller meets it again, or copies by other means.
+std::int64_t moveRange(Descriptor from, Descriptor to) {
+    std::int64_t moved = 0;
+    for (;;) {
+        const ssize_t step = ::copy_file_range(from, nullptr, to, nullptr, transferLimit, 0);
+        if (step < 0 && errno == EINTR) continue;
+        if (step <= 0) return moved;
+        moved += step;
+    }
 }
 
 /// The system may take less than it is given, also where there is room for the rest.

@@ -2,6 +2,7 @@
 // What is done to files and directories by their path.
 #include "platform/file.h"
 
+#include "platform/posix/filestatus.h"
 #include "platform/posix/pathbytes.h"
 
 #include <cerrno>
@@ -20,15 +21,17 @@ std::int32_t accessSystem(const std::string& path, std::int32_t mode) {
 }
 
 std::int32_t statSystem(const std::string& path, FileStatus* status) {
-    static_assert(S_IFREG == file_mode::regular && S_IFDIR == file_mode::directory);
     struct ::stat record {};
     if (::stat(path.c_str(), &record) != 0) return -1;
-    status->mode = record.st_mode;
-    status->size = record.st_size;
-    status->modifiedTime = record.st_mtime;
-    status->accessedTime = record.st_atime;
-    status->createdTime = record.st_ctime;
+    *status = statusOf(record);
     return 0;
+}
+
+bool isSameSystem(const std::string& a, const std::string& b) {
+    struct ::stat one {};
+    struct ::stat other {};
+    return ::stat(a.c_str(), &one) == 0 && ::stat(b.c_str(), &other) == 0 &&
+           one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
 bool exists(const std::string& path) {
@@ -66,6 +69,12 @@ std::int32_t stat(const char16_t* path, FileStatus* status) {
 std::int32_t stat(const char* path, FileStatus* status) {
     return statSystem(systemPath(path), status);
 }
+
+bool isSameFile(const char16_t* a, const char16_t* b) {
+    return isSameSystem(systemPath(a), systemPath(b));
+}
+
+bool isSameFile(const char* a, const char* b) { return isSameSystem(systemPath(a), systemPath(b)); }
 
 std::int32_t unlink(const char16_t* path) { return ::unlink(systemPath(path).c_str()); }
 std::int32_t unlink(const char* path) { return ::unlink(systemPath(path).c_str()); }

@@ -17,13 +17,14 @@ bool isHigh(char32_t c) { return c >= 0xD800 && c < 0xDC00; }
 bool isLow(char32_t c) { return c >= 0xDC00 && c < 0xE000; }
 bool isByteUnit(char32_t c) { return (c >= 0xDC80 && c <= 0xDCFF) || c == backslashUnit; }
 
-void appendUnits(std::u16string& out, char32_t c) {
+/// Writes one or two units and returns the place behind them.
+char16_t* putUnits(char16_t* to, char32_t c) {
     if (c >= 0x10000) {
-        out += static_cast<char16_t>(0xD7C0 + (c >> 10));
-        out += static_cast<char16_t>(0xDC00 | (c & 0x3FF));
-    } else {
-        out += static_cast<char16_t>(c);
+        *to++ = static_cast<char16_t>(0xD7C0 + (c >> 10));
+        c = 0xDC00 | (c & 0x3FF);
     }
+    *to++ = static_cast<char16_t>(c);
+    return to;
 }
 
 /// Reads bytes from the back to the front, since a high surrogate may stand only where no low one
@@ -57,13 +58,9 @@ private:
         return c && !isByteUnit(c) && !(isHigh(c) && lowFollows);
     }
     std::u16string unitsAt(std::size_t i, std::size_t length) const {
-        std::u16string units;
-        if (length > 1) {
-            appendUnits(units, utf8Decode(bytes, i, length));
-        } else {
-            units = unitOf(static_cast<unsigned char>(bytes[i]));
-        }
-        return units;
+        if (length == 1) return {unitOf(static_cast<unsigned char>(bytes[i]))};
+        char16_t units[2];
+        return {units, putUnits(units, utf8Decode(bytes, i, length))};
     }
     char16_t unitOf(unsigned char byte) const {
         if (byte >= 0x80) return static_cast<char16_t>(0xDC00 | byte);
@@ -76,6 +73,28 @@ private:
     bool path;
     bool lowFollows = false;
 };
+
+/// Most names are plain UTF-8, which is read in one run from the front. False, with nothing of use
+/// in `units`, for a name that needs the reader above.
+bool readPlain(std::string_view path, std::u16string& units) {
+    units.resize(path.size()); // never fewer bytes than units
+    char16_t* to = units.data();
+    for (std::size_t i = 0; i < path.size();) {
+        const auto byte = static_cast<unsigned char>(path[i]);
+        if (byte < 0x80) {
+            if (byte == '\\') return false;
+            *to++ = byte == '/' ? u'\\' : byte;
+            ++i;
+            continue;
+        }
+        const std::size_t length = utf8Length(path, i);
+        if (length == 0) return false;
+        to = putUnits(to, utf8Decode(path, i, length));
+        i += length;
+    }
+    units.resize(static_cast<std::size_t>(to - units.data()));
+    return true;
+}
 
 bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
@@ -113,7 +132,18 @@ std::string bytesOf(std::u16string_view units) {
 }
 
 std::u16string unitsOf(std::string_view bytes) { return UnitReader(bytes, false).read(); }
-std::u16string unitsOfPath(std::string_view path) { return UnitReader(path, true).read(); }
+
+std::u16string unitsOfPath(std::string_view path) {
+    std::u16string units;
+    readUnitsOfPath(path, units);
+    return units;
+}
+
+void readUnitsOfPath(std::string_view path, std::u16string& units) {
+    if (!readPlain(path, units)) units = UnitReader(path, true).read();
+}
+
+std::u16string widePath(const char* path) { return unitsOf(path); }
 
 std::string systemPath(std::u16string_view path) {
     std::u16string slashed(path);

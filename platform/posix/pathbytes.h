@@ -15,6 +15,8 @@ std::u16string unitsOf(std::string_view bytes);
 /// The other way for a name of the file system or a path of it: a backslash, which belongs to a
 /// name here, becomes 0xDC5C, and slashes become backslashes.
 std::u16string unitsOfPath(std::string_view path);
+/// The same into a text whose memory is used again.
+void readUnitsOfPath(std::string_view path, std::u16string& units);
 
 /// A path of the library as this system spells it: slashes, and "X:" resolved.
 std::string systemPath(std::u16string_view path);

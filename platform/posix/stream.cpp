@@ -5,6 +5,7 @@
 #include "platform/posix/temporaryfiles.h"
 
 #include <cerrno>
+#include <fcntl.h>
 #include <string_view>
 #include <sys/file.h>
 #include <unistd.h>
@@ -12,9 +13,21 @@
 namespace platform {
 namespace {
 
+/// The part in front of a comma, behind which the target names an encoding.
+std::string_view lettersOf(std::string_view mode) { return mode.substr(0, mode.find(',')); }
+
+bool has(std::string_view mode, char letter) { return lettersOf(mode).find(letter) != mode.npos; }
+
+/// The letters that the target's library knows and this one doesn't.
+std::int32_t extraFlags(std::string_view mode) {
+    return (has(mode, 'x') ? open_flag::exclusive : 0) |
+           (has(mode, 'D') ? open_flag::temporary : 0) |
+           (has(mode, 'S') ? open_flag::sequential : 0);
+}
+
 /// -1 for a mode that isn't one.
-std::int32_t flagsOf(std::string_view mode) {
-    const bool both = mode.find('+') != mode.npos;
+std::int32_t baseFlags(std::string_view mode) {
+    const bool both = has(mode, '+');
     const std::int32_t writing = both ? open_flag::readWrite : open_flag::writeOnly;
     switch (mode.empty() ? ' ' : mode[0]) {
     case 'r':
@@ -29,8 +42,10 @@ std::int32_t flagsOf(std::string_view mode) {
 }
 
 Descriptor openFor(const std::string& path, const char* mode) {
-    const std::int32_t flags = flagsOf(mode);
-    if (flags >= 0) return openSystem(path, flags, share::denyNone, readWritePermission);
+    const std::int32_t flags = baseFlags(mode);
+    if (flags >= 0) {
+        return openSystem(path, flags | extraFlags(mode), share::denyNone, readWritePermission);
+    }
     errno = EINVAL;
     return -1;
 }
@@ -38,15 +53,21 @@ Descriptor openFor(const std::string& path, const char* mode) {
 /// What the runtime library understands: one letter and perhaps the plus.
 std::string systemMode(std::string_view mode) {
     std::string result(mode.substr(0, 1));
-    if (mode.find('+') != mode.npos) result += '+';
+    if (has(mode, '+')) result += '+';
     return result + 'e';
+}
+
+/// What a descriptor allows, for a mode that asks for more: this system refuses such a stream, the
+/// target makes it.
+const char* ownMode(Descriptor file) {
+    return (::fcntl(file, F_GETFL) & O_ACCMODE) == O_WRONLY ? "we" : "re";
 }
 
 std::FILE* openPath(const std::string& path, const char* mode) {
     const Descriptor file = openFor(path, mode);
     if (file < 0) return nullptr;
-    std::FILE* stream = ::fdopen(file, systemMode(mode).c_str());
-    if (!stream) ::close(file);
+    std::FILE* stream = streamOf(file, mode);
+    if (!stream) close(file);
     return stream;
 }
 
@@ -61,7 +82,7 @@ std::FILE* reopenPath(const std::string& path, const char* mode, std::FILE* stre
     }
     std::FILE* result = std::freopen(path.c_str(), systemMode(mode).c_str(), stream);
     if (result) ::flock(::fileno(result), LOCK_SH | LOCK_NB);
-    ::close(file);
+    close(file);
     return result;
 }
 
@@ -81,6 +102,7 @@ std::FILE* reopenStream(const char16_t* path, const char16_t* mode, std::FILE* s
 
 std::FILE* streamOf(Descriptor file, const char* mode) {
     std::FILE* stream = ::fdopen(file, systemMode(mode).c_str());
+    if (!stream && errno == EINVAL && baseFlags(mode) >= 0) stream = ::fdopen(file, ownMode(file));
     if (stream) unlinkTemporary(file);
     return stream;
 }

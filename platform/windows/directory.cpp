@@ -11,29 +11,38 @@ namespace platform {
 
 struct DirectorySearch {
     HANDLE handle;
+    std::u16string path;      ///< of the entry found last
+    std::size_t prefixLength; ///< of the directory and its separator in `path`
 };
 
 namespace {
 
 /// Two backslashes at the start would be the name of another machine.
-std::u16string patternFor(std::u16string_view directory) {
+std::u16string prefixFor(std::u16string_view directory) {
     const bool separated =
         !directory.empty() && (directory.back() == u'\\' || directory.back() == u'/');
-    return std::u16string(directory) + (separated ? u"*.*" : u"\\*.*");
+    return std::u16string(directory) + (separated ? u"" : u"\\");
+}
+
+void take(DirectorySearch& search, const WIN32_FIND_DATAW& found, std::u16string& name) {
+    name = units(found.cFileName);
+    search.path.replace(search.prefixLength, std::u16string::npos, name);
 }
 
 } // namespace
 
 DirectorySearch* findFirst(const char16_t* directory, std::u16string& name) {
-    const std::u16string pattern = patternFor(directory);
+    const std::u16string prefix = prefixFor(directory);
+    const std::u16string pattern = prefix + u"*.*";
     WIN32_FIND_DATAW found{};
     const HANDLE handle = ::FindFirstFileW(wide(pattern.c_str()), &found);
     if (handle == INVALID_HANDLE_VALUE) {
         takeSystemError();
         return nullptr;
     }
-    name = units(found.cFileName);
-    return new DirectorySearch{handle};
+    auto* search = new DirectorySearch{handle, prefix, prefix.size()};
+    take(*search, found, name);
+    return search;
 }
 
 bool findNext(DirectorySearch* search, std::u16string& name) {
@@ -42,8 +51,12 @@ bool findNext(DirectorySearch* search, std::u16string& name) {
         takeSystemError();
         return false;
     }
-    name = units(found.cFileName);
+    take(*search, found, name);
     return true;
+}
+
+std::int32_t statFound(DirectorySearch* search, FileStatus* status) {
+    return stat(search->path.c_str(), status);
 }
 
 void findClose(DirectorySearch* search) {

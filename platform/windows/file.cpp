@@ -58,6 +58,8 @@ std::int64_t seek(Descriptor file, std::int64_t offset, std::int32_t origin) {
     return ::_lseeki64(file, offset, origin);
 }
 
+std::int64_t moveRange(Descriptor, Descriptor) { return 0; }
+
 bool close(Descriptor file) { return ::_close(file) == 0; }
 
 std::FILE* openStream(const char16_t* path, const char16_t* mode) {

@@ -11,6 +11,7 @@
 #include <io.h>
 #include <sys/stat.h>
 #include <sys/types.h>
+#include <windows.h>
 
 namespace platform {
 namespace {
@@ -26,7 +27,41 @@ std::int32_t take(std::int32_t result, const struct _stat64& record, FileStatus*
     return 0;
 }
 
+/// A file or directory, opened for nothing but being asked who it is.
+class Identity {
+public:
+    explicit Identity(const char16_t* path)
+        : handle(::CreateFileW(wide(path), 0,
+                               FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                               OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr)) {
+        known = handle != INVALID_HANDLE_VALUE && ::GetFileInformationByHandle(handle, &record);
+    }
+    Identity(const Identity&) = delete;
+    Identity& operator=(const Identity&) = delete;
+    ~Identity() {
+        if (handle != INVALID_HANDLE_VALUE) ::CloseHandle(handle);
+    }
+
+    bool equals(const Identity& other) const {
+        return known && other.known &&
+               record.dwVolumeSerialNumber == other.record.dwVolumeSerialNumber &&
+               record.nFileIndexHigh == other.record.nFileIndexHigh &&
+               record.nFileIndexLow == other.record.nFileIndexLow;
+    }
+
+private:
+    HANDLE handle;
+    BY_HANDLE_FILE_INFORMATION record{};
+    bool known = false;
+};
+
 } // namespace
+
+bool isSameFile(const char16_t* a, const char16_t* b) { return Identity(a).equals(Identity(b)); }
+
+bool isSameFile(const char* a, const char* b) {
+    return isSameFile(widePath(a).c_str(), widePath(b).c_str());
+}
 
 std::int32_t access(const char16_t* path, std::int32_t mode) {
     return ::_waccess(wide(path), mode);
@@ -75,6 +110,17 @@ std::u16string nativePath(std::u16string_view path) { return std::u16string(path
 std::u16string libraryPath(std::u16string_view path) {
     std::u16string result(path);
     std::replace(result.begin(), result.end(), u'/', u'\\');
+    return result;
+}
+
+/// In the code page that the runtime library's narrow calls go by.
+std::u16string widePath(const char* path) {
+    const UINT page = ::AreFileApisANSI() ? CP_ACP : CP_OEMCP;
+    const int length = ::MultiByteToWideChar(page, 0, path, -1, nullptr, 0);
+    if (length <= 0) return {};
+    std::u16string result(static_cast<std::size_t>(length), u'\0');
+    ::MultiByteToWideChar(page, 0, path, -1, wide(result.data()), length);
+    result.pop_back();
     return result;
 }
 
