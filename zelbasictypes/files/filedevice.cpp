@@ -51,7 +51,7 @@ std::int32_t open(const KorString& path, std::int32_t flags, std::int32_t permis
 }
 
 std::int32_t open(const char* path, std::int32_t flags, std::int32_t permission) {
-    if (flags == -1) return -1;
+    if (flags == -1 || !path) return -1;
     return platform::open(path, flags, platform::share::denyNone, permission);
 }
 
@@ -61,6 +61,10 @@ std::int64_t read(std::int32_t fd, void* buffer, std::int64_t count) {
 
 std::int64_t write(std::int32_t fd, const void* buffer, std::int64_t count) {
     return platform::write(fd, buffer, transferLength(count));
+}
+
+KorString widened(const char* path) {
+    return path ? KorString(platform::widePath(path).c_str()) : KorString();
 }
 
 std::int64_t seek(std::int32_t fd, std::int64_t offset, std::int32_t origin) {

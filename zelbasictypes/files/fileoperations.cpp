@@ -1,89 +1,100 @@
 // SPDX-License-Identifier: Apache-2.0
-// Opening, copying and naming files.
+// Copying and naming files, and the platform's calls on wide paths.
 #include "zelbasictypes/files/fileoperations.h"
 
 #include "component/objects/services/idatastore.h"
 #include "component/objects/sptr.h"
 #include "platform/clock.h"
-#include "platform/file.h"
+#include "zelbasictypes/files/filedevice.h"
 #include "zelbasictypes/files/pathoperations.h"
-#include "zelbasictypes/files/zelfstream.h"
+#include "zelbasictypes/files/zelopenmode.h"
 
-#include <memory>
-#include <string>
+#include <algorithm>
 
 namespace {
 
-constexpr std::streamsize copyBlock = 2048;
+class OpenFile {
+public:
+    template <class Path>
+    OpenFile(const Path& path, std::int32_t mode)
+        : fd(zeldevice::open(path, zeldevice::flagsOf(mode))) {}
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+    ~OpenFile() {
+        if (fd != -1) platform::close(fd);
+    }
+    explicit operator bool() const { return fd != -1; }
 
-struct FileCloser {
-    void operator()(std::FILE* file) const { std::fclose(file); }
+    const std::int32_t fd;
 };
-using OpenFile = std::unique_ptr<std::FILE, FileCloser>;
 
-/// Whether nobody holds the file open.
-bool isFree(const KorString& path) {
-    const platform::Descriptor file =
-        platform::open(path.c_str(), platform::open_flag::readOnly, platform::share::denyReadWrite);
-    if (file == -1) return false;
-    platform::close(file);
-    return true;
-}
+/// When the copying of one file is over.
+enum class Ending { atShortRead, whenNothingMoves };
 
-bool isSamePath(KorString a, KorString b) {
-    makeAbsolute(a);
-    makeAbsolute(b);
-    return pathEqual(a, b);
-}
-
-/// Whether both names lead to one file, through links too: opening the one makes the other busy.
-/// Where others hold the file already, the names must do.
-bool isSameFile(const KorString& a, const KorString& b) {
-    if (!isFile(b)) return false;
-    if (!isFree(b)) return isSamePath(a, b);
-    const ZelIfstream opened(a, zelmode::readBinary);
-    return opened.isOpen() && !isFree(b);
-}
-
-void copyContents(std::istream& from, std::ostream& to) {
-    char block[copyBlock];
-    std::streamsize got = 0;
+/// The system moves what it can, and the rest goes through here. A source that has no more just
+/// now, such as a pipe, ends the one copy and is waited for in the other.
+void copyContents(const OpenFile& from, const OpenFile& to, Ending ending) {
+    platform::moveRange(from.fd, to.fd);
+    char block[0x10000];
+    std::int64_t got = 0;
+    std::int64_t put = 0;
     do {
-        got = from.rdbuf()->sgetn(block, copyBlock);
-        to.write(block, got);
-    } while (got == copyBlock);
+        got = zeldevice::read(from.fd, block, sizeof block);
+        if (got > 0) put = zeldevice::write(to.fd, block, got);
+    } while (ending == Ending::atShortRead ? got == sizeof block : got > 0 && put > 0);
+}
+
+bool isSameFile(const KorString& a, const KorString& b) {
+    return platform::isSameFile(a.c_str(), b.c_str());
+}
+
+bool isSameFile(const char* a, const char* b) { return platform::isSameFile(a, b); }
+
+template <class Path> bool copyOne(const Path& from, const Path& to, Ending ending) {
+    const OpenFile source(from, zelmode::readBinary);
+    if (!source) return false;
+    if (isSameFile(from, to)) return true;
+    const OpenFile target(to, zelmode::writeBinary);
+    if (!target) return false;
+    copyContents(source, target, ending);
+    return true;
 }
 
 } // namespace
 
-std::FILE* zelOpenFile(const KorString& path, const char* mode) {
-    if (path.isEmpty()) return nullptr;
-    return platform::openStream(path.c_str(), KorString(mode).c_str());
+std::int32_t accessPath(const KorString& path, std::int32_t mode) {
+    return platform::access(path.c_str(), mode);
+}
+
+std::int32_t statPath(const KorString& path, platform::FileStatus* record) {
+    return platform::stat(path.c_str(), record);
+}
+
+void unlinkPath(const KorString& path) { platform::unlink(path.c_str()); }
+
+bool makeDirectoryOnce(const KorString& path) { return platform::makeDirectory(path.c_str()) == 0; }
+
+bool makeDirectoryOnce(const char* path) { return platform::makeDirectory(path) == 0; }
+
+bool writeChunked(const void* data, std::FILE* file, std::int64_t total, std::int64_t chunk) {
+    const char* from = static_cast<const char*>(data);
+    while (total > 0) {
+        if (chunk < 1) return false;
+        const auto piece = static_cast<std::size_t>(std::min(total, chunk));
+        if (std::fwrite(from, 1, piece, file) != piece) return false;
+        from += piece;
+        total -= static_cast<std::int64_t>(piece);
+    }
+    return true;
 }
 
 bool copyFile(const KorString& from, const KorString& to) {
-    if (isSameFile(from, to)) return true;
-    ZelIfstream source(from, zelmode::readBinary);
-    if (!source) return false;
-    ZelOfstream target(to, zelmode::writeBinary);
-    if (!target) return false;
-    copyContents(source, target);
-    return true;
+    return copyOne(from, to, Ending::atShortRead);
 }
 
 bool copyFile(const char* from, const char* to) {
     if (!from || !to || !*from || !*to) return false;
-    if (isSameFile(KorString::fromUtf8(from), KorString::fromUtf8(to))) return true;
-    const OpenFile source(platform::openStream(from, "rb"));
-    if (!source) return false;
-    const OpenFile target(platform::openStream(to, "wb"));
-    if (!target) return false;
-    char block[copyBlock];
-    std::size_t got = 0;
-    do {
-        got = std::fread(block, 1, sizeof block, source.get());
-    } while (got > 0 && std::fwrite(block, 1, got, target.get()) > 0);
-    return true;
+    return copyOne(from, to, Ending::whenNothingMoves);
 }
 
 bool makeTempName(KorString& out) {

@@ -5,9 +5,10 @@
 #include "component/objects/services/izeldirservice.h"
 #include "component/objects/sptr.h"
 #include "platform/file.h"
+#include "zelbasictypes/files/filedevice.h"
 #include "zelbasictypes/files/zeldiriterator.h"
 
-#include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -23,7 +24,11 @@ bool isOfType(const KorString& path, std::uint32_t type) {
     return platform::stat(full.c_str(), &status) == 0 && hasType(status, type);
 }
 
+/// A drive alone needs its root in either form.
 bool isOfType(const char* path, std::uint32_t type) {
+    if (!path) return false;
+    const std::string_view given(path);
+    if (given.size() == 2 && given[1] == ':') return isOfType(KorString(path), type);
     platform::FileStatus status;
     return platform::stat(path, &status) == 0 && hasType(status, type);
 }
@@ -94,9 +99,9 @@ bool isDirectory(const KorString& path) { return isOfType(path, platform::file_m
 
 bool isDirectory(const char* path) { return isOfType(path, platform::file_mode::directory); }
 
-std::int32_t removeFile(const KorString& path) { return platform::unlink(path.c_str()); }
+std::int32_t removeFile(const KorString& path) { return platform::remove(path.c_str()); }
 
-std::int32_t removeFile(const char* path) { return platform::unlink(path); }
+std::int32_t removeFile(const char* path) { return platform::remove(path); }
 
 bool renamePath(const KorString& from, const KorString& to) {
     return platform::rename(from.c_str(), to.c_str()) == 0;
@@ -109,7 +114,7 @@ bool makeDirectory(const KorString& path, bool recursive) {
 }
 
 bool makeDirectory(const char* path, bool recursive) {
-    return recursive ? makeWithParents(KorString::fromUtf8(path)) : makeOne(path);
+    return recursive ? makeWithParents(zeldevice::widened(path)) : makeOne(path);
 }
 
 bool removeDirectory(const KorString& path, bool recursive) {
@@ -119,7 +124,7 @@ bool removeDirectory(const KorString& path, bool recursive) {
 }
 
 bool removeDirectory(const char* path, bool recursive) {
-    if (recursive) return removeDirectory(KorString::fromUtf8(path), true);
+    if (recursive) return removeDirectory(zeldevice::widened(path), true);
     return platform::removeDirectory(path) == 0;
 }
 

@@ -3,10 +3,15 @@
 //
 // The separator is the backslash, and paths compare without regard to case. Operations with an
 // `out` leave their input alone, and `out` may be that input; the others change the path in place.
-// Those that take a `char*` behave as their wide twins, through the narrow form.
+// Those that take a `char*` behave as their wide twins, through the system's narrow calls.
 #pragma once
 
 #include "zelbasictypes/files/zelpath.h"
+
+/// Borrowed texts that last: "\", "/" and ".".
+const KorString& pathBackslash();
+const KorString& pathSlash();
+const KorString& pathFullStop();
 
 // Texts; none of these looks at the file system, but for the current directory of makeAbsolute.
 
@@ -62,6 +67,12 @@ bool makeDirectory(const char* path, bool recursive);
 /// `recursive` first removes what can be removed below it; the result is that of the directory.
 bool removeDirectory(const KorString& path, bool recursive);
 bool removeDirectory(const char* path, bool recursive);
+/// Renames, where that can be done. Otherwise a file is copied, and of a directory each entry is
+/// moved into `to`, over files that are there; a file that can't be renamed is copied and stays, as
+/// `from` does itself. False when a copy or a directory failed; true also for a path that leads
+/// nowhere. A link that leads back to where the move came from or goes to stays where it is.
+bool moveTree(const KorString& from, const KorString& to);
+bool moveTree(const char* from, const char* to);
 /// The host's directory of that name, such as "temp"; empty without a directory service. Borrowed
 /// from the service.
 const KorString& zelDirectory(const char* name);

@@ -54,6 +54,21 @@ std::size_t lastSeparator(View front) {
 
 } // namespace
 
+const KorString& pathBackslash() {
+    static const KorString piece = KorString::borrow(u"\\", "\\");
+    return piece;
+}
+
+const KorString& pathSlash() {
+    static const KorString piece = KorString::borrow(u"/", "/");
+    return piece;
+}
+
+const KorString& pathFullStop() {
+    static const KorString piece = KorString::borrow(u".", ".");
+    return piece;
+}
+
 void normalize(KorString& path) {
     if (isNormal(path.view())) return;
     std::u16string text(path.view());
@@ -93,9 +108,9 @@ void parentDirectory(const KorString& path, KorString& out) {
     const View text = path.view();
     const std::size_t at = text.find_last_of(separators);
     if (at == npos) {
-        out = KorString::borrow(u".");
+        out = pathFullStop();
     } else if (at == 0) {
-        out = KorString::borrow(u"\\");
+        out = pathBackslash();
     } else {
         store(out, text.substr(0, at));
     }
@@ -173,4 +188,4 @@ bool pathEqual(const KorString& a, const KorString& b) { return a.toLower() == b
 
 bool pathNotEqual(const KorString& a, const KorString& b) { return !pathEqual(a, b); }
 
-ZelPath rootPath() { return ZelPath(KorString::borrow(u"\\")); }
+ZelPath rootPath() { return ZelPath(pathBackslash()); }

@@ -15,11 +15,10 @@ bool ZelDirEntry::hasType(std::uint32_t type) const {
     return valid_ && (stat_.mode & platform::file_mode::type) == type;
 }
 
-bool ZelDirEntry::isDirectoryNamed(const char* name) const {
+bool ZelDirEntry::isDirectoryNamed(std::u16string_view name) const {
     if (!isDirectory()) return false;
-    KorString own;
-    fileName(path_, own, true);
-    return own == name;
+    const std::u16string_view path = path_.view();
+    return path.substr(path.rfind(u'\\') + 1) == name;
 }
 
 ZelDirIterator::ZelDirIterator(const KorString* walked, bool withoutDots)
@@ -29,13 +28,15 @@ ZelDirIterator::~ZelDirIterator() { close(); }
 
 void ZelDirIterator::begin() {
     close();
-    KorString full;
-    withDriveRoot(*directory, full);
-    std::u16string name;
-    search = platform::findFirst(full.c_str(), name);
+    KorString root;
+    withDriveRoot(*directory, root);
+    search = platform::findFirst(root.c_str(), name);
     done = search == nullptr;
     if (done) return;
-    take(name);
+    // What every path begins with, brought to normal form once.
+    full = ZelPath(*directory, KorString::borrow(u"x")).view();
+    prefixLength = full.size() - 1;
+    take();
     skipUnwanted();
 }
 
@@ -46,13 +47,21 @@ void ZelDirIterator::next() {
 }
 
 void ZelDirIterator::step() {
-    std::u16string name;
     done = !platform::findNext(search, name);
-    if (!done) take(name);
+    if (!done) take();
 }
 
-void ZelDirIterator::take(const std::u16string& name) {
-    entry_ = ZelDirEntry(*directory, KorString(name.c_str()));
+/// As the constructor of an entry, but for the texts made and the way walked anew. Without a
+/// directory the search is over the root, and the state that of a name in the current directory.
+void ZelDirIterator::take() {
+    if (prefixLength == 0) {
+        entry_ = ZelDirEntry(*directory, KorString(name.c_str()));
+        return;
+    }
+    full.replace(prefixLength, std::u16string::npos, name);
+    entry_.path_.assign(full.c_str(), static_cast<std::int32_t>(full.size()));
+    entry_.stat_ = {};
+    entry_.valid_ = platform::statFound(search, &entry_.stat_) == 0;
 }
 
 void ZelDirIterator::skipUnwanted() {
@@ -62,6 +71,13 @@ void ZelDirIterator::skipUnwanted() {
 void ZelDirIterator::close() {
     if (search) platform::findClose(search);
     search = nullptr;
+}
+
+std::vector<ZelDirEntry> entriesOf(const KorString& directory) {
+    std::vector<ZelDirEntry> result;
+    ZelDirIterator entries(&directory, true);
+    for (entries.begin(); !entries.isDone(); entries.next()) result.push_back(entries.entry());
+    return result;
 }
 
 std::int32_t entryCount(const KorString& directory) {

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <new>
 
 namespace {
 
@@ -66,23 +67,26 @@ ZelFdStreambuf* ZelFdStreambuf::close() {
 }
 
 void ZelFdStreambuf::setBufferSize(std::int64_t bytes) {
-    if (buffer || ownsBuffer) return;
-    buffer = new char[static_cast<std::size_t>(bytes)];
+    if (buffer || ownsBuffer || bytes < 0) return;
+    buffer = new (std::nothrow) char[static_cast<std::size_t>(bytes)];
+    if (!buffer) return;
     ownsBuffer = true;
     bufferSize = bytes;
 }
 
 void ZelFdStreambuf::freeBuffer() {
-    if (!ownsBuffer) return;
-    delete[] buffer;
+    if (ownsBuffer) delete[] buffer;
     buffer = nullptr;
+    bufferSize = 0;
     ownsBuffer = false;
+    emptyGetArea();
+    clearPutArea();
 }
 
 ZelFdStreambuf* ZelFdStreambuf::setBuffer(char* area, std::int64_t bytes) {
     freeBuffer();
     buffer = area;
-    bufferSize = bytes;
+    bufferSize = area ? bytes : 0;
     emptyGetArea();
     clearPutArea();
     return this;
@@ -109,26 +113,32 @@ bool ZelFdStreambuf::flush() {
     return true;
 }
 
+/// Begins a put area with its first character, or writes that alone where the buffer has no room.
+ZelFdStreambuf::int_type ZelFdStreambuf::startPutArea(int_type c) {
+    const char value = Traits::to_char_type(c);
+    if (bufferSize <= 1) return zeldevice::write(fd, &value, 1) == 1 ? c : Traits::eof();
+    emptyGetArea();
+    setp(buffer, buffer + bufferSize - 1);
+    *pptr() = value;
+    pbump(1);
+    return c;
+}
+
 /// The put area is one byte shorter than the buffer, so that the character which fills it up goes
-/// out with the rest.
+/// out with the rest. After a failure that byte is taken, and nothing more goes in before the area
+/// could be written.
 ZelFdStreambuf::int_type ZelFdStreambuf::overflow(int_type c) {
     if (isRefused(forOutput, reading)) return Traits::eof();
     state |= writing;
-    const char value = Traits::to_char_type(c);
-    if (Traits::eq_int_type(c, Traits::eof())) return flush() ? c : Traits::eof();
-    if (pptr() == pbase()) {
-        if (bufferSize <= 1) return zeldevice::write(fd, &value, 1) == 1 ? c : Traits::eof();
-        emptyGetArea();
-        setp(buffer, buffer + bufferSize - 1);
-        *pptr() = value;
-        pbump(1);
-        return c;
+    const bool isFull = pptr() > epptr();
+    if (Traits::eq_int_type(c, Traits::eof()) || isFull) {
+        if (!flush()) return Traits::eof();
+        return isFull && !Traits::eq_int_type(c, Traits::eof()) ? startPutArea(c) : c;
     }
-    *pptr() = value;
+    if (pptr() == pbase()) return startPutArea(c);
+    *pptr() = Traits::to_char_type(c);
     pbump(1);
-    if (flush()) return c;
-    pbump(-1);
-    return Traits::eof();
+    return flush() ? c : Traits::eof();
 }
 
 ZelFdStreambuf::int_type ZelFdStreambuf::underflow() {

@@ -32,12 +32,16 @@ public:
     ZelFdStreambuf* close();
     bool isOpen() const { return fd != -1; }
 
-    /// In effect only before the first open; 1024 bytes otherwise.
+    /// In effect only before the first open, and for what memory has room for; 1024 bytes
+    /// otherwise.
     void setBufferSize(std::int64_t bytes);
+    /// Drops what waits, and the buffer, which is freed when it is our own. Without a buffer single characters are
+    /// written one by one and not read but by `sbumpc`.
     void freeBuffer();
-    /// `area` stays the caller's and must outlive its use here.
+    /// `area` stays the caller's and must outlive its use here. What waits is dropped.
     virtual ZelFdStreambuf* setBuffer(char* area, std::int64_t bytes);
 
+    /// As `sgetn`: the number read, 0 also on failure; of the writing ones, -1 is a failure.
     /// Both read `count` bytes into memory that has room for them, whatever `capacity` says.
     virtual std::streamsize readBlock(char* out, std::int64_t capacity, std::streamsize count);
     virtual std::streamsize readBlockInto(char* out, std::int64_t capacity, std::streamsize count);
@@ -61,6 +65,7 @@ protected:
 private:
     ZelFdStreambuf* begin(std::int32_t descriptor, std::int32_t mode);
     bool flush();
+    int_type startPutArea(int_type c);
     bool isRefused(std::int32_t needed, std::int32_t excluded) const;
     void emptyGetArea() { setg(buffer, buffer, buffer); }
     void clearPutArea() { setp(nullptr, nullptr); }

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: Apache-2.0
+// The matching of glob patterns, for both widths of text.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+namespace zelglob {
+
+struct BlockFreer {
+    void operator()(unsigned char* block) const;
+};
+/// A set of places in a pattern, one byte a place.
+using States = std::unique_ptr<unsigned char[], BlockFreer>;
+
+/// An empty set for a pattern of `length` characters, whose end is a place too.
+States makeStates(std::int32_t length);
+
+/// Carries the set of all places that the pattern can have reached from character to character of
+/// the text, so that nothing is ever tried twice. `before` and `after` are sets of makeStates.
+template <class Unit>
+bool matches(std::basic_string_view<Unit> pattern, std::basic_string_view<Unit> text,
+             unsigned char* before, unsigned char* after);
+
+extern template bool matches(std::string_view, std::string_view, unsigned char*, unsigned char*);
+extern template bool matches(std::u16string_view, std::u16string_view, unsigned char*,
+                             unsigned char*);
+
+} // namespace zelglob
