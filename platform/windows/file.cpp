@@ -5,6 +5,7 @@
 #include "platform/windows/widetext.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <fcntl.h>
 #include <io.h>
 #include <share.h>
@@ -24,6 +25,13 @@ constexpr std::uint64_t transferLimit = 0x7FFFFFFF;
 
 unsigned cut(std::uint64_t lengthBytes) {
     return static_cast<unsigned>(std::min(lengthBytes, transferLimit));
+}
+
+/// The library ends the process over a mode that isn't one.
+template <class Unit> bool isMode(const Unit* mode) {
+    if (*mode == 'r' || *mode == 'w' || *mode == 'a') return true;
+    errno = EINVAL;
+    return false;
 }
 
 /// Modes are short and plain.
@@ -63,18 +71,26 @@ std::int64_t moveRange(Descriptor, Descriptor) { return 0; }
 bool close(Descriptor file) { return ::_close(file) == 0; }
 
 std::FILE* openStream(const char16_t* path, const char16_t* mode) {
+    if (!isMode(mode)) return nullptr;
     return ::_wfopen(wide(path), wide(withoutInheritance(mode).c_str()));
 }
 
 std::FILE* openStream(const char* path, const char* mode) {
+    if (!isMode(mode)) return nullptr;
     return std::fopen(path, withoutInheritance(mode).c_str());
 }
 
 std::FILE* reopenStream(const char16_t* path, const char16_t* mode, std::FILE* stream) {
+    if (!isMode(mode)) {
+        std::fclose(stream);
+        return nullptr;
+    }
     return ::_wfreopen(wide(path), wide(withoutInheritance(mode).c_str()), stream);
 }
 
-std::FILE* streamOf(Descriptor file, const char* mode) { return ::_fdopen(file, mode); }
+std::FILE* streamOf(Descriptor file, const char* mode) {
+    return isMode(mode) ? ::_fdopen(file, mode) : nullptr;
+}
 
 bool seekStream(std::FILE* stream, std::int64_t offset, std::int32_t origin) {
     return ::_fseeki64(stream, offset, origin) == 0;

@@ -218,6 +218,46 @@ TEST_F(File, AnswersNarrowAndWidePathsAlike) {
     EXPECT_FALSE(scratch.has("directory"));
 }
 
+TEST_F(File, IsKnownUnderAllItsNames) {
+    scratch.write("file", "1");
+    scratch.write("other", "1");
+    const std::u16string file = scratch.path(u"file"), other = scratch.path(u"other");
+    EXPECT_TRUE(isSameFile(file.c_str(), (scratch.path(u".") + u"\\file").c_str()));
+    EXPECT_TRUE(isSameFile(scratch.path().c_str(), scratch.path(u".").c_str()));
+    EXPECT_FALSE(isSameFile(file.c_str(), other.c_str()));
+    EXPECT_FALSE(isSameFile(scratch.path(u"no").c_str(), scratch.path(u"no").c_str()));
+    EXPECT_TRUE(isSameFile(scratch.narrow("file").c_str(), scratch.narrow("file").c_str()));
+    std::error_code failed;
+    std::filesystem::create_hard_link(scratch.root / "file", scratch.root / "link", failed);
+    if (!failed) {
+        EXPECT_TRUE(isSameFile(file.c_str(), scratch.path(u"link").c_str()));
+    }
+    const std::u16string widened = widePath(scratch.narrow("file").c_str());
+    EXPECT_TRUE(isSameFile(widened.c_str(), file.c_str()));
+}
+
+TEST_F(File, IsMovedByTheSystemFromTheOnePositionToTheOther) {
+    scratch.write("file", std::string(100000, 'a') + "tail");
+    scratch.write("target", "head----");
+    const Descriptor from = openHere(reading);
+    const Descriptor to = open(scratch.path(u"target").c_str(), making);
+    EXPECT_EQ(seek(from, 10, 0), 10);
+    EXPECT_EQ(seek(to, 4, 0), 4);
+    const std::int64_t moved = moveRange(from, to);
+    EXPECT_TRUE(moved >= 0 && moved <= 99994) << moved;
+    EXPECT_EQ(seek(from, 0, 1), 10 + moved);
+    EXPECT_EQ(seek(to, 0, 1), 4 + moved);
+    close(to);
+    EXPECT_EQ(moveRange(from, -1), 0);
+    close(from);
+    const std::string expected = std::string(99990, 'a') + "tail";
+    const std::string content = scratch.read("target");
+    EXPECT_EQ(content.substr(0, 4), "head");
+    EXPECT_EQ(content.compare(4, static_cast<std::size_t>(moved), expected, 0,
+                              static_cast<std::size_t>(moved)),
+              0);
+}
+
 TEST_F(File, IsFoundFromTheCurrentDirectory) {
     const std::u16string before = currentDirectory();
     ASSERT_FALSE(before.empty());

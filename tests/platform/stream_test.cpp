@@ -48,6 +48,8 @@ INSTANTIATE_TEST_SUITE_P(, Modes,
                                          Mode{"r+b", true, "+ld"}, Mode{"rb+", false, nullptr},
                                          Mode{"wb", true, "+"}, Mode{"w", false, "+"},
                                          Mode{"w+b", true, "+"}, Mode{"ab", true, "old+"},
+                                         Mode{"wxb", true, nullptr}, Mode{"wxb", false, "+"},
+                                         Mode{"xb", false, nullptr}, Mode{"", false, nullptr},
                                          Mode{"a+", false, "+"}),
                          [](const auto& given) { return nameOf(given.param); });
 
@@ -73,6 +75,17 @@ TEST(Stream, ReopenedGoesOnInTheOtherFile) {
     EXPECT_EQ(scratch.read("third"), "three") << "closed all the same";
 }
 
+TEST(Stream, MayBeTemporary) {
+    const Scratch scratch;
+    std::FILE* stream = openStream(scratch.path(u"file").c_str(), u"w+bD");
+    ASSERT_NE(stream, nullptr);
+    std::fputs("text", stream);
+    std::rewind(stream);
+    EXPECT_EQ(std::fgetc(stream), 't');
+    std::fclose(stream);
+    EXPECT_FALSE(scratch.has("file"));
+}
+
 TEST(Stream, TakesADescriptorOver) {
     const Scratch scratch;
     const Descriptor file = open(scratch.path(u"file").c_str(),
@@ -82,6 +95,13 @@ TEST(Stream, TakesADescriptorOver) {
     std::fputs("text", stream);
     std::fclose(stream);
     EXPECT_EQ(scratch.read("file"), "text");
+
+    const Descriptor again = open(scratch.path(u"file").c_str(), open_flag::readOnly);
+    EXPECT_EQ(streamOf(again, "z"), nullptr);
+    std::FILE* both = streamOf(again, "r+b");
+    ASSERT_NE(both, nullptr) << "what the descriptor doesn't allow fails later";
+    EXPECT_EQ(std::fgetc(both), 't');
+    std::fclose(both);
 }
 
 } // namespace

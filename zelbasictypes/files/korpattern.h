@@ -4,8 +4,9 @@
 // "*" stands for any text, also none, "?" for one character, "[abc]" and "[a-z]" for one of a set;
 // everything else stands for itself. There is no negation and no escape. A set ends at the first
 // "]" behind its "[", so that an empty one matches nothing, and so does a "[" without its "]". Both
-// ends of a range and the dash itself belong to the set, and a "[" of the text matches a "[" of the
-// pattern, set or not. Narrow characters are bytes and compare as unsigned numbers.
+// ends of a range and the dash itself belong to the set, a dash in front of the "]" makes a range
+// up to that, and a "[" of the text matches a "[" of the pattern, set or not. Narrow characters are
+// bytes and compare as unsigned numbers.
 //
 // A pattern belongs to one thread at a time: matching uses memory of its own.
 #pragma once

@@ -17,6 +17,7 @@ constexpr std::int32_t reading = 4;
 constexpr std::int32_t writing = 8;
 
 constexpr std::int64_t standardBufferSize = 1024;
+constexpr std::int64_t greatestBuffer = 0x7FFFFFFF; ///< what one transfer takes
 
 using Traits = std::char_traits<char>;
 
@@ -67,7 +68,7 @@ ZelFdStreambuf* ZelFdStreambuf::close() {
 }
 
 void ZelFdStreambuf::setBufferSize(std::int64_t bytes) {
-    if (buffer || ownsBuffer || bytes < 0) return;
+    if (buffer || ownsBuffer || bytes < 0 || bytes > greatestBuffer) return;
     buffer = new (std::nothrow) char[static_cast<std::size_t>(bytes)];
     if (!buffer) return;
     ownsBuffer = true;
@@ -86,7 +87,7 @@ void ZelFdStreambuf::freeBuffer() {
 ZelFdStreambuf* ZelFdStreambuf::setBuffer(char* area, std::int64_t bytes) {
     freeBuffer();
     buffer = area;
-    bufferSize = area ? bytes : 0;
+    bufferSize = area ? std::min(bytes, greatestBuffer) : 0;
     emptyGetArea();
     clearPutArea();
     return this;

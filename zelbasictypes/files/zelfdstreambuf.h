@@ -32,11 +32,11 @@ public:
     ZelFdStreambuf* close();
     bool isOpen() const { return fd != -1; }
 
-    /// In effect only before the first open, and for what memory has room for; 1024 bytes
-    /// otherwise.
+    /// In effect only before the first open, and for 0 to 0x7FFFFFFF bytes that there is memory
+    /// for; 1024 bytes otherwise.
     void setBufferSize(std::int64_t bytes);
-    /// Drops what waits, and the buffer, which is freed when it is our own. Without a buffer single characters are
-    /// written one by one and not read but by `sbumpc`.
+    /// Drops what waits, and the buffer, which is freed when it is our own. Without a buffer single
+    /// characters are written one by one and not read but by `sbumpc`.
     void freeBuffer();
     /// `area` stays the caller's and must outlive its use here. What waits is dropped.
     virtual ZelFdStreambuf* setBuffer(char* area, std::int64_t bytes);

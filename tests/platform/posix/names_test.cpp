@@ -103,6 +103,16 @@ TEST_F(Names, OfRandomPiecesLeadBackToTheirFiles) {
     EXPECT_TRUE(entries(scratch.path()).empty());
 }
 
+TEST_F(Names, HaveAWideFormAlsoWhenTheyCameAsBytes) {
+    for (const char* name : {"plain", "\xe9t\xe9", "\xf0\x9f\x98\x80", "\xed\xa0\x80"}) {
+        make(name);
+        const std::string narrow = scratch.root.string() + '\\' + name;
+        EXPECT_EQ(access(narrow.c_str(), 0), 0) << testing::PrintToString(name);
+        EXPECT_EQ(unlink(widePath(narrow.c_str()).c_str()), 0) << testing::PrintToString(name);
+        EXPECT_FALSE(isThere(name));
+    }
+}
+
 TEST_F(Names, OfTheCurrentDirectoryMayBeLongAndStrange) {
     const std::u16string before = currentDirectory();
     std::u16string path = scratch.path();

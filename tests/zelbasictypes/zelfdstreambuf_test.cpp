@@ -1,0 +1,282 @@
+// SPDX-License-Identifier: Apache-2.0
+// The buffer of file streams: its two directions, what passes it by, and hostile positions.
+#include "zelbasictypes/files/zelfdstreambuf.h"
+
+#include "platform/file.h"
+#include "tests/zelbasictypes/assertioncounter.h"
+#include "tests/zelbasictypes/temporarydirectory.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <limits>
+#include <string>
+
+namespace {
+
+constexpr int eof = std::char_traits<char>::eof();
+constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
+const std::streampos nowhere(std::streamoff(-1));
+namespace mode = zelmode;
+
+class FdStreambuf : public testing::Test {
+protected:
+    KorString path(const std::string& name = "file") const { return directory.path(name); }
+    std::string contents(const std::string& name = "file") const { return directory.read(name); }
+
+    TemporaryDirectory directory;
+};
+
+} // namespace
+
+TEST_F(FdStreambuf, AnOpenBufferKeepsItsFile) {
+    directory.write("file", "abc");
+    directory.write("other", "xyz");
+    ZelFdStreambuf buffer;
+    EXPECT_EQ(buffer.close(), nullptr);
+    EXPECT_EQ(buffer.pubseekoff(0, std::ios_base::beg), std::streampos(-1));
+    ASSERT_EQ(buffer.open(path(), mode::readBinary), &buffer);
+    EXPECT_EQ(buffer.open(path("other"), mode::readBinary), nullptr);
+    EXPECT_EQ(buffer.attach(0, mode::in), nullptr);
+    EXPECT_EQ(buffer.sgetc(), 'a');
+    EXPECT_EQ(buffer.close(), &buffer);
+    EXPECT_EQ(buffer.attach(-1, mode::in), nullptr);
+    const std::int32_t fd = platform::open(path("other").c_str(), 0);
+    ASSERT_EQ(buffer.attach(fd, mode::in), &buffer);
+    EXPECT_EQ(buffer.sgetc(), 'x');
+}
+
+TEST_F(FdStreambuf, CharactersOfOneDirectionShutTheOtherOutUntilASeek) {
+    directory.write("file", "abcdef");
+    ZelFdStreambuf buffer;
+    buffer.open(path(), mode::in | mode::out | mode::binary);
+    EXPECT_EQ(buffer.sgetc(), 'a');
+    EXPECT_EQ(buffer.sputc('X'), eof);
+    EXPECT_EQ(buffer.pubseekoff(2, std::ios_base::beg), std::streampos(2));
+    EXPECT_EQ(buffer.sputc('X'), 'X');
+    EXPECT_EQ(buffer.sgetc(), eof);
+    EXPECT_EQ(buffer.sbumpc(), eof);
+    EXPECT_EQ(buffer.pubseekpos(0), std::streampos(0));
+    EXPECT_EQ(contents(), "abXdef");
+    EXPECT_EQ(buffer.sgetc(), 'a');
+    EXPECT_EQ(buffer.sputn("YZ", 2), 2);
+    EXPECT_EQ(contents(), "abXdefYZ");
+}
+
+TEST_F(FdStreambuf, ReadsEveryByteAndThenTheEnd) {
+    std::string all;
+    for (int i = 0; i < 3000; ++i) all += static_cast<char>(i % 256);
+    all += '\xFF';
+    directory.write("file", all);
+    ZelFdStreambuf peeked;
+    peeked.open(path(), mode::readBinary);
+    EXPECT_EQ(peeked.in_avail(), -1);
+    for (const char c : all) {
+        ASSERT_EQ(peeked.sgetc(), static_cast<unsigned char>(c));
+        peeked.sbumpc();
+    }
+    EXPECT_EQ(peeked.sgetc(), eof);
+    ZelFdStreambuf bumped;
+    bumped.open(path(), mode::readBinary);
+    for (const char c : all) ASSERT_EQ(bumped.sbumpc(), static_cast<unsigned char>(c));
+    EXPECT_EQ(bumped.sbumpc(), eof);
+    ZelFdStreambuf whole;
+    whole.open(path(), mode::readBinary);
+    std::string block(all.size() + 10, '\0');
+    const auto wanted = static_cast<std::streamsize>(block.size());
+    EXPECT_EQ(whole.sgetn(block.data(), wanted), wanted - 10);
+    EXPECT_EQ(block.substr(0, all.size()), all);
+}
+
+TEST_F(FdStreambuf, PutsBackWhatItHasRead) {
+    directory.write("file", "abc");
+    ZelFdStreambuf buffer;
+    buffer.open(path(), mode::readBinary);
+    EXPECT_EQ(buffer.sgetc(), 'a');
+    EXPECT_EQ(buffer.in_avail(), 3);
+    buffer.sbumpc();
+    EXPECT_EQ(buffer.sputbackc('a'), 'a');
+    buffer.sbumpc();
+    EXPECT_EQ(buffer.sputbackc('z'), eof);
+    buffer.pubseekpos(2);
+    EXPECT_EQ(buffer.sungetc(), 'b');
+    buffer.pubseekpos(0);
+    EXPECT_EQ(buffer.sungetc(), eof);
+}
+
+TEST_F(FdStreambuf, WritesCharactersByTheFullBuffer) {
+    const std::pair<std::int64_t, std::size_t> cases[] = {{0, 1024}, {1, 1}, {2, 2}, {7, 7}};
+    for (const auto& [wanted, step] : cases) {
+        ZelFdStreambuf buffer;
+        if (wanted) buffer.setBufferSize(wanted);
+        ASSERT_EQ(buffer.open(path(), mode::writeBinary), &buffer);
+        std::string all;
+        for (std::size_t i = 0; i < 2 * step + 1; ++i) {
+            all += static_cast<char>('a' + i % 26);
+            ASSERT_EQ(buffer.sputc(all.back()), all.back());
+            ASSERT_EQ(contents().size(), all.size() / step * step) << wanted;
+        }
+        EXPECT_EQ(buffer.pubsync(), 0);
+        EXPECT_EQ(contents(), all);
+        buffer.sputc('!');
+        buffer.close();
+        EXPECT_EQ(contents(), all + "!");
+    }
+}
+
+TEST_F(FdStreambuf, WorksOnABufferOfTheCaller) {
+    char area[4];
+    ZelFdStreambuf buffer;
+    EXPECT_EQ(buffer.setBuffer(area, sizeof area), &buffer);
+    buffer.setBufferSize(100);
+    buffer.open(path(), mode::writeBinary);
+    for (const char c : std::string("abcde")) buffer.sputc(c);
+    EXPECT_EQ(contents(), "abcd");
+    EXPECT_EQ(area[1], 'b');
+}
+
+TEST_F(FdStreambuf, AModeWithoutDirectionIsAnAssertion) {
+    const AssertionCounter assertions;
+    ZelFdStreambuf buffer;
+    EXPECT_EQ(buffer.open(path(), mode::binary | mode::trunc), nullptr);
+    EXPECT_EQ(assertions.last, "0");
+    EXPECT_FALSE(directory.has("file"));
+}
+
+TEST_F(FdStreambuf, SeeksToAnyPositionOrNowhere) {
+    directory.write("file", "abcdef");
+    ZelFdStreambuf buffer;
+    buffer.open(path(), mode::in | mode::out | mode::binary);
+    struct {
+        std::int64_t position;
+        std::int64_t arrives; ///< -1 when the device refuses, and stays where it was
+        int next;             ///< what is read there
+    } const cases[] = {{0, 0, 'a'},          {5, 5, 'f'},
+                       {6, 6, eof},          {7, 7, eof},
+                       {-1, -1, eof},        {std::int64_t{1} << 40, std::int64_t{1} << 40, eof},
+                       {INT64_MIN, -1, eof}, {0, 0, 'a'}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(buffer.pubseekpos(c.position), std::streampos(c.arrives)) << c.position;
+        EXPECT_EQ(buffer.sgetc(), c.next) << c.position;
+    }
+    EXPECT_EQ(buffer.pubseekoff(-1, std::ios_base::beg), nowhere);
+    EXPECT_EQ(buffer.pubseekoff(1, std::ios_base::end), std::streampos(7));
+    EXPECT_EQ(buffer.sputc('!'), '!');
+    EXPECT_EQ(buffer.pubseekoff(-2, std::ios_base::end), std::streampos(6)) << "of 8 by now";
+    EXPECT_EQ(contents(), std::string("abcdef\0!", 8));
+    EXPECT_EQ(buffer.pubseekoff(-7, std::ios_base::cur), nowhere);
+    EXPECT_EQ(buffer.pubseekoff(-6, std::ios_base::cur), std::streampos(0));
+}
+
+TEST_F(FdStreambuf, CountsASeekFromTheDevicesPosition) {
+    directory.write("file", std::string(1000, 'a') + std::string(1000, 'b'));
+    ZelFdStreambuf buffer;
+    buffer.open(path(), mode::readBinary);
+    EXPECT_EQ(buffer.sgetc(), 'a');
+    EXPECT_EQ(buffer.in_avail(), 1024);
+    EXPECT_EQ(buffer.pubseekoff(0, std::ios_base::cur), std::streampos(1024));
+    EXPECT_EQ(buffer.in_avail(), -1) << "what waited is dropped";
+    EXPECT_EQ(buffer.sgetc(), 'b');
+    EXPECT_EQ(buffer.pubseekoff(-1999, std::ios_base::cur), std::streampos(1));
+}
+
+TEST_F(FdStreambuf, MovesBlocksPastTheBuffer) {
+    directory.write("file", "abcdefgh");
+    ZelFdStreambuf buffer;
+    buffer.setBufferSize(3);
+    buffer.open(path(), mode::in | mode::out | mode::binary);
+    char block[8] = {};
+    EXPECT_EQ(buffer.sgetc(), 'a');
+    EXPECT_EQ(buffer.sgetn(block, 2), 2);
+    EXPECT_EQ(std::string(block, 2), "de") << "three characters wait in the buffer";
+    EXPECT_EQ(buffer.sgetc(), 'a') << "and still do";
+    EXPECT_EQ(buffer.sputn("X", 1), 1);
+    EXPECT_EQ(contents(), "abcdeXgh");
+    EXPECT_EQ(buffer.readBlock(block, 0, 1), 1);
+    EXPECT_EQ(buffer.readBlockInto(block + 1, 0, 1), 1);
+    EXPECT_EQ(std::string(block, 2), "gh") << "whatever the capacity";
+
+    buffer.pubseekpos(0);
+    EXPECT_EQ(buffer.sputc('1'), '1');
+    EXPECT_EQ(contents(), "abcdeXgh");
+    EXPECT_EQ(buffer.sputn("2", 1), 1);
+    EXPECT_EQ(contents(), "12cdeXgh") << "a block is written behind what waited";
+    EXPECT_EQ(buffer.sgetn(block, 1), 1) << "and isn't refused";
+    EXPECT_EQ(block[0], 'c');
+}
+
+TEST_F(FdStreambuf, CutsCountsThatAreNone) {
+    directory.write("file", "abc");
+    ZelFdStreambuf buffer;
+    char block[8] = {};
+    EXPECT_EQ(buffer.sgetn(block, 1), 0) << "not open";
+    EXPECT_EQ(buffer.sputn(block, 1), -1);
+    EXPECT_EQ(buffer.sputc('x'), eof);
+    EXPECT_EQ(buffer.sgetc(), eof);
+    EXPECT_EQ(buffer.sungetc(), eof);
+    buffer.open(path(), mode::in | mode::out | mode::binary);
+    EXPECT_EQ(buffer.sgetn(block, -1), 0);
+    EXPECT_EQ(buffer.sgetn(block, 0), 0);
+    EXPECT_EQ(buffer.sputn(block, -1), 0);
+    EXPECT_EQ(buffer.sgetn(block, largest), 3) << "as many as there are";
+    EXPECT_EQ(std::string(block), "abc");
+    EXPECT_EQ(contents(), "abc");
+}
+
+TEST_F(FdStreambuf, TakesOnlyBufferSizesThatAreSome) {
+    for (const std::int64_t size :
+         {std::int64_t{-1}, std::numeric_limits<std::int64_t>::min(), largest}) {
+        directory.write("file", "");
+        ZelFdStreambuf buffer;
+        buffer.setBufferSize(size);
+        buffer.open(path(), mode::writeBinary);
+        for (int i = 0; i < 1025; ++i) buffer.sputc('x');
+        EXPECT_EQ(contents().size(), 1024U) << size;
+    }
+    ZelFdStreambuf none;
+    none.setBufferSize(0);
+    none.open(path(), mode::in | mode::out | mode::binary);
+    EXPECT_EQ(none.sputc('y'), 'y');
+    EXPECT_EQ(contents()[0], 'y') << "each character is written alone";
+    none.pubseekpos(0);
+    EXPECT_EQ(none.sgetc(), eof) << "no room to look ahead";
+    EXPECT_EQ(none.sbumpc(), 'y');
+}
+
+TEST_F(FdStreambuf, ThatWasTakenAwayIsMissedByNobody) {
+    directory.write("file", "abc");
+    ZelFdStreambuf buffer;
+    buffer.open(path(), mode::in | mode::out | mode::binary);
+    EXPECT_EQ(buffer.sgetc(), 'a');
+    buffer.freeBuffer();
+    EXPECT_EQ(buffer.sgetc(), eof);
+    buffer.pubseekpos(0);
+    EXPECT_EQ(buffer.sputc('X'), 'X');
+    EXPECT_EQ(contents(), "Xbc");
+    buffer.setBufferSize(2);
+    EXPECT_EQ(buffer.sputc('Y'), 'Y');
+    EXPECT_EQ(contents(), "Xbc") << "a new one serves again";
+    EXPECT_EQ(buffer.setBuffer(nullptr, largest), &buffer);
+    EXPECT_EQ(buffer.sputc('Z'), 'Z');
+    EXPECT_EQ(contents(), "XZc") << "what waited went with its buffer";
+}
+
+/// A descriptor that can't be written stands in for the full disk, and gives way to one that can.
+TEST_F(FdStreambuf, KeepsWhatItCouldNotWriteAndNothingMore) {
+    directory.write("file", "");
+    char area[6] = {'-', '-', '-', '-', '#', '#'};
+    ZelFdStreambuf buffer;
+    buffer.setBuffer(area, 4);
+    const std::int32_t fd = platform::open(path().c_str(), platform::open_flag::readOnly);
+    ASSERT_EQ(buffer.attach(fd, mode::out), &buffer);
+    for (const char c : {'a', 'b', 'c'}) EXPECT_EQ(buffer.sputc(c), c);
+    for (const char c : {'d', 'e', 'f', 'g'}) EXPECT_EQ(buffer.sputc(c), eof);
+    EXPECT_EQ(buffer.pubsync(), -1);
+    EXPECT_EQ(std::string(area, 6), "abcd##");
+    platform::close(fd);
+    ASSERT_EQ(platform::open(path().c_str(), platform::open_flag::writeOnly), fd);
+    EXPECT_EQ(buffer.sputc('h'), 'h');
+    EXPECT_EQ(contents(), "abcd");
+    buffer.close();
+    EXPECT_EQ(contents(), "abcdh");
+}
