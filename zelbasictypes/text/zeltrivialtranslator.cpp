@@ -12,7 +12,8 @@ namespace {
 constexpr std::size_t placeholderCount = 10;
 
 void fillFirst(KorString& text, std::int32_t n, const KorString& with) {
-    const std::string marker = "%" + std::to_string(n);
+    std::string marker("%");
+    marker += std::to_string(n);
     const std::int32_t start = text.find(marker.c_str());
     if (start < 0) return;
     text = text.replaced(start, start + static_cast<std::int32_t>(marker.size()), with);
