@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <set>
 #include <string>
@@ -147,6 +148,25 @@ TEST_F(PathFiles, WalksOneDirectory) {
     EXPECT_EQ(totalSize(directory.path("d")), 6);
 }
 
+TEST_F(PathFiles, JoinsTheDirectoryAsItIsWrittenWithEachName) {
+    directory.makeDirectory("d");
+    directory.write("d/file", "12345");
+    const std::u16string normal(directory.path("d").view());
+    std::u16string slashes = normal;
+    std::replace(slashes.begin(), slashes.end(), u'\\', u'/');
+    for (const std::u16string& form :
+         {normal, normal + u'\\', slashes, slashes + u'/', normal + u"\\.", normal + u"\\\\"}) {
+        const KorString walked(form.c_str());
+        const ZelDirEntry expected(walked, KorString("file"));
+        ZelDirIterator entries(&walked);
+        entries.begin();
+        ASSERT_FALSE(entries.isDone()) << walked;
+        EXPECT_TRUE(entries.entry().path() == expected.path()) << entries.entry().path();
+        EXPECT_EQ(entries.entry().stat().size, 5) << walked;
+        EXPECT_EQ(entries.entry().stat().modifiedTime, expected.stat().modifiedTime);
+    }
+}
+
 TEST_F(PathFiles, WalksAnewAfterEachBegin) {
     directory.write("file", "1");
     const KorString path = directory.path();
@@ -173,4 +193,5 @@ TEST_F(PathFiles, KeepsEntriesWhoseStateCannotBeRead) {
     const ZelDirEntry entry(directory.path(), KorString("dangling"));
     EXPECT_FALSE(entry.exists());
     EXPECT_EQ(entry.size(), 0);
+    EXPECT_EQ(entry.stat().mode, 0U);
 }
