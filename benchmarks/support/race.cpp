@@ -2,8 +2,8 @@
 // Runs races and prints their medians as ratios.
 #include "benchmarks/support/race.h"
 
+#include <algorithm>
 #include <cstdio>
-#include <map>
 #include <utility>
 #include <vector>
 
@@ -11,12 +11,38 @@ namespace race {
 
 namespace {
 
+/// Medians, in nanoseconds; none while the peer hasn't run.
 struct Result {
     std::string peer;
-    double nanoseconds;
+    double passed = 0;
+    double busy = 0;
 };
 
-/// Collects the medians of each race in the order of entry, and prints them at the end.
+struct Race {
+    std::string job;
+    std::vector<Result> results;
+};
+
+/// In the order of entry; repetitions are interleaved, so that they end in any order.
+std::vector<Race>& races() {
+    static std::vector<Race> all;
+    return all;
+}
+
+template <class Items, class Name>
+auto& findOrAdd(Items& items, Name member, const std::string& name) {
+    const auto found = std::find_if(items.begin(), items.end(),
+                                    [&](const auto& item) { return item.*member == name; });
+    if (found != items.end()) return *found;
+    items.emplace_back().*member = name;
+    return items.back();
+}
+
+Result& resultOf(const std::string& job, const std::string& peer) {
+    return findOrAdd(findOrAdd(races(), &Race::job, job).results, &Result::peer, peer);
+}
+
+/// Collects the medians, and prints them at the end.
 class Ratios : public benchmark::BenchmarkReporter {
 public:
     bool ReportContext(const Context&) override { return true; }
@@ -32,33 +58,35 @@ public:
     }
 
     void Finalize() override {
-        for (const std::string& job : jobs_) print(job, results_[job]);
+        for (Race& race : races()) print(race);
     }
 
 private:
-    void take(const Run& run) {
+    static void take(const Run& run) {
         const std::string& name = run.run_name.function_name;
         const std::size_t bar = name.rfind('|');
-        const std::string job = name.substr(0, bar);
-        if (!results_.count(job)) jobs_.push_back(job);
-        results_[job].push_back({name.substr(bar + 1), run.GetAdjustedRealTime()});
+        Result& result = resultOf(name.substr(0, bar), name.substr(bar + 1));
+        result.passed = run.GetAdjustedRealTime();
+        result.busy = run.GetAdjustedCPUTime();
     }
 
-    static void print(const std::string& job, const std::vector<Result>& results) {
-        std::printf("%s\n", job.c_str());
-        for (const Result& result : results)
-            std::printf("  %-36s %14.2f ns %8.2f\n", result.peer.c_str(), result.nanoseconds,
-                        result.nanoseconds / results.front().nanoseconds);
+    static void print(Race& race) {
+        std::erase_if(race.results, [](const Result& result) { return result.passed == 0; });
+        if (race.results.empty()) return;
+        const Result& first = race.results.front();
+        std::printf("%-38s %14s %8s %14s %8s\n", race.job.c_str(), "passed", "", "busy", "");
+        for (const Result& result : race.results)
+            std::printf("  %-36s %11.2f ns %8.2f %11.2f ns %8.2f\n", result.peer.c_str(),
+                        result.passed, result.passed / first.passed, result.busy,
+                        result.busy / first.busy);
     }
-
-    std::vector<std::string> jobs_;
-    std::map<std::string, std::vector<Result>> results_;
 };
 
 } // namespace
 
 void add(const std::string& job, const std::string& peer,
          std::function<void(benchmark::State&)> run, int threads) {
+    resultOf(job, peer);
     benchmark::RegisterBenchmark((job + "|" + peer).c_str(), std::move(run))
         ->Threads(threads)
         ->UseRealTime()

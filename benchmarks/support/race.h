@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // Races on Google Benchmark: peers of one job run in one program, their repetitions in random
-// order, and what is printed is the median of each as a multiple of the first peer's.
+// order, and what is printed is the median of each as a multiple of the first peer's: of the time
+// that passed, and of the time that the processor was busy with it, which neighbours on the
+// machine hardly touch. Where peers wait for a disk or for each other, only the first tells.
 //
-//     race::add("find in 1 MB", "limit", [](benchmark::State& state) { for (auto _ : state) ...;
-//     }); race::add("find in 1 MB", "KorCString", ...); int main(int argc, char** argv) { return
-//     race::run(argc, argv); }
+//     race::add("find in 1 MB", "limit", [](benchmark::State& state) { ... });
+//     race::add("find in 1 MB", "KorCString", ...);
+//     int main(int argc, char** argv) { return race::run(argc, argv); }
 //
 // Seeds are fixed by the one who writes a race. The program takes Google Benchmark's options, such
 // as --benchmark_filter=REGEX and --benchmark_repetitions=N.
