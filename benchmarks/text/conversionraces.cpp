@@ -3,6 +3,7 @@
 // of European and Asian scripts among ASCII.
 #include "benchmarks/support/race.h"
 #include "benchmarks/text/races.h"
+#include "zelbasictypes/text/korcstring.h"
 #include "zelbasictypes/text/korstring.h"
 
 #include <QByteArray>
@@ -36,15 +37,18 @@ void addDecoding(const std::string& job, const std::string& bytes) {
 }
 
 void addEncoding(const std::string& job, const std::string& bytes) {
-    race::add(job, "KorString::toUtf8", [bytes](benchmark::State& state) {
+    race::add(job, "KorCString::takeUtf8", [bytes](benchmark::State& state) {
         const KorString text = KorString::fromUtf8(bytes.c_str());
-        for (auto _ : state) benchmark::DoNotOptimize(KorString(text).toUtf8());
+        for (auto _ : state) {
+            KorCString made;
+            made.takeUtf8(text);
+            benchmark::DoNotOptimize(made);
+        }
     });
     race::add(job, "QString::toUtf8", [bytes](benchmark::State& state) {
         const QString text = QString::fromStdString(bytes);
         for (auto _ : state) {
-            QString copy(text.constData(), text.size());
-            QByteArray made = copy.toUtf8();
+            QByteArray made = text.toUtf8();
             benchmark::DoNotOptimize(made);
         }
     });

@@ -4,6 +4,9 @@
 
 #include "zelbasictypes/text/machine.h"
 
+#include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <immintrin.h>
 
 namespace zeltext {
@@ -14,14 +17,28 @@ __m128i load(const void* from) { return _mm_loadu_si128(static_cast<const __m128
 
 void keep(void* to, __m128i value) { _mm_storeu_si128(static_cast<__m128i*>(to), value); }
 
-bool areAscii(__m128i units) {
+/// All ones in each unit that is ASCII.
+__m128i asciiUnits(__m128i units) {
     const __m128i high = _mm_and_si128(units, _mm_set1_epi16(static_cast<short>(0xFF80)));
-    return _mm_movemask_epi8(_mm_cmpeq_epi8(high, _mm_setzero_si128())) == 0xFFFF;
+    return _mm_cmpeq_epi16(high, _mm_setzero_si128());
+}
+
+/// One bit for each of 16 units that isn't ASCII.
+unsigned foreignUnits(__m128i low, __m128i high) {
+    const __m128i ascii = _mm_packs_epi16(asciiUnits(low), asciiUnits(high));
+    return static_cast<unsigned>(_mm_movemask_epi8(ascii)) ^ 0xFFFF;
 }
 
 void widenAscii(__m128i bytes, char16_t* to) {
     keep(to, _mm_unpacklo_epi8(bytes, _mm_setzero_si128()));
     keep(to + 8, _mm_unpackhi_epi8(bytes, _mm_setzero_si128()));
+}
+
+std::size_t sumOfUnits(__m128i units) {
+    const __m128i pairs = _mm_madd_epi16(units, _mm_set1_epi16(1));
+    alignas(16) std::uint32_t sums[4];
+    _mm_store_si128(reinterpret_cast<__m128i*>(sums), pairs);
+    return std::size_t{sums[0]} + sums[1] + sums[2] + sums[3];
 }
 
 /// Copies whole blocks of 64 ASCII units; the result is how many units that were.
@@ -40,37 +57,97 @@ __attribute__((target("avx2"))) std::size_t copyBlocksAvx2(const char* from, std
     return i;
 }
 
-} // namespace
-
-std::size_t copyAsciiRun(const char* from, std::size_t count, char16_t* to) {
-    std::size_t i = machineHasAvx2() ? copyBlocksAvx2(from, count, to) : 0;
+/// The same back, for whole blocks of 32 units.
+__attribute__((target("avx2"))) std::size_t copyBlocksAvx2(const char16_t* from, std::size_t count,
+                                                           char* to) {
+    const __m256i foreign = _mm256_set1_epi16(static_cast<short>(0xFF80));
+    std::size_t i = 0;
     for (; i + 32 <= count; i += 32) {
-        const __m128i low = load(from + i), high = load(from + i + 16);
-        if (_mm_movemask_epi8(_mm_or_si128(low, high))) break;
-        widenAscii(low, to + i);
-        widenAscii(high, to + i + 16);
+        const auto* units = reinterpret_cast<const __m256i*>(from + i);
+        const __m256i low = _mm256_loadu_si256(units), high = _mm256_loadu_si256(units + 1);
+        if (!_mm256_testz_si256(_mm256_or_si256(low, high), foreign)) break;
+        const __m256i bytes = _mm256_permute4x64_epi64(_mm256_packus_epi16(low, high), 0xD8);
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(to + i), bytes);
+    }
+    return i;
+}
+
+// Each step writes its whole register, foreign units and all, and counts what lies in front of
+// them.
+
+std::size_t copySse2(const char* from, std::size_t count, char16_t* to) {
+    std::size_t i = 0;
+    for (; i + 16 <= count; i += 16) {
+        const __m128i bytes = load(from + i);
+        widenAscii(bytes, to + i);
+        const auto foreign = static_cast<unsigned>(_mm_movemask_epi8(bytes));
+        if (foreign) return i + static_cast<std::size_t>(std::countr_zero(foreign));
     }
     for (; i < count && static_cast<unsigned char>(from[i]) < 0x80; ++i)
         to[i] = static_cast<unsigned char>(from[i]);
     return i;
 }
 
-std::size_t copyAsciiRun(const char16_t* from, std::size_t count, char* to) {
+std::size_t copySse2(const char16_t* from, std::size_t count, char* to) {
     std::size_t i = 0;
     for (; i + 16 <= count; i += 16) {
         const __m128i low = load(from + i), high = load(from + i + 8);
-        if (!areAscii(_mm_or_si128(low, high))) break;
         keep(to + i, _mm_packus_epi16(low, high));
+        const unsigned foreign = foreignUnits(low, high);
+        if (foreign) return i + static_cast<std::size_t>(std::countr_zero(foreign));
     }
     for (; i < count && from[i] < 0x80; ++i) to[i] = static_cast<char>(from[i]);
     return i;
 }
 
+/// Begins with the smaller registers, since most runs are short.
+template <class From, class To> std::size_t copyRun(const From* from, std::size_t count, To* to) {
+    constexpr std::size_t beginning = 64;
+    std::size_t i = copySse2(from, std::min(count, beginning), to);
+    if (i < beginning || i == count) return i;
+    if (machineHasAvx2()) i += copyBlocksAvx2(from + i, count - i, to + i);
+    return i + copySse2(from + i, count - i, to + i);
+}
+
+} // namespace
+
+std::size_t copyAsciiRun(const char* from, std::size_t count, char16_t* to) {
+    return copyRun(from, count, to);
+}
+
+std::size_t copyAsciiRun(const char16_t* from, std::size_t count, char* to) {
+    return copyRun(from, count, to);
+}
+
 std::size_t asciiRun(const char16_t* text, std::size_t count) {
     std::size_t i = 0;
-    while (i + 16 <= count && areAscii(_mm_or_si128(load(text + i), load(text + i + 8)))) i += 16;
+    for (; i + 16 <= count; i += 16) {
+        const unsigned foreign = foreignUnits(load(text + i), load(text + i + 8));
+        if (foreign) return i + static_cast<std::size_t>(std::countr_zero(foreign));
+    }
     while (i < count && text[i] < 0x80) ++i;
     return i;
+}
+
+std::size_t utf8Length(const char16_t* text, std::size_t count) {
+    constexpr std::size_t stretch = 8 * 8192; // so that 16 bits hold what a lane counts
+    const __m128i zero = _mm_setzero_si128(), two = _mm_set1_epi16(2);
+    const __m128i aboveOne = _mm_set1_epi16(static_cast<short>(0xFF80));
+    const __m128i aboveTwo = _mm_set1_epi16(static_cast<short>(0xF800));
+    std::size_t length = count, i = 0;
+    while (i + 8 <= count) {
+        const std::size_t end = std::min(count - 8, i + stretch - 8);
+        __m128i extra = zero;
+        for (; i <= end; i += 8) {
+            const __m128i units = load(text + i);
+            const __m128i isOne = _mm_cmpeq_epi16(_mm_and_si128(units, aboveOne), zero);
+            const __m128i isTwo = _mm_cmpeq_epi16(_mm_and_si128(units, aboveTwo), zero);
+            extra = _mm_add_epi16(extra, _mm_add_epi16(two, _mm_add_epi16(isOne, isTwo)));
+        }
+        length += sumOfUnits(extra);
+    }
+    for (; i < count; ++i) length += (text[i] >= 0x80) + (text[i] >= 0x800);
+    return length;
 }
 
 void widenSigned(const char* from, std::size_t count, char16_t* to) {

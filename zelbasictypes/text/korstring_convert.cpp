@@ -9,6 +9,9 @@
 
 namespace {
 
+/// Texts of up to so many units are encoded first and then given a block that fits.
+constexpr std::size_t shortText = 1024;
+
 /// Makes `buffer` an owned block with room for `length` units, keeping the block when it is enough.
 void provideRoom(zeltext::Buffer<char>& buffer, std::size_t length) {
     if (buffer.fits(static_cast<std::int64_t>(length))) return;
@@ -45,12 +48,17 @@ const char* KorString::toNarrow() const {
 
 const char* KorString::toUtf8() const {
     const std::u16string_view units = view();
+    if (units.size() <= shortText) {
+        char bytes[3 * shortText + 1];
+        zeltext::store(utf8, {bytes, zeltext::encodeUtf8(units, bytes)});
+        return utf8.data;
+    }
     provideRoom(utf8, units.size());
     if (zeltext::copyAsciiRun(units.data(), units.size(), utf8.data) == units.size()) {
         utf8.data[units.size()] = 0;
         return utf8.data;
     }
-    provideRoom(utf8, zeltext::utf8Length(units));
+    provideRoom(utf8, zeltext::utf8Length(units.data(), units.size()));
     zeltext::encodeUtf8(units, utf8.data);
     return utf8.data;
 }

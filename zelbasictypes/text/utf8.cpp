@@ -4,72 +4,110 @@
 
 #include "zelbasictypes/text/asciirun.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
 namespace zeltext {
 
 namespace {
 
-char* encodeUnit(unsigned unit, char* to) {
-    const auto follow = [](unsigned bits) { return static_cast<char>(0x80 | (bits & 0x3F)); };
-    if (unit < 0x800) {
-        *to++ = static_cast<char>(0xC0 | unit >> 6);
-    } else {
-        *to++ = static_cast<char>(0xE0 | unit >> 12);
-        *to++ = follow(unit >> 6);
+/// Units that are encoded in one go when not all are ASCII.
+constexpr std::size_t group = 16;
+
+/// What units become, without a branch: the first byte lowest.
+struct Encoded {
+    std::uint32_t bytes[group];
+    std::uint32_t lengths[group];
+
+    explicit Encoded(const char16_t* units) {
+        for (std::size_t i = 0; i < group; ++i) {
+            const std::uint32_t unit = units[i], last = (0x80 | (unit & 0x3F));
+            const std::uint32_t two = 0xC0 | unit >> 6 | last << 8;
+            const std::uint32_t three = 0x80E0 | unit >> 12 | (unit >> 6 & 0x3F) << 8 | last << 16;
+            const std::uint32_t more = unit >= 0x800 ? three : two;
+            bytes[i] = unit >= 0x80 ? more : unit;
+            lengths[i] = 1 + (unit >= 0x80) + (unit >= 0x800);
+        }
     }
-    *to++ = follow(unit);
+};
+
+char* encodeGroup(const char16_t* units, char* to) {
+    const Encoded encoded(units);
+    for (std::size_t i = 0; i < group; ++i) {
+        std::memcpy(to, &encoded.bytes[i], sizeof encoded.bytes[i]);
+        to += encoded.lengths[i];
+    }
     return to;
 }
 
-/// The bytes of the sequence that `lead` opens; 0 for those that stand for more than 16 bits.
-std::size_t sequenceLength(unsigned char lead) {
-    return lead < 0xC0 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 0;
+/// The last units, which aren't followed by the room that storing a group takes.
+char* encodeTail(const char16_t* at, const char16_t* end, char* to) {
+    while (at != end) {
+        const auto count = std::min(group, static_cast<std::size_t>(end - at));
+        char16_t units[group] = {};
+        std::memcpy(units, at, count * sizeof *at);
+        char bytes[3 * group + 1];
+        const auto unused = group - count;
+        const auto length = static_cast<std::size_t>(encodeGroup(units, bytes) - bytes) - unused;
+        std::memcpy(to, bytes, length);
+        to += length;
+        at += count;
+    }
+    return to;
 }
 
-/// The value of a sequence of 1 to 3 bytes, or -1 when a shorter one would have done.
-int sequenceValue(const char* bytes, std::size_t length) {
-    const auto follow = [bytes](std::size_t i) { return bytes[i] & 0x3F; };
-    if (length == 1) return bytes[0] & 0x7F;
-    const int two = (bytes[0] & 0x1F) << 6 | follow(1);
-    if (length == 2) return two < 0x80 ? -1 : two;
-    const int three = (bytes[0] & 0x0F) << 12 | follow(1) << 6 | follow(2);
-    return three < 0x800 ? -1 : three;
+/// Decodes from `at` up to the next ASCII byte, which it gives back; null at a bad sequence.
+const unsigned char* decodeForeign(const unsigned char* at, const unsigned char* end,
+                                   char16_t*& to) {
+    while (at != end && *at >= 0x80) {
+        const auto bits = [at](int i) { return static_cast<unsigned>(at[i] & 0x3F); };
+        if (*at < 0xC0) {
+            *to++ = *at++ & 0x7F;
+        } else if (*at < 0xE0) {
+            if (end - at < 2 || *at < 0xC2) return nullptr;
+            *to++ = static_cast<char16_t>((*at & 0x1F) << 6 | bits(1));
+            at += 2;
+        } else {
+            if (end - at < 3 || *at >= 0xF0) return nullptr;
+            const unsigned unit = (*at & 0x0Fu) << 12 | bits(1) << 6 | bits(2);
+            if (unit < 0x800) return nullptr;
+            *to++ = static_cast<char16_t>(unit);
+            at += 3;
+        }
+    }
+    return at;
 }
 
 } // namespace
 
-std::size_t utf8Length(std::u16string_view text) {
-    std::size_t length = text.size();
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        i += asciiRun(text.data() + i, text.size() - i);
-        for (; i < text.size() && text[i] >= 0x80; ++i) length += text[i] < 0x800 ? 1 : 2;
-    }
-    return length;
-}
-
-void encodeUtf8(std::u16string_view text, char* to) {
-    while (!text.empty()) {
-        const std::size_t run = copyAsciiRun(text.data(), text.size(), to);
+std::size_t encodeUtf8(std::u16string_view text, char* to) {
+    constexpr std::ptrdiff_t least = group + 3;
+    const char* const start = to;
+    const char16_t *at = text.data(), *end = at + text.size();
+    while (end - at >= least) {
+        const std::size_t run = copyAsciiRun(at, static_cast<std::size_t>(end - at), to);
         to += run;
-        text.remove_prefix(run);
-        for (; !text.empty() && text.front() >= 0x80; text.remove_prefix(1))
-            to = encodeUnit(text.front(), to);
+        at += run;
+        if (end - at < least) break;
+        to = encodeGroup(at, to);
+        at += group;
     }
+    to = encodeTail(at, end, to);
     *to = 0;
+    return static_cast<std::size_t>(to - start);
 }
 
 bool decodeUtf8(std::string_view bytes, char16_t* to) {
-    while (!bytes.empty()) {
-        const std::size_t run = copyAsciiRun(bytes.data(), bytes.size(), to);
+    const char* at = bytes.data();
+    const auto* end = reinterpret_cast<const unsigned char*>(at + bytes.size());
+    const auto* rest = reinterpret_cast<const unsigned char*>(at);
+    while (rest != end) {
+        at = reinterpret_cast<const char*>(rest);
+        const std::size_t run = copyAsciiRun(at, static_cast<std::size_t>(end - rest), to);
         to += run;
-        bytes.remove_prefix(run);
-        while (!bytes.empty() && static_cast<unsigned char>(bytes.front()) >= 0x80) {
-            const std::size_t length = sequenceLength(static_cast<unsigned char>(bytes.front()));
-            if (length == 0 || length > bytes.size()) return false;
-            const int value = sequenceValue(bytes.data(), length);
-            if (value < 0) return false;
-            *to++ = static_cast<char16_t>(value);
-            bytes.remove_prefix(length);
-        }
+        rest = decodeForeign(rest + run, end, to);
+        if (!rest) return false;
     }
     *to = 0;
     return true;

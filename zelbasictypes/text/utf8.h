@@ -7,11 +7,9 @@
 
 namespace zeltext {
 
-/// The bytes that encodeUtf8 writes.
-std::size_t utf8Length(std::u16string_view text);
-
-/// Writes the encoded text and a terminator; `to` has room for utf8Length + 1 bytes.
-void encodeUtf8(std::u16string_view text, char* to);
+/// Writes the encoded text and a terminator; `to` has room for utf8Length bytes and one more. The
+/// result is the length.
+std::size_t encodeUtf8(std::u16string_view text, char* to);
 
 /// Writes the decoded text and a terminator; `to` has room for one unit a byte and the terminator.
 /// False at the first bad sequence, with what was written so far left behind.
