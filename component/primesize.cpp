@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // The sizes that hash tables take.
-#include "component/zelhashtable.h"
+#include "component/primesize.h"
 
 #include <algorithm>
 #include <iterator>
