@@ -44,6 +44,7 @@ KorCString KorCString::concat(const KorCString& a, const KorCString& b, const Ko
 }
 
 KorCString KorCString::concat(const char* const* texts) {
+    if (!texts) return KorCString();
     std::vector<std::string_view> pieces;
     for (; *texts; ++texts) pieces.emplace_back(*texts);
     KorCString result;

@@ -34,7 +34,7 @@ public:
     explicit KorCString(float value, bool compact = false);
     explicit KorCString(double value, bool compact = false);
 
-    KorCString(const KorCString& other) : buffer(other.buffer) {
+    KorCString(const KorCString& other) : buffer(other.buffer.alias()) {
         if (buffer.isOwned()) copyOwned();
     }
     KorCString(KorCString&& other) noexcept : buffer(std::exchange(other.buffer, {})) {}
@@ -56,9 +56,10 @@ public:
         result.buffer.data = const_cast<char*>(text);
         return result;
     }
+    /// Null texts count as empty ones; the result isn't null.
     static KorCString concat(const KorCString& a, const KorCString& b);
     static KorCString concat(const KorCString& a, const KorCString& b, const KorCString& c);
-    /// `texts` ends with a null pointer.
+    /// `texts` ends with a null pointer; without an array the result is null.
     static KorCString concat(const char* const* texts);
     static KorCString concat(const KorCString& text, std::int32_t number);
     /// The one empty text that all share.
@@ -75,7 +76,8 @@ public:
     bool isOwned() const { return buffer.isOwned(); }
     char at(std::int32_t i) const { return buffer.data[i]; }
     void setAt(std::int32_t i, char c);
-    /// Throws what the standard conversion throws: std::invalid_argument, std::out_of_range.
+    /// Throws what the standard conversion throws: std::invalid_argument with the text "invalid
+    /// stof argument" and std::out_of_range with "stof argument out of range".
     float toFloat() const;
 
     /// -1, 0 or 1, by bytes as unsigned values; a null text comes before anything else.
@@ -111,7 +113,8 @@ public:
     /// Copies a borrowed text into a block of this string's own.
     void detach();
     void swap(KorCString& other) noexcept { std::swap(buffer, other.buffer); }
-    /// Gives its own text up and takes the UTF-8 form that `source` had, block and all.
+    /// Gives its own text up and takes the UTF-8 form of `source`, block and all: what toUtf8 of
+    /// `source` gave before is now a part of this string.
     void takeUtf8(const KorString& source);
     /// One line of up to 4096 characters, without its line feed; false when the stream failed,
     /// which a longer line also is.

@@ -43,9 +43,9 @@ public:
     KorString(double value, const KorFloatFormat& format);
 
     /// A borrowed text and a borrowed narrow form are shared; made forms aren't copied.
-    KorString(const KorString& other) : text(other.text) {
+    KorString(const KorString& other) : text(other.text.alias()) {
         if (text.isOwned()) copyOwned();
-        if (other.narrow.isBorrowed()) narrow = other.narrow;
+        if (other.narrow.capacity == 0) narrow.data = other.narrow.data;
     }
     KorString(KorString&& other) noexcept
         : text(std::exchange(other.text, {})), narrow(std::exchange(other.narrow, {})),
@@ -97,9 +97,12 @@ public:
     bool isSpaceAt(std::int32_t i) const;
 
     /// The borrowed narrow form, else what the host makes of the text, else its units below 128.
-    /// Never null. The result lives until the next call or change; the call counts as a write.
+    /// Never null. A borrowed form lives as long as its storage. Any other is made anew by each
+    /// call and lives until the next one, an assignment or the end of this string, whichever comes
+    /// first; it doesn't follow changes. The call counts as a write: not from two threads at once.
     const char* toNarrow() const;
-    /// One to three bytes a unit; units aren't paired into code points. Lifetime as of toNarrow.
+    /// One to three bytes a unit; units aren't paired into code points. Never null, and made anew by
+    /// each call; lifetime as of toNarrow, and takeUtf8 takes the text away.
     const char* toUtf8() const;
     /// As the runtime library's "%i" and "%lf" read it, so 0 and 0x are prefixes. `ok`, when given,
     /// tells whether there was a number.
@@ -123,7 +126,7 @@ public:
     bool contains(const KorString& part, bool caseSensitive = true) const;
 
     /// Takes n units, -1 for all; the text may be a part of this string. With n of 0 the wide form
-    /// borrows the pointer.
+    /// borrows the pointer, terminated text and all, which then must not be this string's own.
     void assign(const char* source, std::int32_t n = -1);
     void assign(const char16_t* source, std::int32_t n = -1);
     KorString& append(const KorString& other);

@@ -46,7 +46,7 @@ void KorString::setAt(std::int32_t i, char16_t c) {
 
 KorString& KorString::append(const KorString& other) {
     const std::u16string_view piece = other.view();
-    forgetNarrowForm();
+    if (!piece.empty()) forgetNarrowForm();
     zeltext::extend(text, view().size(), piece);
     return *this;
 }
@@ -74,9 +74,9 @@ void KorString::truncate(std::int32_t n) {
 
 void KorString::replaceAll(const KorString& from, const KorString& to) {
     if (from.isEmpty() || to.isNull() || from == to) return;
-    const std::u16string_view wanted = from.view(), piece = to.view();
-    forgetNarrowForm();
-    zeltext::replaceAll(text, view(), wanted, piece);
+    const char16_t* const before = text.data;
+    zeltext::replaceAll(text, view(), from.view(), to.view());
+    if (text.data != before) forgetNarrowForm();
 }
 
 KorString KorString::replaced(std::int32_t start, std::int32_t end, const KorString& with) const {

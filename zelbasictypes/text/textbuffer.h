@@ -18,6 +18,9 @@ template <class Unit> struct Buffer {
     Unit* data = nullptr;
     std::int32_t capacity = 0;
 
+    /// The same value. Field by field: read as one register what was just written as two, it would
+    /// wait for both to reach the cache.
+    Buffer alias() const { return {data, capacity}; }
     bool isOwned() const { return capacity > 0; }
     bool isBorrowed() const { return data && capacity == 0; }
     /// Gives an owned block back to the pool and leaves the buffer null.
