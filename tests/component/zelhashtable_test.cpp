@@ -40,6 +40,23 @@ TEST(NextPrime, StepsThroughItsTable) {
     for (const auto& c : cases) EXPECT_EQ(zelNextPrime(c.n), c.prime) << c.n;
 }
 
+TEST(PrimeSize, RemaindersAreThoseOfADivision) {
+    std::mt19937 random(21);
+    for (std::uint32_t prime = 2, last = 0; prime != last; prime = zelNextPrime(last = prime)) {
+        const PrimeSize size(prime);
+        const std::uint32_t edges[] = {0,     1,         prime - 1,
+                                       prime, prime + 1, 0xFFFFFFFFu / prime * prime};
+        for (const std::uint32_t edge : edges) {
+            EXPECT_EQ(size.remainder(edge), edge % prime) << edge << ' ' << prime;
+            EXPECT_EQ(size.remainder(edge - 1), (edge - 1) % prime) << edge << ' ' << prime;
+        }
+        for (int i = 0; i < 1000; ++i) {
+            const auto n = static_cast<std::uint32_t>(random());
+            ASSERT_EQ(size.remainder(n), n % prime) << n << ' ' << prime;
+        }
+    }
+}
+
 TEST(ZelHashTable, TakesItsSizeFromWhatIsExpected) {
     struct {
         std::uint32_t expected, buckets;
@@ -88,6 +105,36 @@ TEST(ZelHashTable, ClearKeepsTheSize) {
     EXPECT_EQ(table.find(2), nullptr);
     EXPECT_FALSE(table.first());
     EXPECT_EQ(table.findOrInsert(2), 0);
+}
+
+/// Equal by one field only, and counted.
+struct Counted {
+    explicit Counted(int n) : number(n) { ++alive; }
+    Counted(const Counted& other) : number(other.number) { ++alive; }
+    ~Counted() { --alive; }
+    bool operator==(const Counted& other) const { return number / 10 == other.number / 10; }
+
+    int number;
+    static inline int alive = 0;
+};
+struct HashCounted {
+    std::uint32_t operator()(const Counted& key) const {
+        return static_cast<std::uint32_t>(key.number / 10);
+    }
+};
+
+TEST(ZelHashTable, ComparesAndDestroysKeysByTheirOwnRules) {
+    {
+        ZelHashTable<Counted, std::vector<int>, HashCounted> table;
+        for (int n = 0; n < 1000; ++n) table.findOrInsert(Counted(n)).push_back(n);
+        EXPECT_EQ(table.count(), 100);
+        EXPECT_EQ(Counted::alive, 100);
+        EXPECT_EQ(table.find(Counted(55))->size(), 10u);
+        table.clear();
+        EXPECT_EQ(Counted::alive, 0);
+        table.findOrInsert(Counted(1));
+    }
+    EXPECT_EQ(Counted::alive, 0);
 }
 
 TEST(ZelHashTable, AgreesWithAPlainMap) {

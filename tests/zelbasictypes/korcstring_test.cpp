@@ -87,6 +87,8 @@ TEST(KorCString, Concatenates) {
     EXPECT_EQ(KorCString::concat("a", "b"), "ab");
     EXPECT_EQ(KorCString::concat("a", KorCString(), "c"), "ac");
     EXPECT_EQ(KorCString::concat(parts), "abc");
+    EXPECT_EQ(KorCString::concat(nullptr), KorCString());
+    EXPECT_EQ(KorCString::concat(KorCString(), KorCString()), "");
     EXPECT_EQ(KorCString::concat("n", INT_MIN), "n-2147483648");
 }
 

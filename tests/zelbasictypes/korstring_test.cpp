@@ -77,6 +77,7 @@ TEST(KorString, DropsABorrowedNarrowFormWhenTheTextChanges) {
     EXPECT_EQ(narrowAfter([](KorString& t) { t.replaceAll("i", "o"); }), "wode");
     EXPECT_EQ(narrowAfter([](KorString& t) { t.assign("new"); }), "new");
     EXPECT_EQ(narrowAfter([](KorString& t) { t = KorString("new"); }), "new");
+    EXPECT_EQ(narrowAfter([](KorString& t) { t.replaceAll("x", "o"), t.append(""); }), "narrow");
     KorString other("other");
     EXPECT_EQ(narrowAfter([&other](KorString& t) { t.swapText(other); }), "other");
     EXPECT_STREQ(other.toNarrow(), "wide");

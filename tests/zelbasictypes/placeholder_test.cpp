@@ -5,6 +5,7 @@
 #include "zelbasictypes/text/zelformat.h"
 
 #include <climits>
+#include <cstring>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -84,7 +85,7 @@ TEST(Fit, AnswersAnUnknownModeWithACopy) {
     EXPECT_EQ(assertions.count, 1);
 }
 
-std::vector<std::string> unpacked(const char* text) {
+std::vector<std::string> unpacked(const KorString& text) {
     std::vector<KorString> list;
     zelUnpackStrings(text, list);
     std::vector<std::string> result;
@@ -115,12 +116,23 @@ TEST(PackedList, ReadsWhatIsThere) {
         {"1 a0 1 b", {"a", "1 a0 1 b"}},
         {"-1 abc", {"-1 abc"}},
         {"9 abc", {"abc"}},
+        {"3 abc", {"abc"}},
+        {"4 abc", {"abc"}},
+        {"2147483647 abc", {"abc"}},
+        {"4294967297 abc", {"abc"}},
         {"99999999999999999999 abc", {"abc"}},
+        {"1 a2147483647 b", {"a", "b"}},
+        {"-2147483648 abc", {"-2147483648 abc"}},
         {"2 ab3", {"ab"}},
         {"0x2 ab", {"ab"}},
         {"3 ", {""}},
     };
-    for (const auto& row : cases) EXPECT_EQ(unpacked(row.text), row.entries) << row.text;
+    for (const auto& row : cases) {
+        const std::u16string wide(row.text, row.text + std::strlen(row.text));
+        const std::vector<char16_t> exact(wide.c_str(), wide.c_str() + wide.size() + 1);
+        EXPECT_EQ(unpacked(KorString::borrow(exact.data())), row.entries) << row.text;
+    }
+    EXPECT_EQ(unpacked(KorString()), List());
 }
 
 } // namespace
