@@ -101,8 +101,8 @@ public:
     /// call and lives until the next one, an assignment or the end of this string, whichever comes
     /// first; it doesn't follow changes. The call counts as a write: not from two threads at once.
     const char* toNarrow() const;
-    /// One to three bytes a unit; units aren't paired into code points. Never null, and made anew by
-    /// each call; lifetime as of toNarrow, and takeUtf8 takes the text away.
+    /// One to three bytes a unit; units aren't paired into code points. Never null, and made anew
+    /// by each call; lifetime as of toNarrow, and takeUtf8 takes the text away.
     const char* toUtf8() const;
     /// As the runtime library's "%i" and "%lf" read it, so 0 and 0x are prefixes. `ok`, when given,
     /// tells whether there was a number.
