@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Copying runs of ASCII between narrow and wide text, and measuring, a register at a time.
+// Copying runs of ASCII between narrow and wide text, and measuring, a register at a time
+// where the processor is known.
 #pragma once
 
 #include <cstddef>

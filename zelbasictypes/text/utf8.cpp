@@ -5,6 +5,7 @@
 #include "zelbasictypes/text/asciirun.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -15,7 +16,10 @@ namespace {
 /// Units that are encoded in one go when not all are ASCII.
 constexpr std::size_t group = 16;
 
-/// What units become, without a branch: the first byte lowest.
+static_assert(std::endian::native == std::endian::little);
+
+/// What units become, without a branch: the first byte lowest, so that storing a number puts it in
+/// front.
 struct Encoded {
     std::uint32_t bytes[group];
     std::uint32_t lengths[group];
