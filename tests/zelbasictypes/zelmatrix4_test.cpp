@@ -50,6 +50,8 @@ TEST(ZelMatrix4, AppliesTheRightFactorFirst) {
         ZelMatrix4::multiply(a, b, other);
         ASSERT_EQ(product, other);
     }
+    constexpr ZelMatrix4 constant = counting * turnAndShift;
+    EXPECT_EQ(ZelMatrix4(counting.m) * ZelMatrix4(turnAndShift.m), constant);
 }
 
 TEST(ZelMatrix4, DividesByTheFourthRow) {

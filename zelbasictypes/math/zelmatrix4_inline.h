@@ -5,6 +5,7 @@
 #include "zelbasictypes/math/zelmatrix4.h"
 
 #include <initializer_list>
+#include <type_traits>
 
 namespace zelmath {
 
@@ -18,6 +19,23 @@ constexpr double rowTimesPoint(const double* row, const ZelVector3& p) {
 /// One row of the upper left block times the column (x, y, z).
 constexpr double rowTimesVector(const double* row, const ZelVector3& v) {
     return row[0] * v.x + row[1] * v.y + row[2] * v.z;
+}
+
+/// Two doubles of a row, as the processor takes them together.
+using Pair = double __attribute__((vector_size(16)));
+
+inline Pair load(const double* from) { return Pair{from[0], from[1]}; }
+
+inline void store(double* to, Pair pair) {
+    to[0] = pair[0];
+    to[1] = pair[1];
+}
+
+/// One row of a product: the rows of `b`, each times one number, summed in their order.
+inline void multiplyRow(const double* a, const double* b, double* out) {
+    const Pair a0{a[0], a[0]}, a1{a[1], a[1]}, a2{a[2], a[2]}, a3{a[3], a[3]};
+    store(out, a0 * load(b) + a1 * load(b + 4) + a2 * load(b + 8) + a3 * load(b + 12));
+    store(out + 2, a0 * load(b + 2) + a1 * load(b + 6) + a2 * load(b + 10) + a3 * load(b + 14));
 }
 
 /// A term of an expansion, left out where its factor is 0.
@@ -171,6 +189,10 @@ constexpr void ZelMatrix4::transformVector(const float v[3], float out[3]) const
 }
 
 constexpr void ZelMatrix4::multiply(const ZelMatrix4& a, const ZelMatrix4& b, ZelMatrix4& out) {
+    if (!std::is_constant_evaluated()) {
+        for (int row = 0; row < 16; row += 4) zelmath::multiplyRow(a.m + row, b.m, out.m + row);
+        return;
+    }
     for (int row = 0; row < 16; row += 4)
         for (int column = 0; column < 4; ++column)
             out.m[row + column] = a.m[row] * b.m[column] + a.m[row + 1] * b.m[4 + column] +
