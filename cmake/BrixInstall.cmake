@@ -30,7 +30,7 @@ install(DIRECTORY platform component zelbasictypes cadimport client
 
 install(TARGETS brix LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/brix)
 # The programs find each other and the module by where they stand.
-set(brix_programs brix-import direct-dump)
+set(brix_programs brix-import direct-dump kor-dump)
 if(BRIX_WITH_OPENCASCADE)
   list(APPEND brix_programs cad-importer-server brix-rebuild)
 endif()

@@ -113,4 +113,13 @@ bool seekStream(std::FILE* stream, std::int64_t offset, std::int32_t origin) {
 
 std::int64_t tellStream(std::FILE* stream) { return ::ftello(stream); }
 
+std::int64_t nextData(std::FILE* stream, std::int64_t offset) {
+    const int file = ::fileno(stream);
+    const off_t before = ::lseek(file, 0, SEEK_CUR);
+    const off_t found = ::lseek(file, offset, SEEK_DATA);
+    const bool onlyHole = found < 0 && errno == ENXIO;
+    ::lseek(file, before, SEEK_SET);
+    return found >= 0 || onlyHole ? found : offset;
+}
+
 } // namespace platform

@@ -98,4 +98,6 @@ bool seekStream(std::FILE* stream, std::int64_t offset, std::int32_t origin) {
 
 std::int64_t tellStream(std::FILE* stream) { return ::_ftelli64(stream); }
 
+std::int64_t nextData(std::FILE*, std::int64_t offset) { return offset; }
+
 } // namespace platform

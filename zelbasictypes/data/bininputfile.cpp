@@ -73,8 +73,8 @@ std::int64_t BinInputFile::tell() const {
 bool BinInputFile::seek(std::int64_t offset, bool fromStart) {
     if (!file_) return false;
     if (block_ && fromStart && seekHeld(offset)) return true;
-    platform::seekStream(file_, offset, fromStart ? SEEK_SET : SEEK_END);
-    if (block_) {
+    const bool moved = platform::seekStream(file_, offset, fromStart ? SEEK_SET : SEEK_END);
+    if (moved && block_) {
         fileOffset_ = platform::tellStream(file_);
         held_ = heldEnd_ = block_.get();
     }

@@ -24,7 +24,7 @@ bool BinOutputFile::flushDevice() {
     if (!file_) return false;
     const bool flushed = flushBuffer();
     const bool settled = settle();
-    return std::fflush(file_) == 0 && flushed && settled;
+    return std::fflush(file_) == 0 && flushed && settled && good();
 }
 
 std::uint64_t BinOutputFile::writeRaw(const void* buffer, std::uint64_t count) {
