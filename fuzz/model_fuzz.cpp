@@ -65,7 +65,7 @@ private:
             reader_.readGuid(guid);
             break;
         case zelblock::narrowText:
-            reader_.readNarrowString(narrow);
+            reader_.readNarrowString(narrow); // what one call of the device gives: not compared
             break;
         case zelblock::wideText:
             // Ends the walk where the text can't be read, since that leaves the reader good.
@@ -74,7 +74,7 @@ private:
         default:
             return reader_.beginBlock();
         }
-        note(std::to_string(numbers[0]) + (narrow.c_str() ? narrow.c_str() : ""));
+        note(std::to_string(numbers[0]));
         return 0;
     }
 

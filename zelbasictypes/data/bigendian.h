@@ -36,6 +36,10 @@ template <class T> void store(std::uint8_t* to, T value) {
     std::memcpy(to, &bits, sizeof bits);
 }
 
+/// Moves `count` words of 2, 4 or 8 bytes and turns each around, where this machine has its bytes
+/// the other way. Nothing need be aligned.
+void copyRun(void* to, const void* from, unsigned wordBytes, std::size_t count);
+
 /// From `width` bytes, 1 to 8: the low bits of the number, or its sign carried into the rest.
 template <class T> T load(const std::uint8_t* from, unsigned width) {
     constexpr bool carriesSign = std::is_integral_v<T> && std::is_signed_v<T>;

@@ -8,13 +8,8 @@ namespace {
 
 template <class T>
 void decode(T* dest, const std::uint8_t* from, unsigned width, std::uint64_t count) {
-    if (width == sizeof(T)) {
-        for (std::uint64_t i = 0; i < count; ++i)
-            dest[i] = bigendian::load<T>(from + i * sizeof(T));
-    } else {
-        for (std::uint64_t i = 0; i < count; ++i)
-            dest[i] = bigendian::load<T>(from + i * width, width);
-    }
+    if (width == sizeof(T)) return bigendian::copyRun(dest, from, width, count);
+    for (std::uint64_t i = 0; i < count; ++i) dest[i] = bigendian::load<T>(from + i * width, width);
 }
 
 } // namespace

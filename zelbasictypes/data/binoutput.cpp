@@ -8,13 +8,8 @@ namespace {
 
 template <class T>
 void encode(std::uint8_t* to, const T* source, unsigned width, std::uint64_t count) {
-    if (width == sizeof(T)) {
-        for (std::uint64_t i = 0; i < count; ++i)
-            bigendian::store<T>(to + i * sizeof(T), source[i]);
-    } else {
-        for (std::uint64_t i = 0; i < count; ++i)
-            bigendian::store<T>(to + i * width, width, source[i]);
-    }
+    if (width == sizeof(T)) return bigendian::copyRun(to, source, width, count);
+    for (std::uint64_t i = 0; i < count; ++i) bigendian::store<T>(to + i * width, width, source[i]);
 }
 
 } // namespace

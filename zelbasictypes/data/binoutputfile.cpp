@@ -30,15 +30,16 @@ bool BinOutputFile::flushDevice() {
 std::uint64_t BinOutputFile::writeRaw(const void* buffer, std::uint64_t count) {
     if (!file_) return 0;
     if (!block_) return std::fwrite(buffer, 1, count, file_);
-    if (count > blockBytes - cursor_ && !settle()) return 0;
-    if (count > blockBytes) {
-        const std::uint64_t written = std::fwrite(buffer, 1, count, file_);
-        start_ += static_cast<std::int64_t>(written);
-        return written;
+    const auto* from = static_cast<const std::uint8_t*>(buffer);
+    for (std::uint64_t left = count; left > 0;) {
+        const std::uint64_t fitting = std::min(left, blockBytes - cursor_);
+        std::memcpy(block_.get() + cursor_, from, fitting);
+        from += fitting;
+        left -= fitting;
+        cursor_ += fitting;
+        filled_ = std::max(filled_, cursor_);
+        if (cursor_ == blockBytes && !settle()) return 0;
     }
-    std::memcpy(block_.get() + cursor_, buffer, count);
-    cursor_ += count;
-    filled_ = std::max(filled_, cursor_);
     return count;
 }
 
