@@ -87,9 +87,9 @@ std::FILE* streamOf(Descriptor file, const char* mode);
 /// none.
 bool seekStream(std::FILE* stream, std::int64_t offset, std::int32_t origin);
 std::int64_t tellStream(std::FILE* stream);
-/// The next offset, from `offset` on, where the file may hold anything but zeros: behind a hole of a
-/// sparse file, and `offset` itself where the system doesn't tell. -1 when only a hole follows. The
-/// stream stays where it is.
+/// The next offset, from `offset` on, where the file may hold anything but zeros: behind a hole of
+/// a sparse file, and `offset` itself where the system doesn't tell. -1 when only a hole follows.
+/// The stream stays where it is.
 std::int64_t nextData(std::FILE* stream, std::int64_t offset);
 
 /// Mode 0: exists, 2: may be written, 4: may be read, 6: both. 0 for yes, -1 for no.
