@@ -3,6 +3,7 @@
 #include "zelbasictypes/text/utf8.h"
 
 #include "zelbasictypes/text/asciirun.h"
+#include "zelbasictypes/text/utf8blocks.h"
 
 #include <algorithm>
 #include <bit>
@@ -89,6 +90,7 @@ std::size_t encodeUtf8(std::u16string_view text, char* to) {
     constexpr std::ptrdiff_t least = group + 3;
     const char* const start = to;
     const char16_t *at = text.data(), *end = at + text.size();
+    to = encodeBlocks(at, end, to);
     while (end - at >= least) {
         const std::size_t run = copyAsciiRun(at, static_cast<std::size_t>(end - at), to);
         to += run;
