@@ -7,19 +7,15 @@
 #include "client/hostdialog.h"
 #include "client/librarytext.h"
 #include "client/modelfile.h"
+#include "client/runlog.h"
 #include "component/objects/services/iguibusystate.h"
 #include "component/objects/sptr.h"
 #include "platform/locale.h"
 #include "zelbasictypes/text/korstring.h"
 
-#include <QLoggingCategory>
-
 #include <algorithm>
 
 namespace {
-
-/// What a run has to say beyond dialogs, which are for decisions: the host may listen.
-Q_LOGGING_CATEGORY(runLog, "brix.run")
 
 constexpr int startLimitMs = 3000;
 constexpr int waitTurnMs = 500;
@@ -33,16 +29,6 @@ KorString outputBaseName(const std::list<KorString>& arguments) {
     auto found = std::find(arguments.begin(), arguments.end(), option);
     if (found == arguments.end() || ++found == arguments.end()) return {};
     return *found;
-}
-
-/// A crash shows nothing and ends no run, so that only the log tells it from a server that left
-/// nothing of its own will.
-void logServerEnd(const QProcess& server) {
-    if (server.exitStatus() == QProcess::CrashExit) {
-        qCWarning(runLog, "the server crashed");
-    } else if (server.exitCode() != 0) {
-        qCWarning(runLog, "the server ended with exit code %d", server.exitCode());
-    }
 }
 
 } // namespace
@@ -59,14 +45,18 @@ bool TessoraCADImporterClient::importModel(const KorString& environmentFile,
     importTarget = target;
     static_cast<ITessoraCADImporterClient*>(this)->setParameters(arguments);
 
+    finishesBefore = finishes;
+
     bool imported = false;
     IPtr<IGuiBusyState> busy;
-    if (serverHost.isEmpty() || startServer(environmentFile, serverProgram, arguments)) {
+    if (!hasServerHost() || findListeningServer() ||
+        startServer(environmentFile, serverProgram, arguments)) {
         sendControlMessage(CADImport::SendNextModelMessage());
         busy = SPtr<IGuiBusyState>();
         waitForServer(busy.iface);
         exportedFiles.clear();
-        imported = collectResults(outputBaseName(arguments), exportedFiles);
+        imported = isConnectedRun() ? takeResultFiles(exportedFiles)
+                                    : collectResults(outputBaseName(arguments), exportedFiles);
     }
     restoreEnvironment(savedEnvironment);
     return imported;
@@ -80,8 +70,12 @@ bool TessoraCADImporterClient::startServer(const KorString& environmentFile,
     if (serverRuns()) return !showNotice("It couldn't be connected to the running server.");
     const QStringList words = serverArguments(arguments);
     loadEnvironmentFile(environmentFile, savedEnvironment);
-    return launch(serverProgram, words) ||
-           !showNotice("The CAD Importer server could not be started");
+    if (!launch(serverProgram, words) &&
+        showNotice("The CAD Importer server could not be started")) {
+        return false;
+    }
+    if (isConnectedRun()) connectToServer();
+    return true;
 }
 
 /// The host's words first and unchanged, then the client's five.
@@ -106,6 +100,7 @@ bool TessoraCADImporterClient::launch(const KorString& serverProgram,
 /// server is the host's affair.
 void TessoraCADImporterClient::waitForServer(IGuiBusyState* busy) {
     if (!serverRuns()) return;
+    if (isConnectedRun()) return waitForConversation(busy);
     while (serverRuns()) {
         serverProcess.waitForFinished(waitTurnMs);
         if (busy && busy->isCancelled()) setEscaped();

@@ -4,6 +4,20 @@
 
 #include "platform/file.h"
 
+namespace flag = platform::open_flag;
+
+namespace {
+
+bool openAs(const char16_t* path, std::int32_t flags, QIODevice::OpenMode mode, QFile& file) {
+    const platform::Descriptor descriptor = platform::open(path, flags | flag::binary);
+    if (descriptor < 0) return false;
+    if (file.open(descriptor, mode, QFileDevice::AutoCloseHandle)) return true;
+    platform::close(descriptor);
+    return false;
+}
+
+} // namespace
+
 QString narrowText(const KorString& text) { return QString::fromUtf8(text.toNarrow()); }
 
 QStringList narrowTexts(const std::list<KorString>& texts) {
@@ -12,11 +26,16 @@ QStringList narrowTexts(const std::list<KorString>& texts) {
     return result;
 }
 
+KorString libraryText(const QString& text) {
+    return KorString(reinterpret_cast<const char16_t*>(text.utf16()),
+                     static_cast<std::int32_t>(text.size()));
+}
+
 bool openForReading(const KorString& path, QFile& file) {
-    const platform::Descriptor descriptor =
-        platform::open(path.c_str(), platform::open_flag::readOnly | platform::open_flag::binary);
-    if (descriptor < 0) return false;
-    if (file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) return true;
-    platform::close(descriptor);
-    return false;
+    return openAs(path.c_str(), flag::readOnly, QIODevice::ReadOnly, file);
+}
+
+bool openForAppending(const char16_t* path, QFile& file) {
+    return openAs(path, flag::writeOnly | flag::append | flag::create,
+                  QIODevice::WriteOnly | QIODevice::Append, file);
 }

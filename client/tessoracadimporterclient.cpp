@@ -6,14 +6,19 @@
 #include "cadimport/creator.h"
 #include "cadimport/messageregistry.h"
 #include "client/batchmode.h"
+#include "client/clientcontrolthread.h"
+#include "client/controlframe.h"
 #include "client/controlmessageinterpreter.h"
 #include "client/hostdialog.h"
 #include "client/librarytext.h"
+#include "client/livecontrol.h"
 #include "component/itemfactory.h"
 #include "component/objects/queryinterface.h"
 
 #include <QBuffer>
 #include <QDataStream>
+
+#include <cstring>
 
 namespace {
 
@@ -41,14 +46,6 @@ void interpretFrame(const QByteArray& payload, TessoraCADImporterClient* client)
     message->accept(interpreter);
 }
 
-QByteArray encodedFrame(const CADImport::Message& message) {
-    QByteArray frame;
-    QDataStream stream(&frame, QIODevice::WriteOnly);
-    stream.setVersion(CADImport::streamVersion);
-    stream << message;
-    return frame;
-}
-
 /// The words for the user; null where nothing is shown.
 const char* textFor(QProcess::ProcessError error) {
     switch (error) {
@@ -72,37 +69,67 @@ const char* textFor(QProcess::ProcessError error) {
 
 /// What the server says on its standard error is let through to the host's; the client reads none
 /// of the server's channels, so that its standard output is thrown away instead of kept.
-TessoraCADImporterClient::TessoraCADImporterClient() {
+TessoraCADImporterClient::TessoraCADImporterClient(ClientControlThread* thread) {
     serverProcess.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     serverProcess.setStandardOutputFile(QProcess::nullDevice());
     connect(this, &QObject::destroyed, &serverProcess, &QProcess::terminate, Qt::QueuedConnection);
     connect(&serverProcess, &QProcess::errorOccurred, this, &TessoraCADImporterClient::error);
+    if (thread) attach(thread);
     batchMode = isBatchMode();
 }
 
 TessoraCADImporterClient::~TessoraCADImporterClient() = default;
 
+/// Those who walk the object aren't told of the live control: it is for who knows its name.
 void TessoraCADImporterClient::qi(const char* name, void** result, std::int32_t) {
+    if (name && std::strcmp(name, ILiveControl::interfaceName) == 0) {
+        *result = static_cast<ILiveControl*>(this);
+        return;
+    }
     zelAnswerQuery<ITessoraCADImporterClient>(this, className(), name, result);
 }
 
 const char* TessoraCADImporterClient::className() { return "TessoraCADImporterClient"; }
 
+IZelUnknown* TessoraCADImporterClient::attachControlThread(bool traceFrames) {
+    if (!controlThread.isNull()) return nullptr;
+    return new LiveControl(*this, traceFrames);
+}
+
+void TessoraCADImporterClient::attach(ClientControlThread* thread) {
+    using Client = TessoraCADImporterClient;
+    using Thread = ClientControlThread;
+    controlThread = thread;
+    connect(thread, &Thread::criticalSignal, this, &Client::criticalBox, Qt::DirectConnection);
+    connect(thread, &Thread::warningSignal, this, &Client::warningBox, Qt::DirectConnection);
+    connect(thread, &Thread::newMessageArrivedSignal, this, &Client::controlMessageProcessing,
+            Qt::DirectConnection);
+    connect(this, &Client::sendControlMessageSignal, thread, &Thread::sendMessage,
+            Qt::DirectConnection);
+}
+
 void TessoraCADImporterClient::setParameters(const std::list<KorString>& parameters) {
     const CADImport::SetParameterMessage message(narrowTexts(parameters));
-    if (serverRuns() && !serverHost.isEmpty()) return sendControlMessage(message);
+    if (serverRuns() && hasServerHost()) return sendControlMessage(message);
     CADImport::ClientControlMessageInterpreter interpreter(this);
     message.accept(interpreter);
 }
 
 void TessoraCADImporterClient::setControlSocket(const KorString& host, std::uint16_t port) {
+    const QWriteLocker guard(&lock);
     serverHost = narrowText(host);
     controlPort = port;
 }
 
 void TessoraCADImporterClient::setDataSocket(const KorString& host, std::uint16_t port) {
+    const QWriteLocker guard(&lock);
     serverHost = narrowText(host);
     dataPort = port;
+}
+
+std::pair<QString, std::uint16_t> TessoraCADImporterClient::controlAddress() const {
+    const QReadLocker guard(&lock);
+    return {serverHost, controlPort};
 }
 
 bool TessoraCADImporterClient::coordinateSystems(std::list<IZelFeature*>& features,
@@ -126,8 +153,8 @@ bool TessoraCADImporterClient::serverRuns() const {
 }
 
 void TessoraCADImporterClient::sendControlMessage(const CADImport::Message& message) {
-    if (controlThread.isNull() || !serverRuns() || serverHost.isEmpty()) return;
-    emit sendControlMessageSignal(encodedFrame(message));
+    if (controlThread.isNull() || !serverRuns() || !hasServerHost()) return;
+    emit sendControlMessageSignal(CADImport::controlFrame(message));
 }
 
 void TessoraCADImporterClient::controlMessageProcessing(const QByteArray& payload) {

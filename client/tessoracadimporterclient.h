@@ -4,9 +4,23 @@
 //
 // One run at a time, on the thread that calls importModel, which blocks until the server has gone.
 // The process environment changes for the time of a run, for the whole host process.
+//
+// A run with a control thread is a connected one: the same steps, and a conversation beside them.
+// - A server that listens already, within half a second, is taken as it is; none is started. Only
+//   one that this client started in an earlier run is asked for a model and waited for.
+// - A server just started has 10 seconds, as long as it runs, until it listens; the connection is
+//   tried anew ten times a second. One that doesn't listen works as in a direct run, but what it
+//   leaves isn't read.
+// - The wait lasts until the server has gone, has said that it finished or breaks off, or has ended
+//   the connection. A server that still runs then is sent a FinishMessage and has one second to go;
+//   one that stays is given up, and may serve the next run. A wish to stop is noted and ends
+//   nothing.
+// - The files that the server named are the exported files; no model file is read, so that the run
+//   is a success only when an earlier one left models.
 #pragma once
 
 #include "client/environmentfile.h"
+#include "client/ilivecontrol.h"
 #include "client/itessoracadimporterclient.h"
 
 #include <QByteArray>
@@ -16,7 +30,9 @@
 #include <QReadWriteLock>
 #include <QStringList>
 
+#include <atomic>
 #include <memory>
+#include <utility>
 
 class ClientControlThread;
 class IGuiBusyState;
@@ -26,11 +42,15 @@ class Creator;
 class Message;
 } // namespace CADImport
 
-class TessoraCADImporterClient : public QObject, public ITessoraCADImporterClient {
+class TessoraCADImporterClient : public QObject,
+                                 public ITessoraCADImporterClient,
+                                 public ILiveControl {
     Q_OBJECT
 
 public:
-    TessoraCADImporterClient();
+    /// The thread, when there is one, is attached and stays the caller's, who destroys it before
+    /// this object and between runs; from then on runs are direct ones again.
+    explicit TessoraCADImporterClient(ClientControlThread* thread = nullptr);
     /// A server that still runs is left to the destructor of QProcess. What the lists point at
     /// stays the host's.
     ~TessoraCADImporterClient() override;
@@ -44,7 +64,10 @@ public:
                      std::list<KorString>& exportedFiles) override;
     bool reservedQuery() override { return false; }
     void setEscaped() override { escaped = true; }
-    void setFinished() override { finished = true; }
+    void setFinished() override {
+        finished = true;
+        ++finishes;
+    }
     void setParameters(const std::list<KorString>& parameters) override;
     void setControlSocket(const KorString& host, std::uint16_t port) override;
     void setDataSocket(const KorString& host, std::uint16_t port) override;
@@ -52,6 +75,8 @@ public:
     bool coordinateSystems(std::list<IZelFeature*>& features,
                            std::list<BitVector*>& masks) override;
     bool hasResults() override;
+
+    IZelUnknown* attachControlThread(bool traceFrames) override;
 
     /// A file that the server names as its result. Safe against other threads that add one.
     void addResultFile(const QString& file);
@@ -75,11 +100,25 @@ public slots:
     void error(QProcess::ProcessError error);
 
 private:
+    friend class LiveControl;
+
+    void attach(ClientControlThread* thread);
     bool startServer(const KorString& environmentFile, const KorString& serverProgram,
                      const std::list<KorString>& arguments);
     QStringList serverArguments(const std::list<KorString>& arguments) const;
     bool launch(const KorString& serverProgram, const QStringList& arguments);
     void waitForServer(IGuiBusyState* busy);
+    bool isConnectedRun() const { return !controlThread.isNull(); }
+    bool findListeningServer();
+    void connectToServer();
+    void attemptConnection(std::int32_t waitTimeMs);
+    void waitForConversation(IGuiBusyState* busy);
+    bool isConversationOver(bool wasConnected) const;
+    void partWithServer();
+    bool takeResultFiles(std::list<KorString>& exportedFiles);
+    void pauseForATurn();
+    std::pair<QString, std::uint16_t> controlAddress() const;
+    bool hasServerHost() const { return !controlAddress().first.isEmpty(); }
     bool collectResults(const KorString& outputBaseName, std::list<KorString>& exportedFiles);
     void readModelFile(const KorString& outputBaseName);
     bool serverRuns() const;
@@ -88,11 +127,15 @@ private:
     QString serverHost = QStringLiteral("127.0.0.1"); ///< empty: no server is to be started
     std::uint16_t controlPort = 1234;
     std::uint16_t dataPort = 0;                  ///< stored only
-    QPointer<ClientControlThread> controlThread; ///< not owned; nothing here attaches one
-    QReadWriteLock lock;                         ///< guards the appends to `resultFiles`
-    bool escaped = false;
-    bool finished = false;
-    bool batchMode = false; ///< decided once, at construction
+    QPointer<ClientControlThread> controlThread; ///< not owned
+    /// Guards `resultFiles`, the host and the ports, which frames from the server change too. Never
+    /// held over a call on the control thread.
+    mutable QReadWriteLock lock;
+    std::atomic<bool> escaped = false;
+    std::atomic<bool> finished = false;
+    std::atomic<int> finishes = 0; ///< how often the server has finished
+    int finishesBefore = 0;        ///< at the start of the run
+    bool batchMode = false;        ///< decided once, at construction
     QStringList resultFiles;
     std::unique_ptr<CADImport::Creator> creator;
     std::list<void*> models_;

@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: Apache-2.0
+// The control thread against a server that the test plays, over a real connection.
+#include "client/clientcontrolthread.h"
+
+#include "cadimport/controlmessages.h"
+#include "client/controlframe.h"
+#include "tests/support/loopback.h"
+
+#include <QElapsedTimer>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <mutex>
+#include <thread>
+
+using namespace loopback;
+
+namespace {
+
+const std::string okFrame("\0\0\0\x08\0\0\0\x04\0O\0K", 12);
+
+/// Keeps what a thread says. Direct, as the client connects.
+class Ear {
+public:
+    explicit Ear(ClientControlThread& thread) {
+        QObject::connect(
+            &thread, &ClientControlThread::newMessageArrivedSignal, &thread,
+            [this](const QByteArray& payload) {
+                const std::lock_guard guard(lock);
+                payloads.push_back(payload.toStdString());
+            },
+            Qt::DirectConnection);
+        QObject::connect(
+            &thread, &ClientControlThread::criticalSignal, &thread,
+            [this](const QString& text) {
+                const std::lock_guard guard(lock);
+                errors.push_back(text.toStdString());
+            },
+            Qt::DirectConnection);
+    }
+    std::vector<std::string> payloads, errors;
+
+private:
+    std::mutex lock;
+};
+
+class ControlThreadTest : public testing::Test {
+protected:
+    ControlThreadTest() { thread->setServerAddress("127.0.0.1", listener.port()); }
+
+    /// Starts the thread and plays the server up to its greeting.
+    void meet() {
+        thread->start();
+        peer = listener.accept();
+        EXPECT_EQ(peer.receive(12), okFrame);
+    }
+    /// Meets the thread, sends the bytes, closes, and waits for the thread's end.
+    void serve(const std::string& bytes) {
+        meet();
+        peer.send(bytes);
+        peer.close();
+        ASSERT_TRUE(thread->wait(10'000));
+    }
+    void endSoon() {
+        QElapsedTimer timer;
+        timer.start();
+        thread.reset();
+        EXPECT_LT(timer.elapsed(), 1000);
+    }
+    std::string error(std::int32_t number) const {
+        return "Control socket error: " + std::to_string(number);
+    }
+
+    Listener listener;
+    std::unique_ptr<ClientControlThread> thread = std::make_unique<ClientControlThread>();
+    Ear ear{*thread};
+    Peer peer;
+};
+
+using Texts = std::vector<std::string>;
+
+} // namespace
+
+TEST_F(ControlThreadTest, GreetsFirstAndHandsFramesOnWithoutTheirCount) {
+    EXPECT_FALSE(thread->isConnected());
+    serve(frame("one") + frame("") + frame("two"));
+    EXPECT_EQ(ear.payloads, (Texts{"one", "", "two"}));
+    EXPECT_EQ(ear.errors, Texts{error(0)}) << "the end of the connection";
+    EXPECT_TRUE(thread->isConnected()) << "it tells of the attempt";
+    EXPECT_STREQ(thread->metaObject()->className(), "ClientControlThread");
+}
+
+TEST_F(ControlThreadTest, PutsTogetherFramesThatComeByteByByte) {
+    meet();
+    for (const char byte : frame("drip") + frame("drop")) peer.send(std::string(1, byte));
+    peer.close();
+    ASSERT_TRUE(thread->wait(10'000));
+    EXPECT_EQ(ear.payloads, (Texts{"drip", "drop"}));
+}
+
+TEST_F(ControlThreadTest, EndsWithAnErrorWhereverTheServerClosesOrTalksNoise) {
+    const std::string whole = frame("word");
+    for (std::size_t cut = 0; cut < whole.size(); ++cut) {
+        serve(whole.substr(0, cut));
+        EXPECT_EQ(ear.errors.size(), cut + 1) << "and starts again";
+        EXPECT_EQ(ear.errors.back(), error(0));
+    }
+    for (const std::string noise : {"\xff\xff\xff\xfe", "\x7f\xff\xff\xff"}) {
+        meet();
+        peer.send(noise);
+        ASSERT_TRUE(thread->wait(1000));
+        EXPECT_EQ(ear.errors.back(), error(-platform::socket_error::messageTooLong()));
+        EXPECT_TRUE(peer.seesOrderlyEnd()) << "the server learns of it";
+    }
+    EXPECT_TRUE(ear.payloads.empty());
+}
+
+TEST_F(ControlThreadTest, EndsWithoutAWordWhenItCanNotConnect) {
+    const std::pair<const char*, std::uint16_t> cases[] = {
+        {"127.0.0.1", freePort()}, {"localhost", listener.port()}, {"", listener.port()}};
+    for (const auto& [host, port] : cases) {
+        thread->setServerAddress(host, port);
+        EXPECT_FALSE(thread->hasAttempted());
+        thread->start();
+        ASSERT_TRUE(thread->wait(10'000));
+        EXPECT_TRUE(thread->hasAttempted());
+        EXPECT_FALSE(thread->isConnected());
+    }
+    EXPECT_TRUE(ear.errors.empty());
+}
+
+TEST_F(ControlThreadTest, BoundsTheAttemptByTheWaitTime) {
+    const DeafListener deaf;
+    thread->setServerAddress("127.0.0.1", deaf.port());
+    thread->setWaitTime(300);
+    QElapsedTimer timer;
+    timer.start();
+    thread->start();
+    ASSERT_TRUE(thread->wait(10'000));
+    EXPECT_GE(timer.elapsed(), 300);
+    EXPECT_LT(timer.elapsed(), 1300);
+    EXPECT_FALSE(thread->isConnected());
+}
+
+TEST_F(ControlThreadTest, SendsWholeFramesWhileConnectedOnly) {
+    thread->sendMessage("lost");
+    meet();
+    const QByteArray first = CADImport::controlFrame(CADImport::SendNextModelMessage());
+    const QByteArray second = CADImport::controlFrame(CADImport::SetParameterMessage({"a", "b"}));
+    thread->sendMessage(first);
+    thread->sendMessage(second);
+    const QByteArray both = first + second;
+    EXPECT_EQ(peer.receive(static_cast<std::size_t>(both.size())), both.toStdString());
+    peer.close();
+    ASSERT_TRUE(thread->wait(10'000));
+    thread->sendMessage("into the void");
+}
+
+TEST_F(ControlThreadTest, IsNotHeldUpByAServerThatDoesNotRead) {
+    meet();
+    QElapsedTimer timer;
+    timer.start();
+    thread->sendMessage(QByteArray(64 << 20, 'x'));
+    EXPECT_LT(timer.elapsed(), 5000);
+    endSoon();
+}
+
+TEST_F(ControlThreadTest, ComesOutOfWhateverItWaitsForWhenDestroyed) {
+    meet();
+    endSoon();
+    EXPECT_TRUE(peer.seesOrderlyEnd());
+    EXPECT_TRUE(ear.errors.empty());
+
+    thread = std::make_unique<ClientControlThread>();
+    thread->setServerAddress("127.0.0.1", listener.port());
+    meet();
+    peer.send(frame("half").substr(0, 6));
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    endSoon();
+
+    const DeafListener deaf;
+    thread = std::make_unique<ClientControlThread>();
+    thread->setServerAddress("127.0.0.1", deaf.port());
+    thread->start();
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    endSoon();
+}
+
+TEST_F(ControlThreadTest, EndsAtAnyMomentOfItsStart) {
+    const Listener patient(300);
+    for (int i = 0; i < 200; ++i) {
+        thread = std::make_unique<ClientControlThread>();
+        thread->setServerAddress("127.0.0.1", patient.port());
+        thread->start();
+        std::this_thread::sleep_for(std::chrono::microseconds(i * 5));
+        endSoon();
+    }
+}
+
+TEST_F(ControlThreadTest, LeavesNoThreadAndNoDescriptorAfterAThousandConversations) {
+    const auto descriptors = openDescriptors();
+    const auto threads = runningThreads();
+    for (int i = 0; i < 1000; ++i) {
+        meet();
+        if (i % 2) peer.send(frame("word"));
+        peer.close();
+        ASSERT_TRUE(thread->wait(10'000));
+    }
+    EXPECT_EQ(openDescriptors(), descriptors);
+    EXPECT_EQ(runningThreads(), threads);
+    EXPECT_EQ(ear.payloads.size(), 500u);
+}
+
+TEST_F(ControlThreadTest, HandsOnAFloodOfFramesWhileOthersSend) {
+    constexpr int frames = 200'000;
+    std::atomic<int> count = 0;
+    thread = std::make_unique<ClientControlThread>();
+    thread->setServerAddress("127.0.0.1", listener.port());
+    QObject::connect(
+        thread.get(), &ClientControlThread::newMessageArrivedSignal, thread.get(),
+        [&](const QByteArray& payload) { count += payload == "12345678"; }, Qt::DirectConnection);
+    meet();
+    std::thread server([&] {
+        std::string batch;
+        for (int i = 0; i < 1000; ++i) batch += frame("12345678");
+        for (int i = 0; i < frames / 1000; ++i) peer.send(batch);
+    });
+    const QByteArray word = CADImport::controlFrame(CADImport::SendNextModelMessage());
+    for (int i = 0; i < 100; ++i) thread->sendMessage(word);
+    server.join();
+    peer.receive(static_cast<std::size_t>(word.size()) * 100);
+    peer.close();
+    ASSERT_TRUE(thread->wait(60'000));
+    EXPECT_EQ(count, frames);
+}

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: Apache-2.0
+// The trace files, whose drive is a directory of the test's.
+#include "client/clientcontrolthread.h"
+#include "tests/support/loopback.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class MessageTraceTest : public testing::Test {
+protected:
+    MessageTraceTest() {
+        qputenv("ZEL_DRIVE_C", QFile::encodeName(drive.path()));
+        QDir(drive.path()).mkdir("Temp");
+    }
+    ~MessageTraceTest() override { qunsetenv("ZEL_DRIVE_C"); }
+
+    QByteArray trace(const char* which) const {
+        QFile file(drive.filePath("Temp/CADImportClientControl") + which + "Trace.xml");
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    QTemporaryDir drive;
+};
+
+const char okBlock[] = "<QByteArray length=\"12\">\n"
+                       "   0   0   0   8   0   0   0   4   0  4f\n"
+                       "   0  4b\n"
+                       "</QByteArray>\n\n";
+
+} // namespace
+
+TEST_F(MessageTraceTest, WritesTenBytesALineAndAppendsBlocks) {
+    ClientControlThread::writeReadTrace(QByteArray("\0\0\0\x08\0\0\0\x04\0O\0K", 12));
+    EXPECT_EQ(trace("Read"), okBlock);
+    ClientControlThread::writeReadTrace({});
+    ClientControlThread::writeReadTrace("\xff\n 3456789");
+    EXPECT_EQ(trace("Read"), QByteArray(okBlock) + "<QByteArray length=\"0\">\n\n</QByteArray>\n\n"
+                                                   "<QByteArray length=\"10\">\n"
+                                                   "  ff   a  20  33  34  35  36  37  38  39\n"
+                                                   "</QByteArray>\n\n");
+    EXPECT_EQ(trace("Send"), "");
+    ClientControlThread::writeSendTrace({});
+    EXPECT_EQ(trace("Send"), "<QByteArray length=\"0\">\n\n</QByteArray>\n\n");
+}
+
+TEST_F(MessageTraceTest, LeavesNothingWhereTheDirectoryIsMissing) {
+    QDir(drive.filePath("Temp")).removeRecursively();
+    ClientControlThread::writeReadTrace("x");
+    EXPECT_FALSE(QDir(drive.path()).exists("Temp"));
+}
+
+TEST_F(MessageTraceTest, TracesAConversationOnlyWhenToldTo) {
+    const loopback::Listener listener;
+    for (const bool on : {false, true}) {
+        ClientControlThread thread;
+        thread.setTracing(on);
+        thread.setServerAddress("127.0.0.1", listener.port());
+        thread.start();
+        loopback::Peer peer = listener.accept();
+        peer.send(loopback::frame(std::string("\0\0\0\x04\0O\0K", 8)));
+        peer.receive(12);
+        peer.close();
+        ASSERT_TRUE(thread.wait(10'000));
+        EXPECT_EQ(trace("Send"), on ? okBlock : "");
+        EXPECT_EQ(trace("Read"), on ? okBlock : "") << "the frame with its count";
+    }
+}
