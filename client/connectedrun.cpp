@@ -57,12 +57,14 @@ bool TessoraCADImporterClient::findListeningServer() {
 void TessoraCADImporterClient::connectToServer() {
     QElapsedTimer timer;
     timer.start();
-    do {
+    for (;;) {
         attemptConnection(noLimit);
+        if (!serverRuns()) return noteServerEnd();
         if (controlThread->isConnected()) return;
         controlThread->wait();
-    } while (serverRuns() && timer.elapsed() < listenLimitMs);
-    if (serverRuns()) qCWarning(runLog, "the server does not listen on its control port");
+        if (timer.elapsed() > listenLimitMs) break;
+    }
+    qCWarning(runLog, "the server does not listen on its control port");
 }
 
 bool TessoraCADImporterClient::isConversationOver(bool wasConnected) const {
@@ -77,9 +79,13 @@ void TessoraCADImporterClient::waitForConversation(IGuiBusyState* busy) {
         if (isQuestionDue && busy && busy->isCancelled()) setEscaped();
     }
     if (serverRuns()) partWithServer();
-    if (serverRuns()) return;
+    if (!serverRuns()) noteServerEnd();
+}
+
+/// What it had sent may still have to be read.
+void TessoraCADImporterClient::noteServerEnd() {
     logServerEnd(serverProcess);
-    if (wasConnected) controlThread->wait(lastFramesMs);
+    if (controlThread->isConnected()) controlThread->wait(lastFramesMs);
 }
 
 void TessoraCADImporterClient::partWithServer() {

@@ -115,6 +115,7 @@ private:
     void waitForConversation(IGuiBusyState* busy);
     bool isConversationOver(bool wasConnected) const;
     void partWithServer();
+    void noteServerEnd();
     bool takeResultFiles(std::list<KorString>& exportedFiles);
     void pauseForATurn();
     std::pair<QString, std::uint16_t> controlAddress() const;

@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: Apache-2.0
+// Runs with a control thread, and servers that talk as the test says.
+#include "client/clientcontrolthread.h"
+#include "client/ilivecontrol.h"
+#include "client/tessoracadimporterclient.h"
+#include "component/objects/services/iguibusystate.h"
+#include "host/modelling/modellingcomponent.h"
+#include "tests/support/fakemanager.h"
+#include "tests/support/loopback.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+namespace {
+
+using Words = std::list<KorString>;
+
+class Cancelled : public IGuiBusyState {
+public:
+    void qi(const char* name, void** result, std::int32_t) override {
+        zelAnswerQuery<IGuiBusyState>(this, className(), name, result);
+    }
+    const char* className() override { return "Cancelled"; }
+    bool isCancelled() override { return ++questions; }
+
+    int questions = 0;
+};
+
+class ConnectedRunTest : public testing::Test {
+protected:
+    ConnectedRunTest() {
+        void* found = nullptr;
+        client->qi(ILiveControl::interfaceName, &found);
+        live = static_cast<ILiveControl*>(found)->attachControlThread(false);
+    }
+    ~ConnectedRunTest() override {
+        live = nullptr;
+        client = nullptr;
+        host::rootManager().clear();
+    }
+
+    QString path(const char* name) const { return directory.filePath(QLatin1String(name)); }
+    bool exists(const char* name) const { return QFile::exists(path(name)); }
+    void write(const char* name) const {
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+
+    /// A run whose server does what the words say. "REPORT" stands for a file that it leaves when
+    /// it has come that far.
+    bool run(std::initializer_list<const char*> deeds) {
+        Words words{"-ControlSocket", "127.0.0.1", KorString(static_cast<int>(port)),
+                    "-OutputBaseName", KorString(path("part").toUtf8().constData())};
+        for (const char* deed : deeds) {
+            words.emplace_back(
+                std::strcmp(deed, "REPORT") == 0 ? path("report").toUtf8().constData() : deed);
+        }
+        QElapsedTimer timer;
+        timer.start();
+        exported.clear();
+        const bool result = client->importModel({}, FAKE_SERVER, words, modelling.importTarget(),
+                                                nullptr, nullptr, exported);
+        elapsedMs = timer.elapsed();
+        return result;
+    }
+
+    testsupport::FakeManager manager;
+    host::ModellingComponent modelling{host::rootManager()};
+    QTemporaryDir directory;
+    /// Below 32768, which is where a port of the option list must be.
+    const std::uint16_t port = [] {
+        static std::uint16_t next = static_cast<std::uint16_t>(20000 + getpid() % 10000);
+        while (platform::Socket probe = platform::createSocket()) {
+            const bool isFree = platform::bindSocket(probe, {platform::loopbackHost, ++next}) == 0;
+            platform::closeSocket(probe);
+            if (isFree) break;
+        }
+        return next;
+    }();
+    IPtr<TessoraCADImporterClient> client{new TessoraCADImporterClient};
+    IPtr<IZelUnknown> live;
+    Words exported;
+    qint64 elapsedMs = 0;
+};
+
+} // namespace
+
+TEST_F(ConnectedRunTest, AsksForAModelAndTakesTheFilesThatTheServerNames) {
+    write("part.direct");
+    write("part.igs");
+    EXPECT_FALSE(run({"-TalkListen",
+                      "-TalkAwait",
+                      "OK",
+                      "-TalkAwait",
+                      "SendNextModel",
+                      "-TalkSend",
+                      "OK",
+                      "-TalkResult",
+                      "one",
+                      "-TalkSend",
+                      "Nonsense",
+                      "-TalkSend",
+                      "",
+                      "-TalkResult",
+                      "two",
+                      "-TalkSend",
+                      "Finish",
+                      "-TalkAwait",
+                      "Finish",
+                      "-FakeReport",
+                      "REPORT"}))
+        << "there are no models";
+    EXPECT_EQ(exported, (Words{"one", "two"}));
+    EXPECT_TRUE(exists("report")) << "the server was told to go";
+    EXPECT_TRUE(exists("part.direct")) << "no model file is read";
+}
+
+TEST_F(ConnectedRunTest, WaitsForAServerThatIsSlowToListen) {
+    run({"-FakeSleep", "700", "-TalkListen", "-TalkAwait", "SendNextModel", "-TalkResult", "late",
+         "-TalkSend", "Escape", "-TalkAwait", "Finish"});
+    EXPECT_EQ(exported, Words{"late"});
+}
+
+TEST_F(ConnectedRunTest, ReadsToTheEndWhatAServerSaidThatDidNotWait) {
+    run({"-TalkListen", "-TalkAwait", "SendNextModel", "-TalkResult", "a", "-TalkResult", "b"});
+    EXPECT_EQ(exported, (Words{"a", "b"}));
+}
+
+TEST_F(ConnectedRunTest, EndsSoonAfterAServerThatDiesOrFallsSilent) {
+    const std::initializer_list<const char*> ends[] = {
+        {"-TalkListen", "-FakeCrash"},
+        {"-TalkListen", "-TalkAwait", "SendNextModel", "-TalkHalf", "-FakeCrash"},
+        {"-FakeExit", "3"},
+        {"-TalkListen", "-TalkClose", "-FakeSleep", "60000"},
+        {"-TalkListen", "-TalkNoise", "-FakeSleep", "60000"},
+        {"-TalkListen", "-TalkSend", "Finish", "-FakeSleep", "60000"},
+    };
+    for (const auto& deeds : ends) {
+        SCOPED_TRACE(*(deeds.end() - 2));
+        live = nullptr;
+        client = new TessoraCADImporterClient;
+        live = client->attachControlThread(false);
+        EXPECT_FALSE(run(deeds));
+        EXPECT_TRUE(exported.empty());
+        EXPECT_LT(elapsedMs, 5000) << "half a second to look for a server, one for it to go";
+    }
+}
+
+TEST_F(ConnectedRunTest, NotesAWishToStopAndGoesOn) {
+    IPtr<Cancelled> busy(new Cancelled);
+    manager.offer("IGuiBusyState", busy.iface);
+    run({"-TalkListen", "-TalkAwait", "SendNextModel", "-FakeSleep", "1300", "-TalkResult", "kept",
+         "-TalkSend", "Finish", "-TalkAwait", "Finish"});
+    EXPECT_GE(busy->questions, 2);
+    EXPECT_LE(busy->questions, 4);
+    EXPECT_EQ(exported, Words{"kept"});
+}
+
+TEST_F(ConnectedRunTest, TakesAServerThatListensAlreadyAsItIs) {
+    const loopback::Listener listener(5, port);
+    EXPECT_FALSE(run({"-FakeReport", "REPORT"}));
+    EXPECT_FALSE(exists("report")) << "none was started";
+    EXPECT_LT(elapsedMs, 3000);
+    loopback::Peer visitor = listener.accept();
+    EXPECT_EQ(visitor.receive(12).size(), 12u);
+    live = nullptr;
+    EXPECT_TRUE(visitor.seesOrderlyEnd());
+}
+
+TEST_F(ConnectedRunTest, IsServedAgainByAServerOfItsOwnThatStayed) {
+    live = nullptr;
+    auto thread = std::make_unique<ClientControlThread>();
+    client = new TessoraCADImporterClient(thread.get());
+    run({"-TalkListen", "-TalkAwait", "SendNextModel", "-TalkResult",   "first",
+         "-TalkSend",   "Finish",     "-TalkAwait",    "SetParameters", "-TalkClose",
+         "-TalkListen", "-TalkAwait", "SendNextModel", "-TalkResult",   "second",
+         "-TalkSend",   "Finish",     "-TalkAwait",    "Finish",        "-FakeReport",
+         "REPORT"});
+    EXPECT_EQ(exported, Words{"first"});
+    EXPECT_FALSE(exists("report"));
+    client->setParameters({"-Words", "for the server"});
+    ASSERT_TRUE(thread->wait(10'000));
+    run({});
+    EXPECT_EQ(exported, Words{"second"});
+    EXPECT_TRUE(exists("report"));
+    thread.reset();
+}
+
+TEST_F(ConnectedRunTest, HasOneControlThreadAtATimeAndNoneOnceItIsGone) {
+    EXPECT_EQ(client->attachControlThread(false), nullptr);
+    live = nullptr;
+    write("part.igs");
+    EXPECT_TRUE(run({})) << "a direct run again";
+    live = client->attachControlThread(false);
+    EXPECT_TRUE(live);
+}
