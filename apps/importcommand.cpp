@@ -14,7 +14,7 @@ struct Words {
     std::string model, outputBase, server, module, environment, answer, settingsFile, trace, json,
         picture, exportFile;
     std::vector<std::string> arguments, settings, without;
-    bool noServer = false;
+    bool noServer = false, live = false, traceFrames = false;
 };
 
 CLI::Option* addList(CLI::App& parser, const char* name, std::vector<std::string>& list,
@@ -31,6 +31,11 @@ void addInput(CLI::App& parser, Words& words) {
         ->type_name("BASE");
     parser.add_flag("--no-server", words.noServer,
                     "start no server: read the BASE.direct that is there already, without MODEL");
+    parser.add_flag("--live", words.live,
+                    "talk with the server over a control connection, where it names its files");
+    parser.add_flag("--trace-frames", words.traceFrames,
+                    "with --live: append each frame to CADImportClientControlReadTrace.xml or\n"
+                    "CADImportClientControlSendTrace.xml in C:\\Temp; C: is ZEL_DRIVE_C elsewhere");
     addList(parser, "--argument", words.arguments, "WORD",
             "a further word of the server's option list; repeatable");
     parser.add_option("--server", words.server, "the server; default: the one beside this program")
@@ -90,6 +95,8 @@ ImportCommand commandOf(const Words& words, bool json) {
     options.model = QString::fromStdString(words.model);
     options.outputBase = QString::fromStdString(words.outputBase);
     options.noServer = words.noServer;
+    options.live = words.live;
+    options.traceFrames = words.traceFrames;
     options.arguments = toQStrings(words.arguments);
     options.server = QString::fromStdString(words.server);
     options.module = QString::fromStdString(words.module);
@@ -114,6 +121,8 @@ void settleJson(Words& words) {
 const char* problemOf(const Words& words) {
     if (words.noServer && !words.model.empty()) return "--no-server takes no MODEL";
     if (words.noServer && words.outputBase.empty()) return "--no-server needs --output-base";
+    if (words.noServer && words.live) return "--live needs a server";
+    if (words.traceFrames && !words.live) return "--trace-frames needs --live";
     if (!words.noServer && words.model.empty()) return "MODEL is missing";
     return nullptr;
 }

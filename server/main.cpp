@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // cad-importer-server: the command line, and how the process ends when it isn't by itself.
 #include "platform/process.h"
+#include "server/conversation.h"
 #include "server/failure.h"
 #include "server/importrun.h"
 #include "server/options.h"
@@ -47,7 +48,8 @@ ExitCode perform(const QStringList& words) {
                       << std::endl;
         } else {
             watchForTheEnd();
-            return server::runImport(options, std::cerr);
+            return options.controlPort ? server::converse(options, std::cerr)
+                                       : server::runImport(options, std::cerr);
         }
         return ExitCode::ok;
     } catch (const server::Failure& failure) {

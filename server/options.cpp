@@ -42,10 +42,15 @@ private:
 int valuesOfIgnored(const QString& word) {
     const QStringList none{"-Batch", "-Interactive", "-Passive"};
     const QStringList one{"-ResultFile"};
-    const QStringList two{"-ControlSocket", "-DataSocket"};
     if (none.contains(word)) return 0;
     if (one.contains(word)) return 1;
-    return two.contains(word) ? 2 : -1;
+    return word == "-DataSocket" ? 2 : -1;
+}
+
+/// A client on another machine, or a port that is none, means no conversation.
+std::uint16_t controlPortOf(const QString& host, const QString& port) {
+    const QStringList ownNames{"127.0.0.1", "localhost"};
+    return ownNames.contains(host) ? port.toUShort() : std::uint16_t{0};
 }
 
 void takeWord(const QString& word, WordReader& reader, Options& options) {
@@ -59,6 +64,9 @@ void takeWord(const QString& word, WordReader& reader, Options& options) {
         options.sat = reader.switchOf(word);
     } else if (word == "-BodiesOnly") {
         options.bodiesOnly = reader.switchOf(word);
+    } else if (word == "-ControlSocket") {
+        const QString host = reader.valueOf(word);
+        options.controlPort = controlPortOf(host, reader.valueOf(word));
     } else if (word == "--help" || word == "-h") {
         options.help = true;
     } else if (word == "--version") {
@@ -72,10 +80,14 @@ void takeWord(const QString& word, WordReader& reader, Options& options) {
 
 } // namespace
 
-Options parseOptions(const QStringList& words) {
-    Options options;
+void takeWords(const QStringList& words, Options& options) {
     WordReader reader(words);
     while (!reader.atEnd()) takeWord(reader.take(), reader, options);
+}
+
+Options parseOptions(const QStringList& words) {
+    Options options;
+    takeWords(words, options);
     if (options.help || options.version) return options;
     if (options.inputFile.isEmpty()) {
         throw Failure(ExitCode::wrongUse, "no -InputFile; see --help");
@@ -103,7 +115,11 @@ IGES (.iges, .igs), BREP (.brep, .brp).
                          (default: off)
   -Batch, -Interactive, -Passive
                          accepted; the server never asks anything
-  -ControlSocket HOST PORT, -DataSocket HOST PORT, -ResultFile FILE
+  -ControlSocket HOST PORT
+                         waits 5 seconds for a client at this port of 127.0.0.1
+                         and imports when it asks; without one, or with another
+                         host, imports at once
+  -DataSocket HOST PORT, -ResultFile FILE
                          accepted; not used
   --help                 show this text
   --version              show the version

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <cstdint>
+
 namespace server {
 
 /// Whoever starts the server may pass words that are meant for others; those are accepted and not
@@ -12,9 +14,10 @@ namespace server {
 struct Options {
     QString inputFile;
     QString outputBaseName;
-    bool igs = false;        ///< leave BASE.igs too
-    bool sat = false;        ///< asked for, but there is none
-    bool bodiesOnly = false; ///< solids only
+    bool igs = false;              ///< leave BASE.igs too
+    bool sat = false;              ///< asked for, but there is none
+    bool bodiesOnly = false;       ///< solids only
+    std::uint16_t controlPort = 0; ///< where to listen, on this machine alone; 0: nowhere
     bool help = false;
     bool version = false;
     QStringList unknown; ///< words that mean nothing here, in order
@@ -23,6 +26,10 @@ struct Options {
 /// `words` without the program's name. Throws a Failure (wrong use) when a word lacks its value or
 /// has one that it can't have, or when input or output isn't named.
 Options parseOptions(const QStringList& words);
+
+/// Takes further words, such as a client sends, into options that are complete. Throws likewise,
+/// and then some may have been taken.
+void takeWords(const QStringList& words, Options& options);
 
 /// The text of --help.
 QString helpText();

@@ -14,7 +14,9 @@ struct ImportOptions {
     QString model;      ///< the CAD file; none when there is no server
     QString outputBase; ///< default: in a new temporary directory, removed at the end
     bool noServer = false;
-    QStringList arguments; ///< further words of the option list
+    bool live = false;        ///< over a control connection
+    bool traceFrames = false; ///< of that connection
+    QStringList arguments;    ///< further words of the option list
     QString server, module;
     QString environmentFile;
     std::optional<bool> answer;

@@ -6,6 +6,7 @@
 #include "host/modelling/modellingcomponent.h"
 #include "host/run/componentlog.h"
 #include "host/run/interrupts.h"
+#include "host/run/liveimport.h"
 #include "host/run/loadedmodule.h"
 #include "host/run/measuring.h"
 #include "host/run/programfiles.h"
@@ -32,7 +33,11 @@ class ImportRun {
 public:
     ImportRun(const ImportOptions& options, const RunSurroundings& surroundings)
         : options_(options), surroundings_(surroundings) {}
-    ~ImportRun() { rootManager().clear(); }
+    ~ImportRun() {
+        control_ = nullptr;
+        client_ = nullptr;
+        rootManager().clear();
+    }
 
     RunOutcome execute();
 
@@ -41,15 +46,19 @@ private:
     std::string makeSettings();
     std::string makePlaces();
     std::string offerEverything();
+    std::string prepareConversation();
 
     RunOutcome fail(ExitStatus status, const std::string& reason);
     void lookAtServer();
-    void import(ITessoraCADImporterClient& client);
-    bool callImport(ITessoraCADImporterClient& client);
-    void takeResults(ITessoraCADImporterClient& client);
+    void import();
+    bool callImport();
+    bool importModel(const std::list<KorString>& words, std::list<KorString>& files);
+    bool readWhatWasNamed(std::list<KorString>& files);
+    void takeResults();
     void judge();
     void noteServerEnd();
     std::list<KorString> optionList() const;
+    std::list<KorString> readingList(const KorString& base) const;
     bool wasStartRefused() const;
 
     const ImportOptions& options_;
@@ -60,6 +69,10 @@ private:
     IPtr<SettingsStore> settings_{new SettingsStore};
     Services services_;
     std::unique_ptr<ModellingComponent> modelling_;
+    LoadedModule module_;
+    IPtr<ITessoraCADImporterClient> client_;
+    IPtr<IZelUnknown> control_; ///< while the client has a control thread
+    std::uint16_t controlPort_ = 0;
     RunFacts facts_;
     RunOutcome outcome_;
 };
@@ -70,14 +83,24 @@ RunOutcome ImportRun::execute() {
         const std::string reason = (this->*step)();
         if (!reason.empty()) return fail(ExitStatus::wrongUse, reason);
     }
-    LoadedModule module;
     const QString file = options_.module.isEmpty() ? defaultModule() : options_.module;
-    const std::string reason = module.load(file, rootManager());
+    const std::string reason = module_.load(file, rootManager());
     if (!reason.empty()) return fail(ExitStatus::unusable, reason);
-    const IPtr<ITessoraCADImporterClient> client = module.makeClient();
-    if (!client) return fail(ExitStatus::unusable, "the module offers no import client");
-    import(*client.iface);
+    client_ = module_.makeClient();
+    if (!client_) return fail(ExitStatus::unusable, "the module offers no import client");
+    if (options_.live) {
+        const std::string problem = prepareConversation();
+        if (!problem.empty()) return fail(ExitStatus::unusable, problem);
+    }
+    import();
     return std::move(outcome_);
+}
+
+std::string ImportRun::prepareConversation() {
+    controlPort_ = findControlPort();
+    if (controlPort_ == 0) return "this machine has no free port for the control connection";
+    control_ = attachControlThread(*client_.iface, options_.traceFrames);
+    return control_ ? "" : "the component offers no control connection";
 }
 
 RunOutcome ImportRun::fail(ExitStatus status, const std::string& reason) {
@@ -131,6 +154,7 @@ std::string ImportRun::offerEverything() {
 
 void ImportRun::lookAtServer() {
     facts_.noServer = options_.noServer;
+    facts_.live = options_.live;
     facts_.importerMissing = options_.without.contains(QStringLiteral("IZelCADImporter"));
     if (options_.noServer) return;
     facts_.server = options_.server.isEmpty() ? defaultServer() : options_.server;
@@ -139,12 +163,12 @@ void ImportRun::lookAtServer() {
     if (!QFileInfo::exists(options_.model)) facts_.missingModel = options_.model;
 }
 
-void ImportRun::import(ITessoraCADImporterClient& client) {
+void ImportRun::import() {
     lookAtServer();
     const ServerReportFile reportFile(outputBase_);
-    outcome_.result = callImport(client);
+    outcome_.result = callImport();
     facts_.interrupted = interruptCount() > 0;
-    takeResults(client);
+    takeResults();
     outcome_.server = reportFile.read();
     facts_.serverReported = !outcome_.server.is_null();
     outcome_.losses = outcome_.record.dropped;
@@ -157,24 +181,47 @@ void ImportRun::import(ITessoraCADImporterClient& client) {
 
 std::list<KorString> ImportRun::optionList() const {
     QStringList words;
-    if (options_.noServer) {
-        words << QStringLiteral("-ControlSocket") << QString() << QStringLiteral("0");
-    } else {
-        words << QStringLiteral("-InputFile") << options_.model;
+    if (options_.noServer) return readingList(toKorString(outputBase_));
+    if (options_.live) {
+        words << QStringLiteral("-ControlSocket") << QStringLiteral("127.0.0.1")
+              << QString::number(controlPort_);
     }
-    words << QStringLiteral("-OutputBaseName") << outputBase_ << options_.arguments;
+    words << QStringLiteral("-InputFile") << options_.model << QStringLiteral("-OutputBaseName")
+          << outputBase_ << options_.arguments;
     std::list<KorString> list;
     for (const QString& word : words) list.push_back(toKorString(word));
     return list;
 }
 
-bool ImportRun::callImport(ITessoraCADImporterClient& client) {
+/// For a run that reads what is there.
+std::list<KorString> ImportRun::readingList(const KorString& base) const {
+    std::list<KorString> list{"-ControlSocket", "", "0", "-OutputBaseName", base};
+    for (const QString& word : options_.arguments) list.push_back(toKorString(word));
+    return list;
+}
+
+bool ImportRun::importModel(const std::list<KorString>& words, std::list<KorString>& files) {
+    return client_->importModel(toKorString(options_.environmentFile), toKorString(facts_.server),
+                                words, modelling_->importTarget(), nullptr, nullptr, files);
+}
+
+/// A connected run names files and reads none; a second client, which has no server, reads them.
+bool ImportRun::readWhatWasNamed(std::list<KorString>& files) {
+    control_ = nullptr;
+    const KorString base = modelBaseIn(files);
+    facts_.modelNamed = !base.isEmpty();
+    if (!facts_.modelNamed) return false;
+    facts_.modelFile = toQString(base) + QStringLiteral(".direct");
+    client_ = module_.makeClient();
+    return importModel(readingList(base), files);
+}
+
+bool ImportRun::callImport() {
     const RunWatch watch(services_.busyState, outcome_.name, surroundings_.messages);
     const ComponentLog log;
     std::list<KorString> files;
-    const bool result =
-        client.importModel(toKorString(options_.environmentFile), toKorString(facts_.server),
-                           optionList(), modelling_->importTarget(), nullptr, nullptr, files);
+    bool result = importModel(optionList(), files);
+    if (options_.live) result = readWhatWasNamed(files);
     for (const std::string& line : log.lines()) facts_.serverEnd = line;
     for (const KorString& file : files) {
         outcome_.exportedFiles.push_back(
@@ -185,11 +232,11 @@ bool ImportRun::callImport(ITessoraCADImporterClient& client) {
 
 /// The lists pass to the host with all that they point at. The entries of the models are the
 /// host's own objects, which the modelling component holds anyway.
-void ImportRun::takeResults(ITessoraCADImporterClient& client) {
-    outcome_.hasResults = client.hasResults();
+void ImportRun::takeResults() {
+    outcome_.hasResults = client_->hasResults();
     std::list<IZelFeature*> systems;
     std::list<BitVector*> masks;
-    client.coordinateSystems(systems, masks);
+    client_->coordinateSystems(systems, masks);
     modelling_->takeCoordinateSystems(systems);
     for (BitVector* mask : masks) {
         mask->addRef();

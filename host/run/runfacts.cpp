@@ -5,14 +5,19 @@
 namespace host {
 namespace {
 
+std::string serverEnd(const RunFacts& facts) {
+    return facts.serverEnd.empty() ? "the server came to its end" : facts.serverEnd;
+}
+
 std::string withoutModelFile(const RunFacts& facts) {
     if (facts.noServer) return "there is no model file " + facts.modelFile.toStdString();
     if (!facts.missingModel.isEmpty()) {
         return "there is no CAD file " + facts.missingModel.toStdString();
     }
-    return (facts.serverEnd.empty() ? "the server came to its end" : facts.serverEnd) +
-           (facts.serverReported ? " without leaving a model file"
-                                 : " and left neither a model file nor a report");
+    if (facts.live && !facts.modelNamed) return serverEnd(facts) + " and named no model file";
+    return serverEnd(facts) + (facts.serverReported
+                                   ? " without leaving a model file"
+                                   : " and left neither a model file nor a report");
 }
 
 } // namespace
@@ -24,7 +29,7 @@ std::string reasonForNothing(const RunFacts& facts) {
                facts.startProblem.toStdString();
     }
     if (facts.importerMissing) return "there is no importer to give a model to";
-    if (!facts.modelFileBytes) return withoutModelFile(facts);
+    if (!facts.modelFileBytes || (facts.live && !facts.modelNamed)) return withoutModelFile(facts);
     if (*facts.modelFileBytes == 0) return "the model file is empty";
     return "the model file holds no model that can be read (" +
            std::to_string(*facts.modelFileBytes) + " bytes)";

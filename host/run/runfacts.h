@@ -14,6 +14,8 @@ namespace host {
 
 struct RunFacts {
     bool noServer = false;
+    bool live = false;       ///< whether the server was to name its files over a connection
+    bool modelNamed = false; ///< whether it named a model file there
     bool interrupted = false;
     QString missingModel;        ///< the CAD file, when it isn't there
     QString server;              ///< the program

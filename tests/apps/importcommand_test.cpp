@@ -69,7 +69,7 @@ TEST_F(ImportCommandTest, TakesTheModelAndEveryOption) {
     EXPECT_EQ(options.traceFile, "t");
     EXPECT_EQ(options.picture, "p.png");
     EXPECT_EQ(options.exportFile, "x.brep");
-    EXPECT_FALSE(options.noServer);
+    EXPECT_FALSE(options.noServer || options.live || options.traceFrames);
     EXPECT_TRUE(command.json);
     EXPECT_EQ(command.jsonFile, "r.json");
 }
@@ -87,10 +87,18 @@ TEST_F(ImportCommandTest, WritesJsonToStandardOutputWithoutAFile) {
     EXPECT_FALSE(require({"part.step"}).options.answer);
 }
 
+TEST_F(ImportCommandTest, TakesAConversationAndItsTrace) {
+    EXPECT_TRUE(require({"part.step", "--live"}).options.live);
+    const host::ImportOptions options = require({"part.step", "--live", "--trace-frames"}).options;
+    EXPECT_TRUE(options.live && options.traceFrames);
+}
+
 TEST_F(ImportCommandTest, RefusesWrongUseWithStatusTwoAndAReason) {
     const QStringList wrong[] = {{},
                                  {"--no-server"},
                                  {"--no-server", "--output-base", "b", "part.step"},
+                                 {"--no-server", "--output-base", "b", "--live"},
+                                 {"part.step", "--trace-frames"},
                                  {"part.step", "more.step"},
                                  {"part.step", "--answer", "perhaps"},
                                  {"part.step", "--unknown"},
@@ -106,9 +114,10 @@ TEST_F(ImportCommandTest, RefusesWrongUseWithStatusTwoAndAReason) {
 
 TEST_F(ImportCommandTest, HelpsAndTellsItsVersion) {
     EXPECT_EQ(parse({"--help"}).exitStatus, 0);
-    for (const char* option : {"MODEL", "--output-base", "--no-server", "--argument", "--server",
-                               "--module", "--environment", "--answer", "--set", "--settings",
-                               "--without", "--trace", "--json", "--picture", "--export"}) {
+    for (const char* option :
+         {"MODEL", "--output-base", "--no-server", "--live", "--trace-frames", "--argument",
+          "--server", "--module", "--environment", "--answer", "--set", "--settings", "--without",
+          "--trace", "--json", "--picture", "--export"}) {
         EXPECT_NE(output.find(option), std::string::npos) << option;
     }
     EXPECT_EQ(parse({"--version"}).exitStatus, 0);

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: Apache-2.0
+// brix-import over a control connection, with the real component.
+#include "tests/apps/brixprocess.h"
+#include "tests/apps/modelfile.h"
+
+#include <QElapsedTimer>
+
+namespace apps {
+namespace {
+
+class LiveTest : public BrixImportTest {
+protected:
+    LiveTest() {
+        { QFile(part).open(QIODevice::WriteOnly); }
+        ModelFile file(model);
+        file.begin(10), file.addSphere(), file.end();
+    }
+
+    /// The words of a live run whose server does what `deeds` say.
+    QStringList talking(const QStringList& deeds) const {
+        QStringList words{part, "--live", "--json", "--server", FAKE_SERVER, "--output-base", base};
+        for (const QString& deed : deeds) words << "--argument" << deed;
+        return words;
+    }
+    QStringList serving() const {
+        return {"-TalkListen", "-TalkAwait",     "SendNextModel", "-FakeCopy",
+                model,         base + ".direct", "-TalkResult",   base + ".direct",
+                "-TalkSend",   "Finish",         "-TalkAwait",    "Finish"};
+    }
+    QByteArray trace(const char* which) const {
+        QFile file(directory.filePath("Temp/CADImportClientControl") + which + "Trace.xml");
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    QString base = directory.filePath("part");
+    QString part = directory.filePath("part.step");
+    QString model = directory.filePath("model");
+};
+
+TEST_F(LiveTest, ImportsTheModelThatTheServerNames) {
+    const ImportResult live = run(talking(serving()));
+    EXPECT_EQ(live.status, 0) << live.output << live.errors;
+    EXPECT_EQ(live.json()["models"].size(), 1u);
+    EXPECT_FALSE(QFile::exists(base + ".direct"));
+    const ImportResult direct =
+        run({part, "--json", "--server", FAKE_SERVER, "--output-base", base, "--argument",
+             "-FakeCopy", "--argument", model, "--argument", base + ".direct"});
+    EXPECT_EQ(live.output, direct.output);
+    EXPECT_EQ(leftBehind(), QStringList());
+}
+
+TEST_F(LiveTest, TracesFramesWhenAskedTo) {
+    QProcessEnvironment environment = process.processEnvironment();
+    environment.insert("ZEL_DRIVE_C", directory.path());
+    process.setProcessEnvironment(environment);
+    ASSERT_TRUE(QDir(directory.path()).mkdir("Temp"));
+    EXPECT_EQ(run(talking(serving())).status, 0);
+    EXPECT_EQ(trace("Send") + trace("Read"), "");
+    EXPECT_EQ(run(talking(serving()) + QStringList("--trace-frames")).status, 0);
+    EXPECT_EQ(trace("Send").count("<QByteArray"), 3) << "OK, SendNextModel, Finish";
+    EXPECT_TRUE(trace("Send").startsWith("<QByteArray length=\"12\">\n   0   0   0   8"));
+    EXPECT_EQ(trace("Read").count("<QByteArray"), 2) << "SetParameters, Finish";
+}
+
+TEST_F(LiveTest, GivesAReasonWhenNoModelIsNamed) {
+    const std::pair<QStringList, const char*> cases[] = {
+        {{}, "the server came to its end and named no model file"},
+        {{"-TalkListen", "-FakeCrash"}, "the server crashed and named no model file"},
+        {{"-TalkListen", "-TalkSend", "Escape", "-TalkAwait", "Finish", "-FakeExit", "5"},
+         "the server ended with exit code 5 and named no model file"},
+        {{"-TalkListen", "-TalkResult", "part.igs", "-TalkSend", "Finish"}, "named no model file"},
+    };
+    for (const auto& [deeds, reason] : cases) {
+        const ImportResult result = run(talking(deeds));
+        EXPECT_EQ(result.status, 1) << reason;
+        EXPECT_TRUE(result.says(reason)) << result.errors;
+    }
+    const ImportResult missing =
+        run(talking({"-TalkListen", "-TalkResult", base + ".direct", "-TalkSend", "Finish"}));
+    EXPECT_TRUE(missing.says("left neither a model file nor a report")) << missing.errors;
+}
+
+TEST_F(LiveTest, StopsAServerThatHangsInTheConversation) {
+    QElapsedTimer timer;
+    timer.start();
+    const ImportResult result = interrupt(talking({"-TalkListen", "-FakeSleep", "50000"}));
+    EXPECT_LT(timer.elapsed(), 20000);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(result.says("the import was stopped on request")) << result.errors;
+    EXPECT_EQ(leftBehind(), QStringList());
+}
+
+TEST_F(LiveTest, EndsWithStatusThreeWhenTheComponentCanNotTalk) {
+    const ImportResult result = run({part, "--live", "--module", FAKE_MODULE});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_TRUE(result.says("the component offers no control connection")) << result.errors;
+}
+
+#ifdef IMPORT_SERVER
+TEST_F(LiveTest, ReportsTheSameAsADirectRunOfTheSampleModel) {
+    const auto report = [this](const QStringList& more) {
+        const ImportResult result =
+            run(QStringList{BRACKET_FILE, "--json", "--server", IMPORT_SERVER} + more +
+                QStringList{"--output-base", base});
+        EXPECT_EQ(result.status, 0) << result.output << result.errors;
+        Json json = result.json();
+        json["server"].erase("timingsMs");
+        return json;
+    };
+    const Json direct = report({});
+    const Json live = report({"--live"});
+    EXPECT_EQ(live["models"][0]["faces"], 19);
+    EXPECT_EQ(live["exportedFiles"].size(), 1u);
+    EXPECT_EQ(live, direct);
+}
+#endif
+
+} // namespace
+} // namespace apps
