@@ -212,7 +212,7 @@ TEST_F(ControlThreadTest, LeavesNoThreadAndNoDescriptorAfterAThousandConversatio
     for (int i = 0; i < 2000 && runningThreads() > threads; ++i) {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
-    EXPECT_EQ(runningThreads(), threads);
+    EXPECT_LE(runningThreads(), threads);
     EXPECT_EQ(ear.payloads.size(), 500u);
 }
 
