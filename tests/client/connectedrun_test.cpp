@@ -5,6 +5,7 @@
 #include "client/tessoracadimporterclient.h"
 #include "component/objects/services/iguibusystate.h"
 #include "host/modelling/modellingcomponent.h"
+#include "platform/clock.h"
 #include "tests/support/fakemanager.h"
 #include "tests/support/loopback.h"
 
@@ -74,7 +75,8 @@ protected:
     QTemporaryDir directory;
     /// Below 32768, which is where a port of the option list must be.
     const std::uint16_t port = [] {
-        static std::uint16_t next = static_cast<std::uint16_t>(20000 + getpid() % 10000);
+        static std::uint16_t next =
+            static_cast<std::uint16_t>(20000 + platform::processId() % 10000);
         while (platform::Socket probe = platform::createSocket()) {
             const bool isFree = platform::bindSocket(probe, {platform::loopbackHost, ++next}) == 0;
             platform::closeSocket(probe);
