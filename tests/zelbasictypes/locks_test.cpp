@@ -208,7 +208,10 @@ TEST(ZelCondition, BroadcastComesBackWhenAllHaveGone) {
         three.mutex.unlock();
         std::thread comesNext([&] {
             three.mutex.lock();
-            for (; !over; ++wakes) three.condition.wait(three.mutex);
+            while (!over) {
+                three.condition.wait(three.mutex);
+                ++wakes;
+            }
             three.mutex.unlock();
         });
         std::this_thread::sleep_for(2ms);
