@@ -214,7 +214,7 @@ TEST_F(KorRealloc, EndsTheProcessWhenThereIsNoMemory) {
     // Enough for names and for the log, too little for the block behind the file.
     scarcity.greatestNew = elementsOf(2000);
     expectEnd([this] { grow(5000); }, 20000);
-    expectEnd([this] { korMalloc(&block, 4, std::numeric_limits<std::int32_t>::max()); },
+    expectEnd([&] { korMalloc(&other, 4, std::numeric_limits<std::int32_t>::max()); },
               4LL * std::numeric_limits<std::int32_t>::max());
     scarcity.greatestNew = elementsOf(50000);
     unsigned got = 0;
