@@ -2,6 +2,8 @@
 // Long random sequences of operations on a bit vector, a block vector and a plain set, which must
 // hold the same after every step. Sizes stand around words, blocks, chunks and the limits between
 // the two layouts.
+#include "component/objects/queryinterface.h"
+#include "component/objects/services/izelrandom.h"
 #include "zelbasictypes/data/binmemory.h"
 #include "zelbasictypes/memory/memorymanager.h"
 #include "zelbasictypes/sets/blockbitvector.h"
@@ -20,6 +22,23 @@
 namespace {
 
 using Model = std::set<std::int32_t>;
+
+/// Any numbers, but the same for the same seed.
+class Draws : public IZelRandom {
+public:
+    explicit Draws(std::uint32_t start) : random_(start) {}
+    void qi(const char* name, void** result, std::int32_t) override {
+        zelAnswerQuery<IZelRandom>(this, className(), name, result);
+    }
+    const char* className() override { return "Draws"; }
+    void seed(std::int32_t value) override { random_.seed(static_cast<std::uint32_t>(value)); }
+    std::int32_t below(std::int32_t limit) override {
+        return static_cast<std::int32_t>(random_() % static_cast<std::uint32_t>(limit));
+    }
+
+private:
+    std::mt19937 random_;
+};
 
 /// The same set three times over.
 struct Triple {
@@ -77,20 +96,23 @@ template <class To, class Other> void combine(To& to, const Other& other, int op
     }
 }
 
+/// The room of two sets; they differ where the one is to be large and the other one not.
+struct Sizes {
+    std::int32_t one, two;
+};
+
 /// A pair of triples and the steps that are taken on them.
 class Play {
 public:
-    explicit Play(std::int32_t size) : size_(size), random_(static_cast<std::uint32_t>(size) + 7) {
-        for (Triple& each : triples_) {
-            each.bits = BitVector(size);
-            each.blocks = BlockBitVector(size);
-        }
-    }
+    explicit Play(const Sizes& sizes)
+        : size_(sizes.one), random_(static_cast<std::uint32_t>(size_) + 7),
+          triples_{{BitVector(sizes.one), BlockBitVector(sizes.one), {}},
+                   {BitVector(sizes.two), BlockBitVector(sizes.two), {}}} {}
 
     void step() {
         Triple& one = triples_[below(2)];
         Triple& two = triples_[&one == &triples_[0] ? 1 : 0];
-        const auto chosen = below(26);
+        const auto chosen = below(29);
         SCOPED_TRACE(testing::Message() << "size " << size_ << ", operation " << chosen);
         if (chosen < 5) {
             changeBits(one);
@@ -194,6 +216,15 @@ private:
         case 24:
             travel(one);
             break;
+        case 25:
+            fillUp(one);
+            break;
+        case 26:
+            thinRandomly(one);
+            break;
+        case 27:
+            combineWithItself(one);
+            break;
         default:
             copy(one, two);
         }
@@ -253,6 +284,41 @@ private:
             }
         }
         follow(one);
+    }
+
+    void thinRandomly(Triple& one) {
+        Draws draws(3), same(3);
+        const double fraction = below(5) / 4.0;
+        auto remaining = static_cast<std::int32_t>(one.model.size());
+        auto keep = static_cast<std::int32_t>(remaining * fraction + 0.5);
+        one.bits.thinRandomly(fraction, &draws);
+        for (auto i = one.model.begin(); i != one.model.end();) {
+            if (same.below(remaining--) < keep) {
+                --keep;
+                ++i;
+            } else {
+                i = one.model.erase(i);
+            }
+        }
+        follow(one);
+    }
+
+    void fillUp(Triple& one) {
+        const bool isWhole = size_ < 5000 && below(2);
+        const std::int32_t n = below(std::min(size_, 3000) + 1) - 1;
+        isWhole ? one.bits.setAll() : one.bits.setFirst(n);
+        one.model.clear();
+        for (std::int32_t i = 1; i <= (isWhole ? one.bits.maxBit() : n); ++i)
+            one.model.insert(one.model.end(), i);
+        follow(one);
+    }
+
+    void combineWithItself(Triple& one) {
+        const std::int32_t operation = below(4);
+        combine(one.bits, one.bits, operation);
+        combine(one.blocks, one.blocks, operation);
+        combine(one.model, Model(one.model), operation);
+        one.bits.copyBits(one.bits);
     }
 
     void gather(Triple& one, const Triple& two) {
@@ -419,6 +485,23 @@ private:
         EXPECT_EQ(one.bits.isDisjointFrom(two.bits), common.empty());
         EXPECT_EQ(one.bits.isSubsetOf(two.bits), common.size() == one.model.size());
         for (int i = 0; i < 5; ++i) checkAround(one, place());
+        checkSplit(one, below(7) + 1);
+    }
+
+    /// Each run begins where the one in front of it has ended, and all are of a length.
+    static void checkSplit(const Triple& one, std::int32_t parts) {
+        std::vector<std::int32_t> firsts(static_cast<std::size_t>(parts) + 1, -7), offsets = firsts;
+        one.bits.split(parts, firsts.data(), offsets.data());
+        const auto total = static_cast<std::int32_t>(one.model.size());
+        EXPECT_EQ(offsets.back(), total);
+        EXPECT_EQ(firsts.back(), -1);
+        for (std::int32_t k = 0; k < parts; ++k) {
+            const auto at = static_cast<std::size_t>(k);
+            EXPECT_EQ(offsets[at],
+                      static_cast<std::int32_t>(static_cast<double>(k) / parts * total));
+            const auto first = std::next(one.model.begin(), offsets[at]);
+            EXPECT_EQ(firsts[at], first == one.model.end() ? -1 : *first);
+        }
     }
 
     static void checkAround(const Triple& one, std::int32_t i) {
@@ -450,7 +533,18 @@ private:
 
 constexpr std::int32_t words(std::int32_t count) { return count * 32; }
 
-class SetsOfSize : public testing::TestWithParam<std::int32_t> {};
+class SetsOfSize : public testing::TestWithParam<Sizes> {};
+
+std::vector<Sizes> sizesAroundLimits() {
+    std::vector<Sizes> sizes;
+    for (const std::int32_t size :
+         {0, 31, 32, 1024, 32767, 32768, words(1535), words(1536), 65535, 65536, words(4095),
+          131072, words(4096) + 5, words(6144), words(6145) + 1})
+        sizes.push_back({size, size});
+    for (const Sizes unlike : {Sizes{words(4096), 40}, {words(1100), words(5000)}, {100, 300000}})
+        sizes.push_back(unlike);
+    return sizes;
+}
 
 } // namespace
 
@@ -459,11 +553,22 @@ TEST_P(SetsOfSize, HoldTheSameAfterEveryOperation) {
     for (int i = 0; i < 150 && !testing::Test::HasFailure(); ++i) play.step();
 }
 
-INSTANTIATE_TEST_SUITE_P(AroundLimits, SetsOfSize,
-                         testing::Values(0, 31, 32, 1024, 32767, 32768, words(1535), words(1536),
-                                         65535, 65536, words(4095), 131072, words(4096) + 5,
-                                         words(6144), words(6145) + 1));
+INSTANTIATE_TEST_SUITE_P(AroundLimits, SetsOfSize, testing::ValuesIn(sizesAroundLimits()));
 
 TEST(Sets, HaveTheLayoutThatTheHostAllows) {
-    EXPECT_EQ(BitVector(words(4096)).isLarge(), zelMemoryManager() != nullptr);
+    const bool canBeLarge = zelMemoryManager() != nullptr;
+    EXPECT_FALSE(BitVector(words(4096) - 1 - 32).isLarge());
+    EXPECT_EQ(BitVector(words(4096) - 1).isLarge(), canBeLarge);
+    BitVector vector(words(4095) - 1);
+    vector.set(3);
+    vector.resize(words(4096) - 1);
+    EXPECT_FALSE(vector.isLarge());
+    vector.resize(words(7000) - 1);
+    EXPECT_EQ(vector.isLarge(), canBeLarge);
+    EXPECT_NE(vector.allChunksPresent(), canBeLarge);
+    vector.resize(words(1536) - 1);
+    EXPECT_EQ(vector.isLarge(), canBeLarge);
+    vector.resize(words(1535) - 1);
+    EXPECT_FALSE(vector.isLarge());
+    EXPECT_EQ(vector.count(), 1);
 }

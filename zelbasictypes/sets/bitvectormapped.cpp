@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+using zelsets::mappedEnd;
 using zelsets::targetOf;
 using zelsets::visitMapping;
 
@@ -41,11 +42,9 @@ void BitVector::complementMapped(const IndexMap& map) {
 }
 
 void BitVector::renumber(const IndexMap& map) {
-    const auto room = static_cast<std::int64_t>(maxBit_) + 1;
-    const std::int64_t end = std::min<std::int64_t>(map.size(), room);
+    const std::int64_t end = std::min(mappedEnd(map), std::int64_t{maxBit_} + 1);
     std::int32_t last = 1;
-    for (std::int32_t i = 0; i < end; ++i) {
-        if (!test(i)) continue;
+    for (std::int32_t i = nextSet(-1); i >= 0 && i < end; i = nextSet(i)) {
         clear(i);
         const std::int32_t j = targetOf(map, i);
         if (j == 0) continue;

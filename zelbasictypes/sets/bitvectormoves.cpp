@@ -5,6 +5,8 @@
 #include "zelbasictypes/sets/bitvectorruns.h"
 #include "zelbasictypes/sets/wordkernels.h"
 
+#include <cmath>
+
 using namespace zelsets;
 
 namespace {
@@ -137,8 +139,8 @@ void BitVector::thinRandomly(double fraction, IZelRandom* random) {
     }
     std::int32_t remaining = count();
     const double wanted = remaining * fraction + 0.5;
-    if (!(wanted < remaining)) return;
-    auto keep = static_cast<std::int32_t>(std::max(wanted, 0.0));
+    if (std::isnan(wanted)) return;
+    auto keep = static_cast<std::int32_t>(std::clamp(wanted, 0.0, double(remaining)));
     for (std::int32_t i = nextSet(-1); i >= 0; i = nextSet(i)) {
         if (random->below(remaining--) < keep) {
             --keep;

@@ -51,12 +51,14 @@ bool BlockBitVector::read(BinInput& in) {
     return true;
 }
 
-/// The tables grow with the blocks that arrive.
+/// The tables grow with the blocks that arrive, and some ahead.
 void BlockBitVector::readWordForm(BinInput& in, std::int32_t words) {
+    const std::int32_t lastTold = (words - 1) / blockWords;
+    growFor(std::min(lastTold, trustedWords / blockWords));
     bool isWhole = true;
     for (std::int32_t w = 0; w < words && isWhole; w += blockWords) {
         const std::int32_t b = w / blockWords;
-        growFor(b);
+        if (b > lastBlock) growFor(std::min(lastTold, 2 * b));
         releaseBlock(blocks[b]);
         blocks[b] = allocateBlock(0);
         blockCounts[b] = unknownCount;
