@@ -50,6 +50,12 @@ std::unique_ptr<Semaphore> makeSemaphore(std::int32_t initial, std::int32_t maxi
 std::unique_ptr<Waitable> createNamedMutex(const char* name);
 std::unique_ptr<Waitable> openNamedMutex(const char* name);
 
+/// What other threads of the process wrote before this call is visible behind it, and what this
+/// thread wrote before is visible to all they read from then on, as if each of them had passed a
+/// full memory barrier. For the rare side of a protocol whose frequent side has none. False where
+/// the system can't; what it answers first holds for the process's life.
+bool barrierOnAllThreads();
+
 /// Recursive for its owner, within one process. A negative spin count is the system's default; with
 /// another one, who finds it taken tries that often before it sleeps.
 class CriticalSection {

@@ -142,4 +142,9 @@ CriticalSection::~CriticalSection() = default;
 void CriticalSection::enter() { ::EnterCriticalSection(&section->section); }
 void CriticalSection::leave() { ::LeaveCriticalSection(&section->section); }
 
+bool barrierOnAllThreads() {
+    ::FlushProcessWriteBuffers();
+    return true;
+}
+
 } // namespace platform

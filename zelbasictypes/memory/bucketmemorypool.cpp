@@ -7,17 +7,29 @@
 #include "zelbasictypes/memory/korrealloc.h"
 #include "zelbasictypes/memory/memoryblock.h"
 #include "zelbasictypes/memory/memorybucket.h"
+#include "zelbasictypes/memory/threadstore.h"
 
 #include <algorithm>
 #include <cstdlib>
+#include <typeinfo>
 #include <utility>
+
+namespace {
+
+/// What a thread's store gives away when it is full, and gets when it is empty.
+constexpr std::uint32_t exchanged = ThreadStore::room / 2;
+
+} // namespace
 
 BucketMemoryPool::BucketMemoryPool(std::int32_t step, std::int32_t linear, std::int32_t greatest)
     : granularity(step), linearMax((linear + step - 1) / step * step), bucketMax(greatest) {
     slot(linearMax / granularity + 1);
     const PoolLock hold;
     BucketMemoryPool* current = zelCurrentPool().pool();
-    if (current && hasSameClasses(*current)) std::swap(buckets, current->buckets);
+    if (current && current->isOurs() && hasSameClasses(*current)) {
+        current->gather();
+        std::swap(buckets, current->buckets);
+    }
     zelCurrentPool().replace(this);
 }
 
@@ -32,6 +44,7 @@ void BucketMemoryPool::qi(const char* name, void** result, std::int32_t) {
 
 bool BucketMemoryPool::clear() {
     const PoolLock hold;
+    gather();
     for (std::int32_t i = 0; i < buckets.count; ++i) {
         if (!buckets.items[i]) continue;
         buckets.items[i]->destroy();
@@ -41,58 +54,124 @@ bool BucketMemoryPool::clear() {
 }
 
 void* BucketMemoryPool::allocate(std::int32_t size, unsigned& got) {
-    size = std::max(size, 1);
-    const PoolLock hold;
-    const bool cached = size <= bucketMax;
-    // While caching is off a block still fills its class, since it may be given back to a bucket.
-    const std::int32_t room = size <= std::abs(bucketMax) ? classOf(size).size : size;
-    got = static_cast<unsigned>(cached ? room : size);
-    MemoryBucket* bucket = cached ? slot(classOf(size).index) : nullptr;
-    while (bucket && !bucket->isEmpty()) {
-        const MemoryBucket::Entry entry = bucket->pop();
-        got = static_cast<unsigned>(entry.size);
-        if (entry.block) return entry.block;
-    }
-    return zelNewBlock(room);
+    ThreadStore* store = ThreadStore::own();
+    void* block = store ? store->take(this, size, got) : nullptr;
+    return block ? block : takeFromBucket(std::max(size, 1), got);
 }
 
 bool BucketMemoryPool::free(std::int32_t size, void*& block) {
     if (!block || size <= 0) return false;
-    if (size > bucketMax) {
+    ThreadStore* store = ThreadStore::own();
+    if (!(store && store->keep(this, size, block)) && !keepInBucket(size, block)) {
         zelReleaseBlock(block);
-    } else {
-        const SizeClass place = classOf(size);
-        const PoolLock hold;
-        MemoryBucket*& bucket = slot(place.index);
-        if (!bucket) bucket = MemoryBucket::make();
-        bucket->push({place.size, block});
     }
     block = nullptr;
     return true;
 }
 
 bool BucketMemoryPool::setCaching(bool on) {
-    if (on != (bucketMax >= 0)) bucketMax = -bucketMax;
+    const PoolLock hold;
+    if (on == (bucketMax >= 0)) return true;
+    gather();
+    bucketMax = -bucketMax;
     return true;
 }
 
-void BucketMemoryPool::mergeFrom(BucketMemoryPool& source) {
-    if (!hasSameClasses(source)) {
-        source.clear();
+void BucketMemoryPool::handOverTo(BucketMemoryPool& target) {
+    const PoolLock hold;
+    if (!hasSameClasses(target)) {
+        clear();
         return;
     }
+    gather();
+    for (std::int32_t i = 0; i < buckets.count; ++i) {
+        MemoryBucket* bucket = std::exchange(buckets.items[i], nullptr);
+        if (bucket) target.adopt(i, bucket);
+    }
+}
+
+/// A pool of another module works under a lock that isn't ours, so its own `free` takes the blocks.
+void BucketMemoryPool::adopt(std::int32_t index, MemoryBucket* bucket) {
+    if (!isOurs()) {
+        for (MemoryBucket::Entry entry : *bucket) free(entry.size, entry.block);
+        bucket->forgetAll();
+    } else if (MemoryBucket*& own = slot(index)) {
+        own->takeAll(*bucket);
+    } else {
+        own = std::exchange(bucket, nullptr);
+    }
+    if (bucket) bucket->destroy();
+}
+
+/// Only the current pool has stores in its service.
+void BucketMemoryPool::gather() {
+    if (zelCurrentPool().pool() != this) return;
+    for (ThreadStore* store = ThreadStore::withdrawAll(); store; store = store->next()) {
+        empty(*store);
+    }
+}
+
+void BucketMemoryPool::empty(ThreadStore& store) {
+    zelCurrentPool().takeBackCredit(store);
+    for (std::uint32_t i = 0; i < ThreadStore::classCount; ++i)
+        spill(store, i, store.blockCount(i));
+}
+
+/// Moves the oldest blocks of a store to their bucket. What may fail comes before the first of
+/// them.
+void BucketMemoryPool::spill(ThreadStore& store, std::uint32_t index, std::uint32_t count) {
+    if (count == 0) return;
+    const SizeClass place{static_cast<std::int32_t>(index),
+                          static_cast<std::int32_t>(index + 1) * granularity};
+    bucketOf(place).pushMany(place.size, store.blocks(index), count);
+    store.dropOldest(index, count);
+}
+
+void* BucketMemoryPool::takeFromBucket(std::int32_t size, unsigned& got) {
     const PoolLock hold;
-    for (std::int32_t i = 0; i < source.buckets.count; ++i) {
-        MemoryBucket* bucket = std::exchange(source.buckets.items[i], nullptr);
-        if (!bucket) continue;
-        MemoryBucket*& own = slot(i);
-        if (own) {
-            own->takeAll(*bucket);
-            bucket->destroy();
-        } else {
-            own = bucket;
+    const bool cached = size <= bucketMax;
+    // While caching is off a block still fills its class, since it may be given back to a bucket.
+    const bool hasClass = size <= std::abs(bucketMax);
+    const SizeClass place = hasClass ? classOf(size) : SizeClass{-1, size};
+    got = static_cast<unsigned>(cached ? place.size : size);
+    MemoryBucket* bucket = cached ? slot(place.index) : nullptr;
+    void* block = nullptr;
+    while (!block && bucket && !bucket->isEmpty()) block = bucket->pop().block;
+    if (!block) return zelNewBlock(place.size);
+    if (ThreadStore* store = bucket->isEmpty() ? nullptr : storeFor(place)) {
+        const auto index = static_cast<std::uint32_t>(place.index);
+        if (store->blockCount(index) == 0) {
+            store->setBlockCount(index, bucket->popMany(store->blocks(index), exchanged));
         }
     }
+    return block;
+}
+
+/// False for a block that isn't to be kept.
+bool BucketMemoryPool::keepInBucket(std::int32_t size, void* block) {
+    const PoolLock hold;
+    if (size > bucketMax) return false;
+    const SizeClass place = classOf(size);
+    if (ThreadStore* store = storeFor(place)) {
+        const auto index = static_cast<std::uint32_t>(place.index);
+        if (store->blockCount(index) == ThreadStore::room) spill(*store, index, exchanged);
+        store->push(index, block);
+    } else {
+        bucketOf(place).push({place.size, block});
+    }
+    return true;
+}
+
+/// The calling thread's store, in our service, if it can have blocks of the class; else null. The
+/// stores are made for the classes of the standard pool.
+ThreadStore* BucketMemoryPool::storeFor(const SizeClass& place) {
+    constexpr std::int32_t step = ThreadStore::granularity;
+    constexpr std::int32_t count = ThreadStore::classCount;
+    const bool canServe = granularity == step && std::min(linearMax, bucketMax) >= count * step;
+    if (place.index >= count || !canServe || zelCurrentPool().pool() != this) return nullptr;
+    ThreadStore* store = ThreadStore::enlist(this);
+    if (store) zelCurrentPool().grantCredit(*store);
+    return store;
 }
 
 /// For sizes from 1 to the greatest that has a class.
@@ -114,6 +193,8 @@ bool BucketMemoryPool::hasSameClasses(const BucketMemoryPool& other) const {
            std::abs(bucketMax) == std::abs(other.bucketMax);
 }
 
+bool BucketMemoryPool::isOurs() const { return &typeid(*this) == &typeid(BucketMemoryPool); }
+
 /// The place of a bucket, which is null until the first block comes back to it.
 MemoryBucket*& BucketMemoryPool::slot(std::int32_t index) {
     if (index >= buckets.count) {
@@ -125,4 +206,10 @@ MemoryBucket*& BucketMemoryPool::slot(std::int32_t index) {
         buckets.count = buckets.capacity;
     }
     return buckets.items[index];
+}
+
+MemoryBucket& BucketMemoryPool::bucketOf(const SizeClass& place) {
+    MemoryBucket*& bucket = slot(place.index);
+    if (!bucket) bucket = MemoryBucket::make();
+    return *bucket;
 }

@@ -1,15 +1,21 @@
 // SPDX-License-Identifier: Apache-2.0
 // The pool that keeps freed blocks by size class, and the one pool that a process works on.
 //
-// One lock guards the buckets of all pools and the choice of the current pool, so that all calls
-// here are safe from any thread; only `setCaching` takes no lock. Every block carries in front of
-// it the way to give it back, so that it may outlive the pool that it came from. Nothing here
-// reports failure: an allocation that fails for good ends the process.
+// All calls here are safe from any thread. One lock guards the buckets of all pools and the choice
+// of the current pool; in front of the current pool each thread has a small store of its own, which
+// the pool takes back whenever it is asked for everything that it keeps. Every block carries in
+// front of it the way to give it back, so that it may outlive the pool that it came from. Nothing
+// here reports failure: an allocation that fails for good ends the process.
+//
+// Each module links its own copy of all this, with a lock and a current pool of its own, but the
+// pools that modules share are reached through their virtual operations, and so through the copy
+// of the module that made them.
 #pragma once
 
 #include "component/objects/services/ibucketmemorypool.h"
 
 class MemoryBucket;
+class ThreadStore;
 
 /// The classes rise in steps of `granularity` up to `linearMax` (a whole number of steps, else it
 /// is rounded up) and double from there up to `bucketMax`; greater blocks are not kept. All three
@@ -37,8 +43,12 @@ public:
     bool free(std::int32_t size, void*& block) override;
     bool setCaching(bool on) override;
 
-    /// Takes over all cached blocks of `source`, which must have the same classes.
-    void mergeFrom(BucketMemoryPool& source);
+    /// Gives all cached blocks to `target`, or frees them if that has other classes.
+    void handOverTo(BucketMemoryPool& target);
+    /// Brings back what all threads keep. Called under the lock of all pools, as is `empty`.
+    void gather();
+    /// Brings back what one thread keeps.
+    void empty(ThreadStore& store);
 
 private:
     /// The buckets in the order of their classes; an entry is null until its class is used.
@@ -54,7 +64,15 @@ private:
 
     SizeClass classOf(std::int32_t size) const;
     bool hasSameClasses(const BucketMemoryPool& other) const;
+    /// Made by this module's copy of the library, whose lock it then works under.
+    bool isOurs() const;
     MemoryBucket*& slot(std::int32_t index);
+    MemoryBucket& bucketOf(const SizeClass& place);
+    void adopt(std::int32_t index, MemoryBucket* bucket);
+    void* takeFromBucket(std::int32_t size, unsigned& got);
+    bool keepInBucket(std::int32_t size, void* block);
+    ThreadStore* storeFor(const SizeClass& place);
+    void spill(ThreadStore& store, std::uint32_t index, std::uint32_t count);
 
     Table buckets;
     std::int32_t granularity;

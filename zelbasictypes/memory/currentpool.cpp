@@ -5,12 +5,16 @@
 #include "component/objects/countservice.h"
 #include "platform/sync.h"
 #include "zelbasictypes/memory/memoryblock.h"
+#include "zelbasictypes/memory/threadstore.h"
 
+#include <algorithm>
+#include <limits>
 #include <new>
 
 namespace {
 
 constexpr std::int32_t allocationsBetweenChecks = 600;
+constexpr std::int32_t greatestCredit = 64;
 
 constinit CurrentPool currentPool;
 
@@ -34,10 +38,11 @@ BucketMemoryPool* findShared() {
 }
 
 /// While the pool may still change, an allocation keeps the lock, so that its pool stays alive.
-void* allocateUnsettled(std::int32_t size, unsigned& got) {
+[[gnu::noinline]] void* allocateUnsettled(std::int32_t size, unsigned& got) {
     bool lookNow = false;
     {
         const PoolLock hold;
+        if (ThreadStore* store = ThreadStore::own()) currentPool.takeBackCredit(*store);
         lookNow = currentPool.isCheckDue() || !currentPool.pool();
     }
     BucketMemoryPool* shared = lookNow ? findShared() : nullptr;
@@ -46,7 +51,17 @@ void* allocateUnsettled(std::int32_t size, unsigned& got) {
     if (!currentPool.pool()) currentPool.makeProvisional();
     void* block = currentPool.pool()->allocate(size, got);
     currentPool.countAllocation();
+    if (ThreadStore* store = ThreadStore::own()) currentPool.grantCredit(*store);
     return block;
+}
+
+[[gnu::noinline]] void freeUnsettled(std::int32_t size, void* block) {
+    const PoolLock hold;
+    if (currentPool.pool()) {
+        currentPool.pool()->free(size, block);
+    } else {
+        zelReleaseBlock(block);
+    }
 }
 
 } // namespace
@@ -64,6 +79,7 @@ void CurrentPool::publish() {
 void CurrentPool::replace(BucketMemoryPool* next) {
     BucketMemoryPool* old = pool_;
     if (next == old) return;
+    if (old) old->gather();
     if (next) next->addRef();
     pool_ = next;
     publish();
@@ -73,7 +89,7 @@ void CurrentPool::replace(BucketMemoryPool* next) {
 void CurrentPool::settleOn(BucketMemoryPool* shared) {
     if (pool_ && pool_ != shared) {
         if (!provisional_) return;
-        shared->mergeFrom(*pool_);
+        pool_->handOverTo(*shared);
     }
     provisional_ = false;
     replace(shared);
@@ -94,22 +110,38 @@ bool CurrentPool::isCheckDue() {
     return true;
 }
 
+void CurrentPool::grantCredit(ThreadStore& store) {
+    takeBackCredit(store);
+    if (!provisional_) {
+        store.setCredit(std::numeric_limits<std::int32_t>::max());
+        return;
+    }
+    const std::int32_t left = allocationsBetweenChecks + 1 - sinceCheck_;
+    store.setCredit(std::clamp(left, 0, greatestCredit));
+    sinceCheck_ += store.credit();
+}
+
+void CurrentPool::takeBackCredit(ThreadStore& store) {
+    if (provisional_) sinceCheck_ -= store.credit();
+    store.setCredit(0);
+}
+
 void* bucketAlloc(std::int32_t size, unsigned& got) {
+    ThreadStore* store = ThreadStore::own();
+    void* block = store ? store->takeOnCredit(size, got) : nullptr;
+    if (block) return block;
     BucketMemoryPool* settled = currentPool.settled();
     return settled ? settled->allocate(size, got) : allocateUnsettled(size, got);
 }
 
 void bucketFree(std::int32_t size, void* block) {
     if (size == 0 || !block) return;
+    ThreadStore* store = ThreadStore::own();
+    if (store && store->keepForAny(size, block)) return;
     if (BucketMemoryPool* settled = currentPool.settled()) {
         settled->free(size, block);
-        return;
-    }
-    const PoolLock hold;
-    if (currentPool.pool()) {
-        currentPool.pool()->free(size, block);
     } else {
-        zelReleaseBlock(block);
+        freeUnsettled(size, block);
     }
 }
 

@@ -37,6 +37,12 @@ public:
     /// Whether it is time to look for the shared pool again.
     bool isCheckDue();
     void countAllocation() { sinceCheck_ += provisional_; }
+    /// Allows the thread's store to go on without the lock for a while: those allocations count
+    /// from now on. A single thread looks for the shared pool exactly when it is due; with several
+    /// each may hold back the credit of one store.
+    void grantCredit(ThreadStore& store);
+    /// What a store hasn't used.
+    void takeBackCredit(ThreadStore& store);
 
 private:
     void publish();

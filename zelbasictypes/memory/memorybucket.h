@@ -19,10 +19,23 @@ public:
 
     bool isEmpty() const { return count == 0; }
     Entry pop() { return items[count--]; }
+    /// Moves the blocks on top, at most `most` of them, to `to`, the topmost at the end. Answers
+    /// their number.
+    std::uint32_t popMany(void** to, std::uint32_t most);
     void push(const Entry& entry);
+    /// Pushes so many blocks of one class in their order; what may fail comes before the first.
+    void pushMany(std::int32_t size, void* const* blocks, std::uint32_t number);
+    /// Puts the other's blocks on top, in their order.
     void takeAll(MemoryBucket& other);
+    /// For when the blocks have gone elsewhere.
+    void forgetAll() { count = 0; }
+
+    const Entry* begin() const { return items ? items + 1 : nullptr; }
+    const Entry* end() const { return items ? items + 1 + count : nullptr; }
 
 private:
+    void reserve(std::int32_t more);
+
     std::int32_t capacity;
     Entry* items; ///< from 1 to `count`
     std::int32_t count;
