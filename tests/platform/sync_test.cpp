@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <cstdint>
 #include <functional>
 #include <thread>
 #include <vector>
@@ -156,6 +157,32 @@ TEST(CriticalSection, KeepsThreadsApartWithAnySpinCount) {
         for (std::thread& thread : threads) thread.join();
         EXPECT_EQ(count, 8000);
     }
+}
+
+/// Two threads count, each says how far it is and then looks how far the other one is. Of any two
+/// steps, one on either side, at least one sees the other, although only one side has a barrier.
+TEST(BarrierOnAllThreads, OrdersWhatAnotherThreadDoesWithoutOne) {
+    constexpr std::size_t steps = 1'000'000;
+    alignas(64) std::atomic<std::size_t> mine{0};
+    alignas(64) std::atomic<std::size_t> theirs{0};
+    std::vector<std::size_t> seenByOther(steps + 2, SIZE_MAX);
+    std::vector<std::size_t> seenHere{0};
+    std::thread other([&] {
+        for (std::size_t k = 1; k <= steps; ++k) {
+            theirs.store(k, std::memory_order_relaxed);
+            std::atomic_signal_fence(std::memory_order_seq_cst);
+            seenByOther[k] = mine.load(std::memory_order_relaxed);
+        }
+    });
+    while (seenHere.back() < steps) {
+        mine.store(seenHere.size(), std::memory_order_relaxed);
+        ASSERT_TRUE(barrierOnAllThreads());
+        seenHere.push_back(theirs.load(std::memory_order_relaxed));
+    }
+    other.join();
+    std::size_t missed = 0;
+    for (std::size_t i = 1; i < seenHere.size(); ++i) missed += seenByOther[seenHere[i] + 1] < i;
+    EXPECT_EQ(missed, 0u);
 }
 
 } // namespace
