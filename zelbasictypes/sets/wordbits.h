@@ -42,16 +42,25 @@ inline std::uint64_t wordPair(const std::uint32_t* words) {
     return pair;
 }
 
-/// Calls `visit(base + i)` for each set bit i of `count` words, in ascending order.
+/// Calls `visit(base + i)` for each set bit i of `word`.
+template <class Word, class Visit> void visitWord(Word word, std::uint32_t base, Visit& visit) {
+    for (; word != 0; word &= word - 1)
+        visit(static_cast<std::int32_t>(base + static_cast<std::uint32_t>(std::countr_zero(word))));
+}
+
+/// Calls `visit(base + i)` for each set bit i of `count` words, in ascending order. Where the bits
+/// are few, most words are passed over four at a time.
 template <class Visit>
 void visitBits(const std::uint32_t* words, std::int32_t count, std::int32_t base, Visit& visit) {
-    std::int32_t w = 0;
-    for (; w + 1 < count; w += 2)
-        for (std::uint64_t left = wordPair(words + w); left != 0; left &= left - 1)
-            visit(base + w * wordBits + std::countr_zero(left));
-    if (w >= count) return;
-    for (std::uint32_t left = words[w]; left != 0; left &= left - 1)
-        visit(base + w * wordBits + std::countr_zero(left));
+    const std::uint32_t* const end = words + count;
+    auto first = static_cast<std::uint32_t>(base);
+    for (; end - words >= 4; words += 4, first += 4 * wordBits) {
+        const std::uint64_t low = wordPair(words), high = wordPair(words + 2);
+        if ((low | high) == 0) continue;
+        visitWord(low, first, visit);
+        visitWord(high, first + 2 * wordBits, visit);
+    }
+    for (; words != end; ++words, first += wordBits) visitWord(*words, first, visit);
 }
 
 } // namespace zelsets

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// The kernels for any machine, in 64-bit words, and the choice between the two sets.
+// The kernels for any machine, in 64-bit words, and the choice between the sets.
 #include "zelbasictypes/sets/wordkernels.h"
 
 #include <bit>
 #include <cstring>
+#include <functional>
 
 namespace zelsets {
 
@@ -15,76 +16,71 @@ std::uint64_t pairAt(const std::uint32_t* words) {
     return pair;
 }
 
+struct Minus {
+    template <class Word> Word operator()(Word a, Word b) const { return a & ~b; }
+};
+
 template <class Operation>
-void combine(std::uint32_t* to, const std::uint32_t* from, std::size_t count, Operation result) {
+void combine(std::uint32_t* to, const std::uint32_t* from, std::size_t count) {
+    constexpr Operation result;
     std::size_t i = 0;
     for (; i + 2 <= count; i += 2) {
         const std::uint64_t pair = result(pairAt(to + i), pairAt(from + i));
         std::memcpy(to + i, &pair, sizeof pair);
     }
-    if (i < count) to[i] = static_cast<std::uint32_t>(result(to[i], from[i]));
+    if (i < count) to[i] = result(to[i], from[i]);
 }
 
-/// Whether `stray` finds no bit in any pair of words.
-template <class Stray>
-bool hasNone(const std::uint32_t* a, const std::uint32_t* b, std::size_t count, Stray stray) {
-    std::size_t i = 0;
-    for (; i + 2 <= count; i += 2)
-        if (stray(pairAt(a + i), pairAt(b + i))) return false;
-    return i == count || !stray(a[i], b[i]);
+void invert(std::uint32_t* to, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) to[i] = ~to[i];
 }
 
-} // namespace
-
-#if defined(__x86_64__)
-const bool hasWideWords = [] {
-    __builtin_cpu_init();
-    return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("popcnt");
-}();
-#endif
-
-void PlainKernels::andWords(std::uint32_t* to, const std::uint32_t* from, std::size_t count) {
-    combine(to, from, count, [](std::uint64_t a, std::uint64_t b) { return a & b; });
-}
-
-void PlainKernels::orWords(std::uint32_t* to, const std::uint32_t* from, std::size_t count) {
-    combine(to, from, count, [](std::uint64_t a, std::uint64_t b) { return a | b; });
-}
-
-void PlainKernels::xorWords(std::uint32_t* to, const std::uint32_t* from, std::size_t count) {
-    combine(to, from, count, [](std::uint64_t a, std::uint64_t b) { return a ^ b; });
-}
-
-void PlainKernels::minusWords(std::uint32_t* to, const std::uint32_t* from, std::size_t count) {
-    combine(to, from, count, [](std::uint64_t a, std::uint64_t b) { return a & ~b; });
-}
-
-void PlainKernels::invertWords(std::uint32_t* to, std::size_t count) {
-    combine(to, to, count, [](std::uint64_t a, std::uint64_t) { return ~a; });
-}
-
-std::int64_t PlainKernels::countBits(const std::uint32_t* words, std::size_t count) {
+std::int64_t countAll(const std::uint32_t* words, std::size_t count) {
     std::int64_t bits = 0;
     std::size_t i = 0;
     for (; i + 2 <= count; i += 2) bits += std::popcount(pairAt(words + i));
     return i < count ? bits + std::popcount(words[i]) : bits;
 }
 
-bool PlainKernels::areEqual(const std::uint32_t* a, const std::uint32_t* b, std::size_t count) {
-    return count == 0 || std::memcmp(a, b, count * sizeof *a) == 0;
+/// Whether the operation finds no bit in any pair of words.
+template <class Stray>
+bool hasNone(const std::uint32_t* a, const std::uint32_t* b, std::size_t count) {
+    constexpr Stray stray;
+    std::size_t i = 0;
+    for (; i + 2 <= count; i += 2)
+        if (stray(pairAt(a + i), pairAt(b + i))) return false;
+    return i == count || !stray(a[i], b[i]);
 }
 
-bool PlainKernels::isSubset(const std::uint32_t* part, const std::uint32_t* whole,
-                            std::size_t count) {
-    return hasNone(part, whole, count, [](std::uint64_t a, std::uint64_t b) { return a & ~b; });
+bool isZero(const std::uint32_t* words, std::size_t count) {
+    return hasNone<std::bit_or<>>(words, words, count);
 }
 
-bool PlainKernels::areDisjoint(const std::uint32_t* a, const std::uint32_t* b, std::size_t count) {
-    return hasNone(a, b, count, [](std::uint64_t x, std::uint64_t y) { return x & y; });
+const WordKernels& bestKernels() {
+    if (const WordKernels* kernels = avx512Kernels()) return *kernels;
+    if (const WordKernels* kernels = avx2Kernels()) return *kernels;
+    return plainKernels;
 }
 
-bool PlainKernels::areZero(const std::uint32_t* words, std::size_t count) {
-    return hasNone(words, words, count, [](std::uint64_t a, std::uint64_t) { return a; });
-}
+} // namespace
+
+constinit const WordKernels plainKernels = {combine<std::bit_and<>>,
+                                            combine<std::bit_or<>>,
+                                            combine<std::bit_xor<>>,
+                                            combine<Minus>,
+                                            invert,
+                                            countAll,
+                                            hasNone<std::bit_xor<>>,
+                                            hasNone<Minus>,
+                                            hasNone<std::bit_and<>>,
+                                            isZero};
+
+constinit const WordKernels* wordKernels = &plainKernels;
+
+namespace {
+
+[[maybe_unused]] const bool isChosen = (wordKernels = &bestKernels(), true);
+
+} // namespace
 
 } // namespace zelsets

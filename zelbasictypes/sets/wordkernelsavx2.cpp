@@ -117,25 +117,7 @@ ZEL_AVX2 inline __m256i addFour(__m256i& ones, __m256i& twos, const std::uint32_
     return carry(twos, first, second);
 }
 
-} // namespace
-
-void Avx2Kernels::andWords(std::uint32_t* to, const std::uint32_t* from, std::size_t count) {
-    combine<And>(to, from, count);
-}
-
-void Avx2Kernels::orWords(std::uint32_t* to, const std::uint32_t* from, std::size_t count) {
-    combine<Or>(to, from, count);
-}
-
-void Avx2Kernels::xorWords(std::uint32_t* to, const std::uint32_t* from, std::size_t count) {
-    combine<Xor>(to, from, count);
-}
-
-void Avx2Kernels::minusWords(std::uint32_t* to, const std::uint32_t* from, std::size_t count) {
-    combine<Minus>(to, from, count);
-}
-
-ZEL_AVX2 void Avx2Kernels::invertWords(std::uint32_t* to, std::size_t count) {
+ZEL_AVX2 void invert(std::uint32_t* to, std::size_t count) {
     const __m256i ones = _mm256_set1_epi32(-1);
     std::size_t i = 0;
     for (; i + vectorWords <= count; i += vectorWords)
@@ -145,7 +127,7 @@ ZEL_AVX2 void Avx2Kernels::invertWords(std::uint32_t* to, std::size_t count) {
 
 /// After Harley and Seal: sixteen vectors become one of sixteens by carries, and only that one and
 /// what is left at the end are counted.
-ZEL_AVX2 std::int64_t Avx2Kernels::countBits(const std::uint32_t* words, std::size_t count) {
+ZEL_AVX2 std::int64_t countAll(const std::uint32_t* words, std::size_t count) {
     __m256i total = _mm256_setzero_si256();
     __m256i ones = total, twos = total, fours = total, eights = total;
     std::size_t i = 0;
@@ -171,23 +153,25 @@ ZEL_AVX2 std::int64_t Avx2Kernels::countBits(const std::uint32_t* words, std::si
     return bits;
 }
 
-bool Avx2Kernels::areEqual(const std::uint32_t* a, const std::uint32_t* b, std::size_t count) {
-    return hasNone<Xor>(a, b, count);
-}
-
-bool Avx2Kernels::isSubset(const std::uint32_t* part, const std::uint32_t* whole,
-                           std::size_t count) {
-    return hasNone<Minus>(part, whole, count);
-}
-
-bool Avx2Kernels::areDisjoint(const std::uint32_t* a, const std::uint32_t* b, std::size_t count) {
-    return hasNone<And>(a, b, count);
-}
-
-bool Avx2Kernels::areZero(const std::uint32_t* words, std::size_t count) {
+ZEL_AVX2 bool isZero(const std::uint32_t* words, std::size_t count) {
     return hasNone<Or>(words, words, count);
 }
 
+constexpr WordKernels kernels = {combine<And>, combine<Or>, combine<Xor>, combine<Minus>,
+                                 invert,       countAll,    hasNone<Xor>, hasNone<Minus>,
+                                 hasNone<And>, isZero};
+
+} // namespace
+
+const WordKernels* avx2Kernels() {
+    __builtin_cpu_init();
+    return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("popcnt") ? &kernels : nullptr;
+}
+
 } // namespace zelsets
+
+#else
+
+const zelsets::WordKernels* zelsets::avx2Kernels() { return nullptr; }
 
 #endif
