@@ -91,26 +91,31 @@ ZEL_AVX512 inline bool isAnySet(__m512i vector) {
     return _mm512_test_epi32_mask(vector, vector) != 0;
 }
 
+/// Whether the operation finds no bit in the first `count` words of a vector, 16 at most.
+template <class Stray>
+ZEL_AVX512 inline bool hasNoneInSome(const std::uint32_t* a, const std::uint32_t* b,
+                                     std::size_t count) {
+    const __mmask16 mask = maskFor(count);
+    return !isAnySet(
+        Stray::of(_mm512_maskz_loadu_epi32(mask, a), _mm512_maskz_loadu_epi32(mask, b)));
+}
+
 /// Whether the operation finds no bit in any pair of words.
 template <class Stray>
 ZEL_AVX512 bool hasNone(const std::uint32_t* a, const std::uint32_t* b, std::size_t count) {
-    std::size_t i = 0;
+    std::size_t i = headOf(a, count);
+    if (i > 0 && !hasNoneInSome<Stray>(a, b, i)) return false;
     for (; i + 4 * vectorWords <= count; i += 4 * vectorWords) {
-        const __m512i low =
-            _mm512_or_si512(Stray::of(load(a + i), load(b + i)),
-                            Stray::of(load(a + i + vectorWords), load(b + i + vectorWords)));
-        const __m512i high = _mm512_or_si512(
-            Stray::of(load(a + i + 2 * vectorWords), load(b + i + 2 * vectorWords)),
-            Stray::of(load(a + i + 3 * vectorWords), load(b + i + 3 * vectorWords)));
-        if (isAnySet(_mm512_or_si512(low, high))) return false;
+        const __m512i low = Stray::of(load(a + i), load(b + i)) |
+                            Stray::of(load(a + i + vectorWords), load(b + i + vectorWords));
+        const __m512i high =
+            Stray::of(load(a + i + 2 * vectorWords), load(b + i + 2 * vectorWords)) |
+            Stray::of(load(a + i + 3 * vectorWords), load(b + i + 3 * vectorWords));
+        if (isAnySet(low | high)) return false;
     }
-    for (; i < count; i += vectorWords) {
-        const __mmask16 mask = maskFor(count - i);
-        if (isAnySet(Stray::of(_mm512_maskz_loadu_epi32(mask, a + i),
-                               _mm512_maskz_loadu_epi32(mask, b + i))))
-            return false;
-    }
-    return true;
+    for (; i + vectorWords <= count; i += vectorWords)
+        if (isAnySet(Stray::of(load(a + i), load(b + i)))) return false;
+    return i == count || hasNoneInSome<Stray>(a + i, b + i, count - i);
 }
 
 ZEL_AVX512 bool isZero(const std::uint32_t* words, std::size_t count) {
