@@ -16,12 +16,12 @@ public:
     }
 
     /// Zero in a missing chunk and beyond the size.
-    T at(std::uint32_t index) const {
-        if (index >= size()) return T{};
+    T at(std::uint32_t index) const { return index < size() ? (*this)[index] : T{}; }
+    /// The same for an `index` that is known to be below the size.
+    T operator[](std::uint32_t index) const {
         const T* elements = chunkAt(Splitter::chunkOf(index));
         return elements ? elements[Splitter::offsetOf(index)] : T{};
     }
-    T operator[](std::uint32_t index) const { return at(index); }
 
     /// `index` is below the size. A zero doesn't make a missing chunk.
     void set(std::uint32_t index, T value) {

@@ -14,7 +14,7 @@
 namespace {
 
 constexpr std::int32_t allocationsBetweenChecks = 600;
-constexpr std::int32_t greatestCredit = 64;
+constexpr std::int32_t greatestCredit = 200;
 
 constinit CurrentPool currentPool;
 
