@@ -17,12 +17,16 @@ function(brix_defaults target)
     $<$<BOOL:${BRIX_WARNINGS_AS_ERRORS}>:-Werror>)
 endfunction()
 
-# brix_test(NAME SOURCES... LIBS libraries...): one GoogleTest program, registered case by case.
+# brix_test(NAME SOURCES... LIBS libraries...): one GoogleTest program, registered case by case. With
+# the basic library comes a heap that scripts/inject-faults can tell to refuse.
 function(brix_test name)
   cmake_parse_arguments(arg "" "" "SOURCES;LIBS" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   brix_defaults(${name})
   target_link_libraries(${name} PRIVATE ${arg_LIBS} GTest::gtest GTest::gtest_main)
+  if("zelbasictypes" IN_LIST arg_LIBS OR "component" IN_LIST arg_LIBS OR "host" IN_LIST arg_LIBS)
+    target_link_libraries(${name} PRIVATE faultyheap-program)
+  endif()
   include(GoogleTest)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
     PROPERTIES TIMEOUT 120)
