@@ -28,9 +28,12 @@ endfunction()
 
 # brix_test_exports(TARGET): the test that the built module shows what it should and no more.
 function(brix_test_exports target)
-  if(NOT WIN32)
-    add_test(NAME ${target}.ShowsNothingButItsEntryPoint COMMAND ${CMAKE_COMMAND}
-      -DNM=${CMAKE_NM} -DMODULE=$<TARGET_FILE:${target}>
-      -P ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/CheckExports.cmake)
+  if(WIN32)
+    set(lister -DOBJDUMP=${CMAKE_OBJDUMP})
+  else()
+    set(lister -DNM=${CMAKE_NM})
   endif()
+  add_test(NAME ${target}.ShowsNothingButItsEntryPoint COMMAND ${CMAKE_COMMAND}
+    ${lister} -DMODULE=$<TARGET_FILE:${target}>
+    -P ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/CheckExports.cmake)
 endfunction()
