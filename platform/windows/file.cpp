@@ -27,11 +27,46 @@ unsigned cut(std::uint64_t lengthBytes) {
     return static_cast<unsigned>(std::min(lengthBytes, transferLimit));
 }
 
+/// The system looks at all of the memory that a read names, so a count that a caller made up must
+/// not get as far: it is cut at what the file holds.
+std::uint64_t bounded(Descriptor file, std::uint64_t lengthBytes) {
+    constexpr std::uint64_t likely = 1 << 24;
+    if (lengthBytes <= likely) return lengthBytes;
+    const std::int64_t position = ::_telli64(file), size = ::_filelengthi64(file);
+    if (position < 0 || size < position) return lengthBytes;
+    return std::min(lengthBytes, static_cast<std::uint64_t>(size - position));
+}
+
 /// The library ends the process over a mode that isn't one.
 template <class Unit> bool isMode(const Unit* mode) {
     if (*mode == 'r' || *mode == 'w' || *mode == 'a') return true;
     errno = EINVAL;
     return false;
+}
+
+/// The part in front of a comma, behind which an encoding stands.
+template <class Unit> bool has(std::basic_string_view<Unit> mode, char letter) {
+    return mode.substr(0, mode.find(Unit(','))).find(Unit(letter)) != mode.npos;
+}
+
+/// Not every version of the library knows the letter x.
+template <class Unit> bool mustBeNew(const Unit* mode) {
+    return *mode != 'r' && has<Unit>(mode, 'x');
+}
+
+template <class Unit> std::FILE* openNew(const Unit* path, std::basic_string_view<Unit> mode) {
+    const bool appends = mode[0] == 'a', both = has(mode, '+'), binary = has(mode, 'b');
+    const Descriptor file =
+        open(path, open_flag::create | open_flag::exclusive | (appends ? open_flag::append : 0) |
+                       (both ? open_flag::readWrite : open_flag::writeOnly) |
+                       (binary ? open_flag::binary : open_flag::text) |
+                       (has(mode, 'D') ? open_flag::temporary : 0));
+    if (file < 0) return nullptr;
+    const std::string plain =
+        std::string(appends ? "a" : "w") + (both ? "+" : "") + (binary ? "b" : "t");
+    std::FILE* stream = streamOf(file, plain.c_str());
+    if (!stream) close(file);
+    return stream;
 }
 
 /// Modes are short and plain.
@@ -55,7 +90,7 @@ Descriptor open(const char* path, std::int32_t flags, std::int32_t sharing,
 }
 
 std::int64_t read(Descriptor file, void* buffer, std::uint64_t lengthBytes) {
-    return ::_read(file, buffer, cut(lengthBytes));
+    return ::_read(file, buffer, cut(bounded(file, lengthBytes)));
 }
 
 std::int64_t write(Descriptor file, const void* buffer, std::uint64_t lengthBytes) {
@@ -72,11 +107,13 @@ bool close(Descriptor file) { return ::_close(file) == 0; }
 
 std::FILE* openStream(const char16_t* path, const char16_t* mode) {
     if (!isMode(mode)) return nullptr;
+    if (mustBeNew(mode)) return openNew<char16_t>(path, mode);
     return ::_wfopen(wide(path), wide(withoutInheritance(mode).c_str()));
 }
 
 std::FILE* openStream(const char* path, const char* mode) {
     if (!isMode(mode)) return nullptr;
+    if (mustBeNew(mode)) return openNew<char>(path, mode);
     return std::fopen(path, withoutInheritance(mode).c_str());
 }
 

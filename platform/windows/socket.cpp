@@ -200,6 +200,7 @@ std::int32_t connectTo(Socket socket, const SocketAddress& address, double limit
 }
 
 std::int32_t waitForInput(Socket socket, double limitSeconds) {
+    if (limitSeconds < 0) return failed(WSAEINVAL);
     fd_set wanted = setOf(systemHandle(socket));
     timeval time = timeOf(limitSeconds);
     return timedOutUnless(
