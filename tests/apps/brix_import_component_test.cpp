@@ -19,6 +19,11 @@ protected:
         for (const QString& deed : deeds) words << "--argument" << deed;
         return words;
     }
+    static QByteArray contentOf(const QString& fileName) {
+        QFile file(fileName);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << fileName.toStdString();
+        return file.readAll();
+    }
     bool hasModelFile() const { return QFile::exists(base + ".direct"); }
 
     ComponentTest() {
@@ -49,12 +54,25 @@ TEST_F(ComponentTest, ReadsAndRemovesAModelFileOfTwoModels) {
 #endif
     EXPECT_FALSE(hasModelFile());
 
-    QFile trace(directory.filePath("trace"));
-    ASSERT_TRUE(trace.open(QIODevice::ReadOnly));
-    const QByteArray lines = trace.readAll();
+    const QByteArray lines = contentOf(directory.filePath("trace"));
     EXPECT_TRUE(lines.startsWith("[\"importer\",\"beginModel\",[true,0.001]]\n")) << lines.data();
     EXPECT_EQ(lines.count("\"transform\""), 2) << "a model in metres needs none";
     EXPECT_EQ(lines.count("[\"model\",\"modelEntry\",[]]\n"), 2);
+}
+
+/// The sample part as the reference server wrote it once, and the calls that it comes to.
+TEST_F(ComponentTest, TurnsAPreparedFileIntoTheSameCallsOnEverySystem) {
+    const QString golden = GOLDEN_DIRECTORY;
+    const QString trace = directory.filePath("trace");
+    const ImportResult result = run(
+        serving({"-FakeCopy", golden + "/bracket.direct", base + ".direct"}) << "--trace" << trace);
+    EXPECT_EQ(result.status, 0) << result.output << result.errors;
+    EXPECT_FALSE(hasModelFile());
+
+    const QList<QByteArray> expected = contentOf(golden + "/bracket.trace").split('\n');
+    const QList<QByteArray> lines = contentOf(trace).split('\n');
+    ASSERT_EQ(lines.size(), expected.size());
+    for (int i = 0; i < lines.size(); ++i) ASSERT_EQ(lines[i], expected[i]) << "line " << i + 1;
 }
 
 TEST_F(ComponentTest, NamesAModelThatWasCutOffBesideAWholeOne) {
@@ -120,9 +138,7 @@ TEST_F(ComponentTest, EndsWithStatusThreeWhenTheServerDoesNotStart) {
 TEST_F(ComponentTest, HandsTheOptionListToTheServerInOrder) {
     const QString report = directory.filePath("words");
     run(serving({"-FakeReport", report}) + QStringList{"--set", "General/Show Batch Processing=1"});
-    QFile file(report);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QString words = QString::fromUtf8(file.readAll());
+    const QString words = QString::fromUtf8(contentOf(report));
     EXPECT_TRUE(words.startsWith("-InputFile\n" + part + "\n-OutputBaseName\n" + base +
                                  "\n-FakeReport\n" + report + "\n-Batch\n"))
         << words.toStdString();

@@ -2,6 +2,8 @@
 // Runs brix-import as a process, with a directory of its own for temporary files.
 #pragma once
 
+#include "tests/support/temporaryvariables.h"
+
 #include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -27,7 +29,9 @@ class BrixImportTest : public testing::Test {
 protected:
     BrixImportTest() {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("TMPDIR", temporary.path());
+        for (const char* variable : testsupport::temporaryVariables) {
+            environment.insert(variable, temporary.path());
+        }
         process.setProcessEnvironment(environment);
         process.setStandardInputFile(QProcess::nullDevice());
     }
