@@ -14,6 +14,7 @@
 #include "host/modelling/modellingcomponent.h"
 #include "tests/cadimport/samplemessages.h"
 #include "tests/support/fakemanager.h"
+#include "tests/support/variables.h"
 #include "zelbasictypes/sets/bitvector.h"
 
 #include <QDataStream>
@@ -219,9 +220,9 @@ TEST_F(ImportTest, AsksForACustomImportUnlessInBatchMode) {
 }
 
 TEST_F(ImportTest, LendsTheEnvironmentFileToTheServerAndPutsTheValuesBack) {
-    ::setenv("BRIX_TEST_LONG", std::string(300, 'x').c_str(), 1);
-    ::setenv("BRIX_TEST_KEPT", "kept", 1);
-    ::unsetenv("BRIX_TEST_NEW");
+    testsupport::setVariable("BRIX_TEST_LONG", std::string(300, 'x'));
+    testsupport::setVariable("BRIX_TEST_KEPT", "kept");
+    testsupport::clearVariable("BRIX_TEST_NEW");
     write("environment", "# BRIX_TEST_KEPT=no\nBRIX_TEST_NEW=1\r\n\nno sign\n=nameless\n"
                          "BRIX_TEST_LONG=first\nBRIX_TEST_LONG=a=b\nBRIX_TEST_KEPT=\n");
     run(words({"-FakeReport", reportPath(), "-FakeEnv", "BRIX_TEST_NEW", "-FakeEnv",
@@ -229,8 +230,8 @@ TEST_F(ImportTest, LendsTheEnvironmentFileToTheServerAndPutsTheValuesBack) {
         FAKE_SERVER, KorString(path("environment").c_str()));
     EXPECT_EQ(report().mid(report().size() - 3),
               (QStringList{"BRIX_TEST_NEW=1", "BRIX_TEST_LONG=a=b", "BRIX_TEST_KEPT=kept"}));
-    EXPECT_EQ(std::getenv("BRIX_TEST_LONG"), std::string(300, 'x'));
-    EXPECT_STREQ(std::getenv("BRIX_TEST_NEW"), "");
+    EXPECT_EQ(platform::getenv("BRIX_TEST_LONG"), std::string(300, 'x'));
+    EXPECT_STREQ(platform::getenv("BRIX_TEST_NEW"), "");
 }
 
 TEST_F(ImportTest, TellsWhyAServerDoesNotStart) {

@@ -3,6 +3,7 @@
 #include "client/tcpsocket.h"
 
 #include "tests/support/loopback.h"
+#include "tests/support/wine.h"
 
 #include <gtest/gtest.h>
 
@@ -15,6 +16,8 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 /// A connected socket and the other end of it.
+constexpr const char* wineResets = "Wine ends in order even where a reset was asked for";
+
 class TcpSocketTest : public testing::Test {
 protected:
     void connect() {
@@ -179,6 +182,7 @@ TEST_F(TcpSocketTest, ReceivesTheWholeLengthOrWhatCameBeforeTheEnd) {
 TEST_F(TcpSocketTest, AnswersTheNegatedSystemErrorOfAFailedReceive) {
     EXPECT_EQ(receive(1), "");
     EXPECT_LT(received, TcpSocket::waitFailed) << "there is no connection";
+    if (testsupport::runsByWine()) GTEST_SKIP() << wineResets;
     connect();
     peer.reset();
     receive(1, 5);
@@ -214,12 +218,15 @@ TEST_F(TcpSocketTest, SetsNoDelayOnAConnectionOnly) {
     EXPECT_EQ(socket.setNoDelay(), 0);
 }
 
-TEST_F(TcpSocketTest, ClosesWithAResetAndShutsDownInOrder) {
+TEST_F(TcpSocketTest, ClosesWithAReset) {
     connect();
     socket.close(-1);
     EXPECT_EQ(socket.handle(), 0);
+    if (testsupport::runsByWine()) GTEST_SKIP() << wineResets;
     EXPECT_FALSE(peer.seesOrderlyEnd());
+}
 
+TEST_F(TcpSocketTest, ShutsDownInOrder) {
     connect();
     const std::int32_t kept = socket.handle();
     socket.send("last", 4);
@@ -254,6 +261,7 @@ TEST_F(TcpSocketTest, ComesBackFromReceivingWhenInterrupted) {
 }
 
 TEST_F(TcpSocketTest, LeavesNoDescriptorBehind) {
+    if (testsupport::runsByWine()) GTEST_SKIP() << "Wine keeps the descriptors in another process";
     const auto before = openDescriptors();
     TcpSocket deafTo(freePort());
     for (int i = 0; i < 1000; ++i) {

@@ -48,6 +48,13 @@ int stubborn(const char*) {
     stay();
 }
 
+int nameParent(const char*) {
+    const std::uint32_t parent = platform::parentProcessId();
+    const char* state = platform::isProcessAlive(parent) ? " is alive" : " has gone";
+    say((std::to_string(parent) + state).c_str());
+    return 0;
+}
+
 void leaveMark(const char* path) {
     std::FILE* file = platform::openStream(path, "w");
     if (file) std::fclose(file);
@@ -117,11 +124,15 @@ int crash(const char* kind) {
 } // namespace
 
 int main(int count, char** arguments) {
-    const std::map<std::string, int (*)(const char*)> jobs{
-        {"hold", hold},         {"interrupted", interrupted},
-        {"stubborn", stubborn}, {"watch", watch},
-        {"die", die},           {"useMemory", useMemory},
-        {"crash", crash},       {"printVariable", printVariable}};
+    const std::map<std::string, int (*)(const char*)> jobs{{"hold", hold},
+                                                           {"interrupted", interrupted},
+                                                           {"stubborn", stubborn},
+                                                           {"watch", watch},
+                                                           {"die", die},
+                                                           {"useMemory", useMemory},
+                                                           {"crash", crash},
+                                                           {"printVariable", printVariable},
+                                                           {"nameParent", nameParent}};
     if (count < 2 || !jobs.contains(arguments[1])) return 99;
     return jobs.at(arguments[1])(count > 2 ? arguments[2] : "");
 }

@@ -59,7 +59,7 @@ TEST_F(NamedMutex, LosesItsNameWithItsLastUser) {
 
 TEST_F(NamedMutex, PassesOnWhenItsHolderIsKilled) {
     const auto mutex = createNamedMutex(name.c_str());
-    ChildProcess child({"hold", QString::fromStdString(name)});
+    ChildProcess child({"hold", QString::fromLocal8Bit(name.c_str())});
     ASSERT_EQ(child.line(), "held");
     EXPECT_FALSE(mutex->wait(0));
     EXPECT_FALSE(mutex->wait(30));
@@ -70,7 +70,7 @@ TEST_F(NamedMutex, PassesOnWhenItsHolderIsKilled) {
 }
 
 TEST_F(NamedMutex, LeavesNoNameBehindWhenItsLastUserIsKilled) {
-    ChildProcess child({"hold", QString::fromStdString(name)});
+    ChildProcess child({"hold", QString::fromLocal8Bit(name.c_str())});
     ASSERT_EQ(child.line(), "held");
     EXPECT_NE(openNamedMutex(name.c_str()), nullptr);
     child.kill();

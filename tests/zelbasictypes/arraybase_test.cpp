@@ -2,6 +2,7 @@
 // Chunked arrays. Built into two programs: with a chunk manager, and without one.
 #include "zelbasictypes/memory/array.h"
 
+#include "tests/support/endings.h"
 #include "tests/zelbasictypes/fakehost.h"
 #include "tests/zelbasictypes/samplemanager.h"
 #include "zelbasictypes/memory/bitvectorsplitter.h"
@@ -218,7 +219,7 @@ TEST_F(ArrayTest, AsksForMemoryBackWhenAChunkIsRefused) {
     EXPECT_EQ(sampleManager().asked, 2);
     sampleManager().refusals = 1;
     words.resize(2 * chunk, false);
-    EXPECT_EXIT(words.set(chunk, 1), testing::ExitedWithCode(255), "run out of memory");
+    EXPECT_EXIT(words.set(chunk, 1), testsupport::endedWithMinusOne, "run out of memory");
     sampleManager().refusals = 0;
 }
 

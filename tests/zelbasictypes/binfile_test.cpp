@@ -150,7 +150,7 @@ TEST_F(BinFile, WithoutADeviceNothingWorksAndNothingHurts) {
         EXPECT_EQ(output.readBack(&byte, 1), 0u);
         EXPECT_TRUE(output.close());
         directory.write("file", "abc");
-        input.setFile(std::fopen((directory.root / "file").c_str(), "rb"));
+        input.setFile(std::fopen((directory.root / "file").string().c_str(), "rb"));
         EXPECT_TRUE(input.read(&byte, 1));
         EXPECT_EQ(byte, 'a');
         input.close();
@@ -180,7 +180,7 @@ TEST_F(BinFile, AFileHandedOutStandsWhereTheStreamStands) {
 }
 
 TEST_F(BinFile, TakesAFileOver) {
-    std::FILE* file = std::fopen((directory.root / "file").c_str(), "w+b");
+    std::FILE* file = std::fopen((directory.root / "file").string().c_str(), "w+b");
     std::fputs("head", file);
     {
         BinOutputFile output(file);
@@ -191,7 +191,7 @@ TEST_F(BinFile, TakesAFileOver) {
         output.write(text, 4); // stays in the stage, and is lost
     }
     EXPECT_EQ(content(), "headtail");
-    file = std::fopen((directory.root / "file").c_str(), "rb");
+    file = std::fopen((directory.root / "file").string().c_str(), "rb");
     std::fgetc(file);
     BinInputFile input(file);
     EXPECT_EQ(input.size(), 8u);

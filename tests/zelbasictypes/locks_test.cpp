@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Mutexes and the condition, with threads on both sides.
+#include "platform/process.h"
+#include "tests/support/variables.h"
 #include "zelbasictypes/diagnostics/zelcondition.h"
 #include "zelbasictypes/diagnostics/zelmutex.h"
 
@@ -7,7 +9,6 @@
 
 #include <atomic>
 #include <chrono>
-#include <csignal>
 #include <cstdlib>
 #include <deque>
 #include <functional>
@@ -28,8 +29,8 @@ bool elsewhere(const std::function<bool()>& ask) {
 }
 
 std::string uniqueName() {
-    return "brix-test-" +
-           std::to_string(std::chrono::steady_clock::now().time_since_epoch().count());
+    const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
+    return testsupport::sharedWithDeathTests("BRIX_TEST_MUTEX", "brix-test-" + std::to_string(now));
 }
 
 /// Threads that wait for a number to reach theirs.
@@ -151,16 +152,16 @@ TEST(ZelNamedMutex, IsOneMutexForAllThatOpenItsName) {
     EXPECT_TRUE(maker.isNull());
 }
 
-TEST(ZelNamedMutex, PassesOnWhenTheProcessThatHoldsItIsKilled) {
+TEST(ZelNamedMutex, PassesOnWhenTheProcessThatHoldsItIsGone) {
     const std::string name = uniqueName();
     ZelNamedMutex mutex;
     ASSERT_TRUE(mutex.create(name.c_str()));
     EXPECT_EXIT(
         {
             ZelNamedMutex other;
-            if (other.open(name.c_str()) && other.lock()) std::raise(SIGKILL);
+            if (other.open(name.c_str()) && other.lock()) platform::exitNow(7);
         },
-        testing::KilledBySignal(SIGKILL), "");
+        testing::ExitedWithCode(7), "");
     EXPECT_TRUE(mutex.lockFor(5));
     EXPECT_TRUE(mutex.unlock());
 }
@@ -275,16 +276,16 @@ TEST(ZelSpinCount, IsReadFromTheEnvironmentOnce) {
     GTEST_FLAG_SET(death_test_style, "threadsafe"); // a new process reads the variable anew
     const std::pair<const char*, int> cases[] = {{"-5", -5}, {"40", 40}, {"none", 0}};
     for (const auto& [value, expected] : cases) {
-        ASSERT_EQ(::setenv("ZEL_SPIN_COUNT", value, 1), 0);
+        ASSERT_TRUE(testsupport::setVariable("ZEL_SPIN_COUNT", value));
         EXPECT_EXIT(
             {
                 const int first = zelSpinCount();
-                ::setenv("ZEL_SPIN_COUNT", "77", 1);
+                testsupport::setVariable("ZEL_SPIN_COUNT", "77");
                 std::exit(first + 10 + (zelSpinCount() - first));
             },
             testing::ExitedWithCode(expected + 10), "")
             << value;
     }
-    ::unsetenv("ZEL_SPIN_COUNT");
+    testsupport::clearVariable("ZEL_SPIN_COUNT");
     EXPECT_EXIT(std::exit(zelSpinCount() + 10), testing::ExitedWithCode(9), "");
 }

@@ -4,6 +4,7 @@
 
 #include "component/objects/services/igfxrenderer.h"
 #include "component/objects/services/izelerrorservice.h"
+#include "tests/support/endings.h"
 #include "tests/zelbasictypes/fakehost.h"
 #include "tests/zelbasictypes/samplemanager.h"
 #include "tests/zelbasictypes/samplestore.h"
@@ -25,7 +26,7 @@ namespace {
 constexpr const char* message = "While running this function, you have run out of memory.\n"
                                 "The application will close. After restarting, please read\n"
                                 "the online help about \"Memory Optimization\".";
-const testing::ExitedWithCode outOfMemory(255);
+constexpr auto outOfMemory = testsupport::endedWithMinusOne;
 
 bool smallMachine(platform::MemoryStatus& status) {
     constexpr std::uint64_t k = 1024;
@@ -82,7 +83,12 @@ protected:
             },
             testing::ExitedWithCode(7), pattern);
     }
-    std::string log() const { return directory.read("memory.log"); }
+    /// It is a text: how its lines end is the system's affair.
+    std::string log() const {
+        std::string text = directory.read("memory.log");
+        std::erase(text, '\r');
+        return text;
+    }
 
     TemporaryDirectory directory;
     const IPtr<SampleStore> store{new SampleStore};

@@ -51,7 +51,7 @@ TEST_F(PathFiles, TellsFilesFromDirectories) {
     EXPECT_FALSE(isFile(directory.path("missing")));
     EXPECT_FALSE(isDirectory(directory.path("missing")));
     EXPECT_TRUE(isFile(narrow("file").c_str()));
-    EXPECT_TRUE(isDirectory(narrow("").c_str()));
+    EXPECT_TRUE(isDirectory(directory.root.string().c_str()));
     EXPECT_FALSE(isDirectory(narrow("file").c_str()));
     EXPECT_TRUE(isDirectory(KorString("c:")));
 }

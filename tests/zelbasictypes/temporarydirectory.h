@@ -2,6 +2,7 @@
 // A directory that goes with the test, seen through the standard library rather than our own.
 #pragma once
 
+#include "tests/support/variables.h"
 #include "zelbasictypes/text/korstring.h"
 
 #include <filesystem>
@@ -13,8 +14,10 @@
 class TemporaryDirectory {
 public:
     TemporaryDirectory()
-        : root(std::filesystem::temp_directory_path() /
-               ("brix-test-" + std::to_string(std::random_device()()))) {
+        : root(testsupport::sharedWithDeathTests(
+              "BRIX_TEST_DIRECTORY", (std::filesystem::temp_directory_path() /
+                                      ("brix-test-" + std::to_string(std::random_device()())))
+                                         .string())) {
         std::filesystem::create_directory(root);
     }
     TemporaryDirectory(const TemporaryDirectory&) = delete;
@@ -23,7 +26,7 @@ public:
 
     /// In the library's normal form; `name` may have slashes.
     KorString path(const std::string& name = "") const {
-        std::u16string text = (root / name).u16string();
+        std::u16string text = at(name).u16string();
         for (char16_t& c : text) {
             if (c == u'/') c = u'\\';
         }
@@ -31,16 +34,21 @@ public:
         return KorString(text.c_str());
     }
     bool isEmpty() const { return std::filesystem::is_empty(root); }
-    bool has(const std::string& name) const { return std::filesystem::exists(root / name); }
+    bool has(const std::string& name) const { return std::filesystem::exists(at(name)); }
     void makeDirectory(const std::string& name) const {
-        std::filesystem::create_directories(root / name);
+        std::filesystem::create_directories(at(name));
     }
     void write(const std::string& name, const std::string& content) const {
-        std::ofstream(root / name, std::ios::binary) << content;
+        std::ofstream(at(name), std::ios::binary) << content;
     }
     std::string read(const std::string& name) const {
-        std::ifstream file(root / name, std::ios::binary);
+        std::ifstream file(at(name), std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    /// `name` is UTF-8, whatever the system's narrow texts are.
+    std::filesystem::path at(const std::string& name) const {
+        return root / std::u8string(name.begin(), name.end());
     }
 
     const std::filesystem::path root;

@@ -4,6 +4,8 @@
 
 #include "component/objects/queryinterface.h"
 #include "component/objects/services/izelasserthandlercb.h"
+#include "tests/support/endings.h"
+#include "tests/support/variables.h"
 #include "tests/zelbasictypes/fakehost.h"
 
 #include <gtest/gtest.h>
@@ -76,7 +78,7 @@ TEST_F(ZelAssert, PrefersTheModulesOwnHandlerAndThenLooksNothingUp) {
 }
 
 TEST_F(ZelAssert, EndsTheProcessWhenNobodyListens) {
-    EXPECT_EXIT(guarded(-5), testing::ExitedWithCode(255), "");
+    EXPECT_EXIT(guarded(-5), testsupport::endedWithMinusOne, "");
 }
 
 TEST(ZelBreakEnabled, IsOffOnlyForAnEnvironmentThatSaysZero) {
@@ -84,11 +86,11 @@ TEST(ZelBreakEnabled, IsOffOnlyForAnEnvironmentThatSaysZero) {
     const std::pair<const char*, bool> cases[] = {
         {"0", false}, {"1", true}, {"00", true}, {"yes", true}, {"", true}};
     for (const auto& [value, expected] : cases) {
-        ASSERT_EQ(::setenv("ZEL_BREAK_ENABLED", value, 1), 0);
+        ASSERT_TRUE(testsupport::setVariable("ZEL_BREAK_ENABLED", value));
         EXPECT_EXIT(std::exit(zelBreakEnabled() ? 1 : 0), testing::ExitedWithCode(expected), "")
             << value;
     }
-    ::unsetenv("ZEL_BREAK_ENABLED");
+    testsupport::clearVariable("ZEL_BREAK_ENABLED");
     EXPECT_EXIT(std::exit(zelBreakEnabled() ? 1 : 0), testing::ExitedWithCode(1), "");
 }
 

@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int eof = std::char_traits<char>::eof();
+constexpr int endOfData = std::char_traits<char>::eof();
 constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
 const std::streampos nowhere(std::streamoff(-1));
 namespace mode = zelmode;
@@ -51,11 +51,11 @@ TEST_F(FdStreambuf, CharactersOfOneDirectionShutTheOtherOutUntilASeek) {
     ZelFdStreambuf buffer;
     buffer.open(path(), mode::in | mode::out | mode::binary);
     EXPECT_EQ(buffer.sgetc(), 'a');
-    EXPECT_EQ(buffer.sputc('X'), eof);
+    EXPECT_EQ(buffer.sputc('X'), endOfData);
     EXPECT_EQ(buffer.pubseekoff(2, std::ios_base::beg), std::streampos(2));
     EXPECT_EQ(buffer.sputc('X'), 'X');
-    EXPECT_EQ(buffer.sgetc(), eof);
-    EXPECT_EQ(buffer.sbumpc(), eof);
+    EXPECT_EQ(buffer.sgetc(), endOfData);
+    EXPECT_EQ(buffer.sbumpc(), endOfData);
     EXPECT_EQ(buffer.pubseekpos(0), std::streampos(0));
     EXPECT_EQ(contents(), "abXdef");
     EXPECT_EQ(buffer.sgetc(), 'a');
@@ -75,11 +75,11 @@ TEST_F(FdStreambuf, ReadsEveryByteAndThenTheEnd) {
         ASSERT_EQ(peeked.sgetc(), static_cast<unsigned char>(c));
         peeked.sbumpc();
     }
-    EXPECT_EQ(peeked.sgetc(), eof);
+    EXPECT_EQ(peeked.sgetc(), endOfData);
     ZelFdStreambuf bumped;
     bumped.open(path(), mode::readBinary);
     for (const char c : all) ASSERT_EQ(bumped.sbumpc(), static_cast<unsigned char>(c));
-    EXPECT_EQ(bumped.sbumpc(), eof);
+    EXPECT_EQ(bumped.sbumpc(), endOfData);
     ZelFdStreambuf whole;
     whole.open(path(), mode::readBinary);
     std::string block(all.size() + 10, '\0');
@@ -97,11 +97,11 @@ TEST_F(FdStreambuf, PutsBackWhatItHasRead) {
     buffer.sbumpc();
     EXPECT_EQ(buffer.sputbackc('a'), 'a');
     buffer.sbumpc();
-    EXPECT_EQ(buffer.sputbackc('z'), eof);
+    EXPECT_EQ(buffer.sputbackc('z'), endOfData);
     buffer.pubseekpos(2);
     EXPECT_EQ(buffer.sungetc(), 'b');
     buffer.pubseekpos(0);
-    EXPECT_EQ(buffer.sungetc(), eof);
+    EXPECT_EQ(buffer.sungetc(), endOfData);
 }
 
 TEST_F(FdStreambuf, WritesCharactersByTheFullBuffer) {
@@ -151,10 +151,14 @@ TEST_F(FdStreambuf, SeeksToAnyPositionOrNowhere) {
         std::int64_t position;
         std::int64_t arrives; ///< -1 when the device refuses, and stays where it was
         int next;             ///< what is read there
-    } const cases[] = {{0, 0, 'a'},          {5, 5, 'f'},
-                       {6, 6, eof},          {7, 7, eof},
-                       {-1, -1, eof},        {std::int64_t{1} << 40, std::int64_t{1} << 40, eof},
-                       {INT64_MIN, -1, eof}, {0, 0, 'a'}};
+    } const cases[] = {{0, 0, 'a'},
+                       {5, 5, 'f'},
+                       {6, 6, endOfData},
+                       {7, 7, endOfData},
+                       {-1, -1, endOfData},
+                       {std::int64_t{1} << 40, std::int64_t{1} << 40, endOfData},
+                       {INT64_MIN, -1, endOfData},
+                       {0, 0, 'a'}};
     for (const auto& c : cases) {
         EXPECT_EQ(buffer.pubseekpos(c.position), std::streampos(c.arrives)) << c.position;
         EXPECT_EQ(buffer.sgetc(), c.next) << c.position;
@@ -211,9 +215,9 @@ TEST_F(FdStreambuf, CutsCountsThatAreNone) {
     char block[8] = {};
     EXPECT_EQ(buffer.sgetn(block, 1), 0) << "not open";
     EXPECT_EQ(buffer.sputn(block, 1), -1);
-    EXPECT_EQ(buffer.sputc('x'), eof);
-    EXPECT_EQ(buffer.sgetc(), eof);
-    EXPECT_EQ(buffer.sungetc(), eof);
+    EXPECT_EQ(buffer.sputc('x'), endOfData);
+    EXPECT_EQ(buffer.sgetc(), endOfData);
+    EXPECT_EQ(buffer.sungetc(), endOfData);
     buffer.open(path(), mode::in | mode::out | mode::binary);
     EXPECT_EQ(buffer.sgetn(block, -1), 0);
     EXPECT_EQ(buffer.sgetn(block, 0), 0);
@@ -239,7 +243,7 @@ TEST_F(FdStreambuf, TakesOnlyBufferSizesThatAreSome) {
     EXPECT_EQ(none.sputc('y'), 'y');
     EXPECT_EQ(contents()[0], 'y') << "each character is written alone";
     none.pubseekpos(0);
-    EXPECT_EQ(none.sgetc(), eof) << "no room to look ahead";
+    EXPECT_EQ(none.sgetc(), endOfData) << "no room to look ahead";
     EXPECT_EQ(none.sbumpc(), 'y');
 }
 
@@ -249,7 +253,7 @@ TEST_F(FdStreambuf, ThatWasTakenAwayIsMissedByNobody) {
     buffer.open(path(), mode::in | mode::out | mode::binary);
     EXPECT_EQ(buffer.sgetc(), 'a');
     buffer.freeBuffer();
-    EXPECT_EQ(buffer.sgetc(), eof);
+    EXPECT_EQ(buffer.sgetc(), endOfData);
     buffer.pubseekpos(0);
     EXPECT_EQ(buffer.sputc('X'), 'X');
     EXPECT_EQ(contents(), "Xbc");
@@ -270,7 +274,7 @@ TEST_F(FdStreambuf, KeepsWhatItCouldNotWriteAndNothingMore) {
     const std::int32_t fd = platform::open(path().c_str(), platform::open_flag::readOnly);
     ASSERT_EQ(buffer.attach(fd, mode::out), &buffer);
     for (const char c : {'a', 'b', 'c'}) EXPECT_EQ(buffer.sputc(c), c);
-    for (const char c : {'d', 'e', 'f', 'g'}) EXPECT_EQ(buffer.sputc(c), eof);
+    for (const char c : {'d', 'e', 'f', 'g'}) EXPECT_EQ(buffer.sputc(c), endOfData);
     EXPECT_EQ(buffer.pubsync(), -1);
     EXPECT_EQ(std::string(area, 6), "abcd##");
     platform::close(fd);

@@ -2,14 +2,14 @@
 // Whatever happens to the worker, the host lives, knows what it was, and gets the rest.
 #include "host/rebuild/rebuild.h"
 
+#include "platform/process.h"
+#include "tests/support/temporaryvariables.h"
+
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
-
-#include <unistd.h>
 
 namespace host {
 namespace {
@@ -20,13 +20,19 @@ protected:
         options_.program = FAKE_REBUILD;
         options_.stepLimitMs = 1000;
         // Whatever is left behind is left here.
-        qputenv("TMPDIR", QFile::encodeName(scratch_.path()));
+        for (const char* variable : testsupport::temporaryVariables) {
+            temporary_.push_back(qgetenv(variable));
+            qputenv(variable, QFile::encodeName(scratch_.path()));
+        }
     }
     void TearDown() override {
         EXPECT_TRUE(QDir(scratch_.path()).entryList({"brix*", "host_*", "*rebuild*"}).isEmpty());
-        EXPECT_EQ(runningWorkers(), 0);
+        EXPECT_TRUE(platform::childProcesses().empty());
         qunsetenv("BRIX_FAKE_REBUILD");
-        qunsetenv("TMPDIR");
+        for (std::size_t i = 0; i < temporary_.size(); ++i) {
+            const char* variable = testsupport::temporaryVariables[i];
+            temporary_[i].isNull() ? qunsetenv(variable) : qputenv(variable, temporary_[i]);
+        }
     }
 
     RebuildOutcome rebuildWith(const char* fates) {
@@ -35,14 +41,8 @@ protected:
     }
     QString inScratch(const char* name) const { return scratch_.filePath(name); }
 
-    static int runningWorkers() {
-        QProcess list;
-        list.start("ps", {"-o", "comm=", "--ppid", QString::number(::getpid())});
-        list.waitForFinished();
-        return static_cast<int>(list.readAllStandardOutput().count("fake-rebuild"));
-    }
-
     QTemporaryDir scratch_;
+    std::vector<QByteArray> temporary_; ///< the variables as they were
     ImportRecord record_{{ModelRecord{}}, {}, {}};
     RebuildOptions options_;
 };
