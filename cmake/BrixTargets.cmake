@@ -17,10 +17,8 @@ function(brix_defaults target)
     $<$<BOOL:${BRIX_WARNINGS_AS_ERRORS}>:-Werror>)
 endfunction()
 
-# brix_test(NAME SOURCES... LIBS libraries...): one GoogleTest program, registered case by case. In a
-# cross build it is registered whole, since a start by the emulator is dear; it leaves an account of
-# its cases in results/NAME.xml. With the basic library comes a heap that scripts/inject-faults can
-# tell to refuse.
+# brix_test(NAME SOURCES... LIBS libraries...): one GoogleTest program. With the basic library comes a
+# heap that scripts/inject-faults can tell to refuse; on Windows, a message to the user is printed.
 function(brix_test name)
   cmake_parse_arguments(arg "" "" "SOURCES;LIBS" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
@@ -32,6 +30,13 @@ function(brix_test name)
   if(WIN32)
     target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/printedmessage.cpp)
   endif()
+  brix_register_test(${name} 120)
+endfunction()
+
+# brix_register_test(NAME SECONDS): each case of the GoogleTest program NAME as a test. In a cross
+# build the program as one test, since a start by the emulator is dear; it leaves an account of its
+# cases in results/NAME.xml.
+function(brix_register_test name seconds)
   if(CMAKE_CROSSCOMPILING)
     file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/results)
     add_test(NAME ${name} COMMAND ${name} --gtest_output=xml:${name}.xml
@@ -41,5 +46,5 @@ function(brix_test name)
   endif()
   include(GoogleTest)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
-    PROPERTIES TIMEOUT 120)
+    PROPERTIES TIMEOUT ${seconds})
 endfunction()
