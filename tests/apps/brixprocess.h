@@ -2,6 +2,7 @@
 // Runs brix-import as a process, with a directory of its own for temporary files.
 #pragma once
 
+#include "platform/process.h"
 #include "tests/support/temporaryvariables.h"
 
 #include <QDir>
@@ -40,8 +41,14 @@ protected:
     ImportResult finish() {
         EXPECT_TRUE(process.waitForFinished(limitMs));
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-        return {process.exitCode(), process.readAllStandardOutput().toStdString(),
-                process.readAllStandardError().toStdString()};
+        return {process.exitCode(), textOf(process.readAllStandardOutput()),
+                textOf(process.readAllStandardError())};
+    }
+    /// How lines end is the system's affair.
+    static std::string textOf(const QByteArray& bytes) {
+        std::string text = bytes.toStdString();
+        std::erase(text, '\r');
+        return text;
     }
     ImportResult run(const QStringList& words) {
         start(words);
@@ -53,7 +60,7 @@ protected:
         EXPECT_TRUE(process.waitForStarted());
         process.setReadChannel(QProcess::StandardError);
         EXPECT_TRUE(process.waitForReadyRead(limitMs));
-        process.terminate();
+        platform::terminateChildren();
         return finish();
     }
     /// The temporary files that are still there.

@@ -97,6 +97,7 @@ private:
 int main(int argc, char** argv) {
     const Words words(argv + 1, argv + argc);
     int status = 0;
+    if (!platform::startSockets()) return 97;
     Conversation conversation(words);
     for (std::size_t i = 0; i < words.size(); ++i) {
         const std::string& word = words[i];

@@ -2,6 +2,7 @@
 // Allocation on a heap that refuses: the order of the tries, the temporary file, the end.
 #include "zelbasictypes/memory/korrealloc.h"
 
+#include "platform/file.h"
 #include "tests/support/endings.h"
 #include "tests/zelbasictypes/fakehost.h"
 #include "tests/zelbasictypes/samplemanager.h"
@@ -17,7 +18,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <limits>
 #include <sstream>
 #include <string>
@@ -93,10 +93,14 @@ protected:
         EXPECT_TRUE(directory.isEmpty()) << "the temporary file is left behind";
     }
     bool openFilesCanBeCut() const {
-        const auto path = directory.root / "open";
-        const std::ofstream file(path);
+        const std::int32_t file =
+            platform::open(directory.path("open").c_str(),
+                           platform::open_flag::writeOnly | platform::open_flag::create,
+                           platform::share::denyReadWrite);
         std::error_code failed;
-        std::filesystem::resize_file(path, 100, failed);
+        std::filesystem::resize_file(directory.root / "open", 100, failed);
+        platform::close(file);
+        std::filesystem::remove(directory.root / "open");
         return !failed;
     }
     static std::size_t elementsOf(std::size_t count) { return count * elementSize; }
