@@ -1,38 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
-// The last line of a process that crashes. Everything is prepared beforehand: in the handler only
-// plain memory is read, and only the calls that are safe there are made.
+// The last line of a process that crashes, from a signal handler: only calls that are safe there.
 #include "platform/process.h"
 
+#include "platform/crashline.h"
 #include "platform/posix/pathbytes.h"
 
 #include <csignal>
-#include <cstring>
 #include <unistd.h>
 
 namespace platform {
 namespace {
 
-/// A text of fixed room, cut at its end.
-template <std::size_t room> class FixedText {
-public:
-    void clear() { length = 0; }
-    void append(const char* more) {
-        while (*more && length < room - 1) text[length++] = *more++;
-        text[length] = '\0';
-    }
-    const char* c_str() const { return text; }
-    std::size_t size() const { return length; }
-
-private:
-    char text[room] = {};
-    std::size_t length = 0;
-};
-
-FixedText<128> programName;
-FixedText<4096> fileToUnlink;
-FixedText<1024> lastLine;
-const char* (*description)() = nullptr;
-int crashExitCode = 1;
+CrashLine last;
 
 const char* nameOf(int signal) {
     switch (signal) {
@@ -52,19 +31,11 @@ const char* nameOf(int signal) {
 }
 
 void reportCrash(int signal) {
-    lastLine.append(programName.c_str());
-    lastLine.append(": crashed (");
-    lastLine.append(nameOf(signal));
-    lastLine.append(")");
-    const char* doing = description ? description() : nullptr;
-    if (doing) {
-        lastLine.append(" while ");
-        lastLine.append(doing);
-    }
-    lastLine.append("\n");
-    [[maybe_unused]] const ssize_t put = ::write(STDERR_FILENO, lastLine.c_str(), lastLine.size());
-    if (fileToUnlink.size()) ::unlink(fileToUnlink.c_str());
-    ::_exit(crashExitCode);
+    last.compose(nameOf(signal));
+    [[maybe_unused]] const ssize_t put =
+        ::write(STDERR_FILENO, last.text.c_str(), last.text.size());
+    if (last.unlinkPath.size()) ::unlink(last.unlinkPath.c_str());
+    ::_exit(last.exitCode);
 }
 
 void useAlternateStack() {
@@ -79,12 +50,10 @@ void useAlternateStack() {
 
 void onCrash(const char* program, const char* (*describe)(), const std::string& unlinkPath,
              std::int32_t exitCode) {
-    programName.clear();
-    programName.append(program);
-    fileToUnlink.clear();
-    if (!unlinkPath.empty()) fileToUnlink.append(systemPath(unlinkPath.c_str()).c_str());
-    description = describe;
-    crashExitCode = exitCode;
+    last.program.assign(program);
+    last.unlinkPath.assign(unlinkPath.empty() ? "" : systemPath(unlinkPath.c_str()).c_str());
+    last.describe = describe;
+    last.exitCode = exitCode;
     useAlternateStack();
     struct sigaction action {};
     action.sa_handler = reportCrash;

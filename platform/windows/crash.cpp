@@ -3,6 +3,8 @@
 // process, and from the runtime library's abort.
 #include "platform/process.h"
 
+#include "platform/crashline.h"
+
 #include <csignal>
 #include <cstdlib>
 #include <iterator>
@@ -11,27 +13,7 @@
 namespace platform {
 namespace {
 
-/// A text of fixed room, cut at its end.
-template <std::size_t room> class FixedText {
-public:
-    void clear() { length = 0; }
-    void append(const char* more) {
-        while (*more && length < room - 1) text[length++] = *more++;
-        text[length] = '\0';
-    }
-    const char* c_str() const { return text; }
-    std::size_t size() const { return length; }
-
-private:
-    char text[room] = {};
-    std::size_t length = 0;
-};
-
-FixedText<128> programName;
-FixedText<4096> fileToDelete;
-FixedText<1024> lastLine;
-const char* (*description)() = nullptr;
-UINT crashExitCode = 1;
+CrashLine last;
 
 const char* nameOf(DWORD code) {
     switch (code) {
@@ -55,21 +37,12 @@ const char* nameOf(DWORD code) {
 }
 
 [[noreturn]] void reportCrash(const char* kind) {
-    lastLine.append(programName.c_str());
-    lastLine.append(": crashed (");
-    lastLine.append(kind);
-    lastLine.append(")");
-    const char* doing = description ? description() : nullptr;
-    if (doing) {
-        lastLine.append(" while ");
-        lastLine.append(doing);
-    }
-    lastLine.append("\n");
+    last.compose(kind);
     DWORD written = 0;
-    ::WriteFile(::GetStdHandle(STD_ERROR_HANDLE), lastLine.c_str(),
-                static_cast<DWORD>(lastLine.size()), &written, nullptr);
-    if (fileToDelete.size()) ::DeleteFileA(fileToDelete.c_str());
-    ::TerminateProcess(::GetCurrentProcess(), crashExitCode);
+    ::WriteFile(::GetStdHandle(STD_ERROR_HANDLE), last.text.c_str(),
+                static_cast<DWORD>(last.text.size()), &written, nullptr);
+    if (last.unlinkPath.size()) ::DeleteFileA(last.unlinkPath.c_str());
+    ::TerminateProcess(::GetCurrentProcess(), static_cast<UINT>(last.exitCode));
     std::abort();
 }
 
@@ -94,12 +67,10 @@ void handleSignal(int signal) {
 
 void onCrash(const char* program, const char* (*describe)(), const std::string& unlinkPath,
              std::int32_t exitCode) {
-    programName.clear();
-    programName.append(program);
-    fileToDelete.clear();
-    fileToDelete.append(unlinkPath.c_str());
-    description = describe;
-    crashExitCode = static_cast<UINT>(exitCode);
+    last.program.assign(program);
+    last.unlinkPath.assign(unlinkPath.c_str());
+    last.describe = describe;
+    last.exitCode = exitCode;
     // What the filter needs when the stack is used up.
     ULONG reserved = 64 * 1024;
     ::SetThreadStackGuarantee(&reserved);
