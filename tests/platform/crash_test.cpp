@@ -3,7 +3,7 @@
 #include "platform/process.h"
 
 #include "tests/platform/childprocess.h"
-#include "tests/platform/scratch.h"
+#include "tests/support/scratch.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 // Descriptors, and what is done to files by their path.
 #include "platform/file.h"
 
-#include "tests/platform/scratch.h"
+#include "tests/support/scratch.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 #include "platform/directory.h"
 #include "platform/file.h"
 
-#include "tests/platform/scratch.h"
+#include "tests/support/scratch.h"
 
 #include <gtest/gtest.h>
 

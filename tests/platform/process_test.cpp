@@ -6,7 +6,7 @@
 #include "platform/environment.h"
 #include "platform/file.h"
 #include "tests/platform/childprocess.h"
-#include "tests/platform/scratch.h"
+#include "tests/support/scratch.h"
 
 #include <gtest/gtest.h>
 

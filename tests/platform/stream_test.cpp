@@ -2,7 +2,7 @@
 // Streams of the runtime library over our paths.
 #include "platform/file.h"
 
-#include "tests/platform/scratch.h"
+#include "tests/support/scratch.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 // Files that are none: they can be opened and written, but not cut or copied by the system.
 #include "platform/file.h"
 
-#include "tests/platform/scratch.h"
+#include "tests/support/scratch.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 // Names that are any bytes: each has a wide form that leads back to it.
 #include "platform/directory.h"
 #include "platform/file.h"
-#include "tests/platform/scratch.h"
+#include "tests/support/scratch.h"
 
 #include <gtest/gtest.h>
 

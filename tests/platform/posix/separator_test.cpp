@@ -3,7 +3,7 @@
 #include "platform/locale.h"
 
 #include "platform/environment.h"
-#include "tests/platform/scratch.h"
+#include "tests/support/scratch.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 // Names of temporary files, which are taken away by us here and not by the system.
 #include "platform/file.h"
 
-#include "tests/platform/scratch.h"
+#include "tests/support/scratch.h"
 
 #include <gtest/gtest.h>
 
