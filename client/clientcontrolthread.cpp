@@ -2,8 +2,8 @@
 // The thread's life: connect, greet, read until there is nothing more to read.
 #include "client/clientcontrolthread.h"
 
+#include "cadimport/controlframe.h"
 #include "cadimport/controlmessages.h"
-#include "client/controlframe.h"
 
 #include <QtEndian>
 

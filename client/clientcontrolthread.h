@@ -5,7 +5,7 @@
 // The thread connects, announces itself with an OKMessage and then waits for frames, each of which
 // it hands on by a signal. It ends when it can't connect, when it is destroyed, and through
 // criticalSignal at the end of the connection, at a failure of the system, and at a frame whose
-// count is negative or above FrameReader::longestFrameBytes. It can be started again after that.
+// count is negative or above CADImport::longestFrameBytes. It can be started again after that.
 #pragma once
 
 #include "client/framereader.h"

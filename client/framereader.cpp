@@ -2,13 +2,12 @@
 // Reading a count, then what it counts.
 #include "client/framereader.h"
 
+#include "cadimport/framelimits.h"
+
 #include <algorithm>
 #include <array>
 
 namespace {
-
-/// What is asked for at once, and so the most room that a count alone is worth.
-constexpr std::int32_t stepBytes = 1 << 20;
 
 std::int32_t countIn(const std::array<unsigned char, 4>& bytes) {
     std::uint32_t count = 0;
@@ -36,7 +35,7 @@ bool FrameReader::fill(char* bytes, std::int32_t length) {
 
 bool FrameReader::readPayload() {
     for (std::int32_t got = 0; got < size_;) {
-        const std::int32_t step = std::min(size_ - got, stepBytes);
+        const std::int32_t step = std::min(size_ - got, CADImport::frameStepBytes);
         const auto needed = static_cast<std::size_t>(got + step);
         if (buffer.size() < needed) buffer.resize(needed);
         if (!fill(buffer.data() + got, step)) return false;
@@ -49,7 +48,7 @@ bool FrameReader::read() {
     std::array<unsigned char, 4> count{};
     if (!fill(reinterpret_cast<char*>(count.data()), 4)) return false;
     size_ = countIn(count);
-    if (size_ < 0 || size_ > longestFrameBytes) {
+    if (size_ < 0 || size_ > CADImport::longestFrameBytes) {
         return fail(-platform::socket_error::messageTooLong());
     }
     return readPayload();

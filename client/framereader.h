@@ -10,10 +10,6 @@
 /// Room is made as the bytes arrive, not as the count promises, and kept for the next frame.
 class FrameReader {
 public:
-    /// A longer frame, or one of a negative count, is taken for noise. What clients and servers say
-    /// to each other is words.
-    static constexpr std::int32_t longestFrameBytes = 64 << 20;
-
     /// The socket outlives the reader.
     explicit FrameReader(TcpSocket& source) : socket(source) {}
 

@@ -85,22 +85,26 @@ std::int32_t TcpSocket::fail(Result code, std::int32_t error) {
     return code;
 }
 
-std::optional<std::uint32_t> TcpSocket::findHost() const {
+/// Where there is nothing to look up, the system isn't asked and has no error of its own.
+std::optional<std::uint32_t> TcpSocket::findHost() {
+    lastError_ = platform::socket_error::hostNotFound();
     if (!hostName) return {};
-    if (!numeric) return platform::findHostByName(hostName->c_str());
-    const auto host = parseNumericAddress(hostName->c_str());
-    return host ? platform::findHostByAddress(*host) : std::nullopt;
+    const auto number = parseNumericAddress(hostName->c_str());
+    if (numeric && !number) return {};
+    const auto found = numeric ? platform::findHostByAddress(*number)
+                               : platform::findHostByName(hostName->c_str());
+    lastError_ = found ? 0 : platform::lastSocketError();
+    return found;
 }
 
 std::int32_t TcpSocket::connectTo(const char* host) { return connectTo(host, {}); }
 
 std::int32_t TcpSocket::connectTo(const char* host, const ConnectLimits& limits) {
     disconnect();
-    lastError_ = 0;
     if (host) setHostName(host);
     peerAddress = {};
     const auto found = findHost();
-    if (!found) return fail(hostNotFound, platform::socket_error::hostNotFound());
+    if (!found) return fail(hostNotFound, lastError_);
     address = {*found, static_cast<std::uint16_t>(port_)};
     const platform::Socket made = platform::createSocket();
     if (made < 0) return fail(noSocket);
@@ -143,8 +147,8 @@ void TcpSocket::setSendLimit(double seconds) { platform::setSendLimit(connection
 
 std::int32_t TcpSocket::receive(void* bytes, std::int32_t length, std::int32_t flags,
                                 double timeoutSeconds) {
-    // Without a timeout the first receiving call does the waiting as well.
-    if (timeoutSeconds != 0 || length <= 0) {
+    // Without a timeout the first receiving call does the waiting as well, unless flags forbid it.
+    if (timeoutSeconds != 0 || length <= 0 || flags != 0) {
         const std::int32_t ready = platform::waitForInput(connection, timeoutSeconds);
         if (ready < 0) return -platform::lastSocketError();
         if (ready == 0) return timedOut;

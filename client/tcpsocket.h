@@ -103,7 +103,7 @@ public:
 private:
     std::int32_t fail(Result code);
     std::int32_t fail(Result code, std::int32_t error);
-    std::optional<std::uint32_t> findHost() const;
+    std::optional<std::uint32_t> findHost();
 
     platform::Socket connection = 0;
     platform::Socket listener = 0;

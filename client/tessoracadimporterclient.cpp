@@ -3,20 +3,17 @@
 // in importrun.cpp.
 #include "client/tessoracadimporterclient.h"
 
+#include "cadimport/controlframe.h"
 #include "cadimport/creator.h"
 #include "cadimport/messageregistry.h"
 #include "client/batchmode.h"
 #include "client/clientcontrolthread.h"
-#include "client/controlframe.h"
 #include "client/controlmessageinterpreter.h"
 #include "client/hostdialog.h"
 #include "client/librarytext.h"
 #include "client/livecontrol.h"
 #include "component/itemfactory.h"
 #include "component/objects/queryinterface.h"
-
-#include <QBuffer>
-#include <QDataStream>
 
 #include <cstring>
 
@@ -32,15 +29,7 @@ template <class T> void replace(std::list<T>& target, const std::list<T>& source
 
 /// Lets the message of a frame without its count visit the interpreter, when it is valid.
 void interpretFrame(const QByteArray& payload, TessoraCADImporterClient* client) {
-    QBuffer buffer;
-    buffer.setData(payload);
-    buffer.open(QIODevice::ReadOnly);
-    QDataStream stream(&buffer);
-    stream.setVersion(CADImport::streamVersion);
-    QString wireName;
-    stream >> wireName;
-    const std::unique_ptr<CADImport::Message> message(
-        CADImport::createMessage(CADImport::messageRegistry(), wireName, stream));
+    const auto message = CADImport::messageInFrame(payload);
     if (!message || !message->isValid()) return;
     CADImport::ClientControlMessageInterpreter interpreter(client);
     message->accept(interpreter);

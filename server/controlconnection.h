@@ -14,7 +14,7 @@ namespace server {
 /// Lets go of the connection at its end; what was sent still arrives.
 class ControlConnection {
 public:
-    ControlConnection() = default;
+    ControlConnection();
     ~ControlConnection();
     ControlConnection(const ControlConnection&) = delete;
     ControlConnection& operator=(const ControlConnection&) = delete;
@@ -26,14 +26,17 @@ public:
     /// A client that has gone, or doesn't read for a second, doesn't get it.
     void send(const CADImport::Message& message);
 
-    /// The next message of a name that is known; each frame must come within the limit, 0 is none.
-    /// Null when no more can come: the client has gone, or talks noise.
+    /// The next message of a name that is known. Null when none comes within the limit, 0 being
+    /// none, or none can come any more: the client has gone, or talks noise.
     std::unique_ptr<CADImport::Message> receive(double limitSeconds);
 
 private:
-    bool fill(char* bytes, qint64 length, double limitSeconds);
-    bool readFrame(QByteArray& payload, double limitSeconds);
+    class Deadline;
 
+    bool fill(char* bytes, qint64 length, const Deadline& deadline);
+    bool readFrame(QByteArray& payload, const Deadline& deadline);
+
+    bool started_;
     platform::Socket socket_ = 0;
 };
 

@@ -2,8 +2,8 @@
 // The control thread against a server that the test plays, over a real connection.
 #include "client/clientcontrolthread.h"
 
+#include "cadimport/controlframe.h"
 #include "cadimport/controlmessages.h"
-#include "client/controlframe.h"
 #include "tests/support/loopback.h"
 
 #include <QElapsedTimer>

@@ -179,6 +179,18 @@ TEST_F(TcpSocketTest, ReceivesTheWholeLengthOrWhatCameBeforeTheEnd) {
     slow.join();
 }
 
+/// What a flag lets the receiving call do, its wait doesn't: flag 0x40 answers at once on Linux.
+TEST_F(TcpSocketTest, WaitsForInputWhateverTheFlags) {
+    connect();
+    std::thread later([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        peer.send("x");
+    });
+    char byte = 0;
+    EXPECT_EQ(socket.receive(&byte, 1, 0x40), 1);
+    later.join();
+}
+
 TEST_F(TcpSocketTest, AnswersTheNegatedSystemErrorOfAFailedReceive) {
     EXPECT_EQ(receive(1), "");
     EXPECT_LT(received, TcpSocket::waitFailed) << "there is no connection";
