@@ -201,20 +201,21 @@ std::uint64_t BlockWalk::passHole(std::uint64_t from) const {
 }
 
 /// The next place where a block begins beyond doubt, else the end of the innermost block. Zeros are
-/// passed in large steps.
+/// passed in large steps. Most plain stretches are short, so the window grows with the search.
 std::uint64_t BlockWalk::findBlock(std::uint64_t from) {
     static constexpr std::array<std::uint8_t, 0x1000> zeros{};
-    std::vector<std::uint8_t> window(0x10000);
     const std::uint64_t end = innermostEnd();
+    std::uint64_t wanted = 0x100;
     for (from = passHole(from); from < end && end - from >= headerBytes(); from = passHole(from)) {
-        const std::uint64_t got = read(from, window.data(), std::min(window.size(), end - from));
+        const std::uint64_t got = read(from, window_.data(), std::min(wanted, end - from));
         if (got < headerBytes()) break;
+        wanted = std::min<std::uint64_t>(2 * wanted, window_.size());
         const std::uint64_t last = got - headerBytes();
         for (std::uint64_t i = 0; i <= last; ++i) {
             if (last - i >= zeros.size() &&
-                std::memcmp(window.data() + i, zeros.data(), zeros.size()) == 0) {
+                std::memcmp(window_.data() + i, zeros.data(), zeros.size()) == 0) {
                 i += zeros.size() - 3;
-            } else if (resumesAt(decode(window.data() + i, from + i))) {
+            } else if (resumesAt(decode(window_.data() + i, from + i))) {
                 return from + i;
             }
         }

@@ -85,6 +85,7 @@ private:
     BlockSink& sink_;
     NextData nextData_;
     std::vector<Open> open_;
+    std::vector<std::uint8_t> window_ = std::vector<std::uint8_t>(0x10000);
     std::uint64_t at_ = 0;
     bool isWide_ = true;
 };

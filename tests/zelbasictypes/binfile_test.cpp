@@ -32,6 +32,20 @@ protected:
     TemporaryDirectory directory;
 };
 
+TEST_F(BinFile, StepsBackBehindAReadThatPassedTheHeldBytesBy) {
+    const std::string source = counting(300000);
+    directory.write("file", source);
+    BinInputFile file(path());
+    char first = 0;
+    EXPECT_EQ(file.read(&first, 1), 1);
+    std::string large(200000, ' ');
+    EXPECT_EQ(file.readRaw(large.data(), large.size()), large.size());
+    ASSERT_TRUE(file.seek(file.tell() - 1000));
+    std::string again(1000, ' ');
+    EXPECT_EQ(file.readRaw(again.data(), again.size()), again.size());
+    EXPECT_EQ(again, source.substr(199001, 1000));
+}
+
 /// The same random operations on a file that reads ahead and on plain memory.
 TEST_F(BinFile, InputBehavesAsMemoryDoes) {
     const std::string source = counting(300000);

@@ -2,6 +2,8 @@
 // Identifiers: order, making, and both texts.
 #include "zelbasictypes/data/zelguid.h"
 
+#include "tests/zelbasictypes/bytes.h"
+#include "zelbasictypes/data/binmemory.h"
 #include "zelbasictypes/text/korcstring.h"
 
 #include <gtest/gtest.h>
@@ -38,6 +40,21 @@ ZelGuid fromList(const char* text) {
     ZelGuid id = sample;
     id.fromList(text);
     return id;
+}
+
+TEST(ZelGuid, TakesItsStoredFormWholeOrNotAtAll) {
+    BinOutputMemory output;
+    EXPECT_TRUE(sample.write(output));
+    output.flushBuffer();
+    EXPECT_EQ(output.bytes(), bytes("01 AB 23 45 67 89 00 CD EF 01 00 45 67 89 AB CD"));
+    for (std::size_t length = 0; length <= 16; ++length) {
+        BinInputMemory input(output.bytes().data(), length);
+        ZelGuid read{1, 2, 3, {4}};
+        EXPECT_EQ(read.read(input), length == 16) << length;
+        EXPECT_TRUE(ZelGuid::equals(read, length == 16 ? sample : ZelGuid{1, 2, 3, {4}})) << length;
+    }
+    ASSERT_TRUE(output.close());
+    EXPECT_FALSE(sample.write(output));
 }
 
 TEST(ZelGuid, ComparesFieldsInTurnAsUnsignedNumbers) {

@@ -49,6 +49,7 @@ std::uint64_t BinInputFile::readAhead(void* buffer, std::uint64_t count) {
     if (count - got < blockBytes) return fill() ? got + takeHeld(to + got, count - got) : got;
     const std::uint64_t direct = std::fread(to + got, 1, count - got, file_);
     fileOffset_ += static_cast<std::int64_t>(direct);
+    held_ = heldEnd_ = block_.get(); // what was held lies before what came past it
     return got + direct;
 }
 

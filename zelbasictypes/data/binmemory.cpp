@@ -3,11 +3,21 @@
 #include "zelbasictypes/data/binmemory.h"
 
 #include <algorithm>
+#include <exception>
+#include <limits>
 
 namespace {
 
 /// What an empty source points at, so that it counts as open.
 constexpr std::uint8_t nothing[1] = {};
+
+/// A position counted from the start or from behind the last byte; negative where there is none.
+std::int64_t position(std::int64_t offset, bool fromStart, std::uint64_t size) {
+    constexpr std::int64_t greatest = std::numeric_limits<std::int64_t>::max();
+    const auto end = static_cast<std::int64_t>(size);
+    if (fromStart) return offset;
+    return offset > greatest - end ? greatest : end + offset;
+}
 
 } // namespace
 
@@ -27,7 +37,7 @@ std::int64_t BinInputMemory::tell() const { return bytes_ ? held_ - bytes_ + bey
 bool BinInputMemory::seek(std::int64_t offset, bool fromStart) {
     if (!bytes_) return false;
     const auto length = static_cast<std::int64_t>(size_);
-    const std::int64_t target = fromStart ? offset : length + offset;
+    const std::int64_t target = position(offset, fromStart, size_);
     if (target < 0) return true;
     beyond_ = std::max<std::int64_t>(target - length, 0);
     held_ = bytes_ + (target - beyond_);
@@ -40,11 +50,21 @@ bool BinInputMemory::close() {
 }
 
 std::uint64_t BinOutputMemory::writeRaw(const void* buffer, std::uint64_t count) {
-    if (!open_) return 0;
-    if (bytes_.size() < at_ + count) bytes_.resize(at_ + count);
+    if (!open_ || !makeRoom(at_ + count)) return 0;
     if (count > 0) std::memcpy(bytes_.data() + at_, buffer, count);
     at_ += count;
     return count;
+}
+
+/// A seek may have gone anywhere; where no memory is, nothing is written.
+bool BinOutputMemory::makeRoom(std::uint64_t size) {
+    if (size <= bytes_.size()) return true;
+    try {
+        bytes_.resize(size);
+    } catch (const std::exception&) {
+        return false;
+    }
+    return true;
 }
 
 std::uint64_t BinOutputMemory::readRaw(void* buffer, std::uint64_t count) {
@@ -57,8 +77,7 @@ std::uint64_t BinOutputMemory::readRaw(void* buffer, std::uint64_t count) {
 
 bool BinOutputMemory::seekRaw(std::int64_t offset, bool fromStart) {
     if (!open_) return false;
-    const std::int64_t target =
-        fromStart ? offset : static_cast<std::int64_t>(bytes_.size()) + offset;
+    const std::int64_t target = position(offset, fromStart, bytes_.size());
     if (target >= 0) at_ = static_cast<std::uint64_t>(target);
     return true;
 }

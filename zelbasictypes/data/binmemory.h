@@ -43,6 +43,8 @@ public:
     bool closeRaw() override;
 
 private:
+    bool makeRoom(std::uint64_t size);
+
     std::vector<std::uint8_t> bytes_;
     std::uint64_t at_ = 0;
     bool open_ = true;

@@ -4,7 +4,9 @@
 
 #include "zelbasictypes/memory/korrealloc.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <limits>
 
 /// Entries count from 1; entry 0 is 0. Doubles as it grows.
 class BlockPositions {
@@ -21,7 +23,8 @@ public:
     }
     /// Room for at least `min` open blocks, and for `max` when memory allows.
     void reserve(std::int32_t min, std::int32_t max) {
-        if (min >= capacity_) grow(min + 1, max > min ? max + 1 : min + 1);
+        constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max() - 1;
+        if (min >= capacity_) grow(std::min(min, most) + 1, std::clamp(max, min, most) + 1);
     }
 
 private:

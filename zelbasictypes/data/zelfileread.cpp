@@ -47,7 +47,7 @@ bool ZelFileRead::checkFileHeader() {
 }
 
 bool ZelFileRead::attach(BinInput* stream) {
-    if (stream && stream == bi_) return true;
+    if (stream == bi_) return true;
     delete std::exchange(blockGuid_, nullptr);
     dropStream();
     depth_ = 0;

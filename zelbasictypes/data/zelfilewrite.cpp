@@ -39,7 +39,7 @@ bool ZelFileWrite::create(const KorString& path) {
 bool ZelFileWrite::writeFileHeader() { return beginBlock(zelblock::file, isWide() ? 1 : 0); }
 
 bool ZelFileWrite::attach(BinOutput* stream, bool closeOnEnd) {
-    if (stream && stream == bo_) return true;
+    if (stream == bo_) return true;
     while (bo_ && depth_ > (closeOnEnd_ ? 1 : 0)) endBlock();
     if (closeOnEnd_) close();
     bo_ = stream;

@@ -10,9 +10,10 @@ struct ZelMatrix4;
 struct ZelVector3;
 
 /// Writes to a file of its own, or to a stream that it is lent. The version decides the width of
-/// lengths once, before the first block: 1 to 9 make a narrow file, whose blocks stay below 4 GiB,
-/// 0 and 10 up a wide one. A block gets its length when it ends, so that one that never ends has
-/// length 0. An operation without a stream is an assertion and otherwise nothing.
+/// lengths: 1 to 9 make a narrow file, whose blocks stay below 4 GiB, 0 and 10 up a wide one. It
+/// must stay as it is while a block is open, or the length lands on the content. A block gets its
+/// length when it ends, so that one that never ends has length 0. An operation without a stream is
+/// an assertion and otherwise nothing.
 class ZelFileWrite : public IZelDataModelWriter {
 public:
     static constexpr const char* interfaceName = "ZelFileWrite";

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
+#include <cstdlib>
 #include <iterator>
 #include <string>
 
@@ -43,8 +44,10 @@ std::string nextToken(std::string_view& rest) {
 }
 
 template <class T> bool readListField(std::string_view& rest, T& field) {
-    unsigned value = 0;
-    if (std::sscanf(nextToken(rest).c_str(), "%x", &value) != 1) return false;
+    const std::string token = nextToken(rest);
+    char* end = nullptr;
+    const auto value = std::strtoull(token.c_str(), &end, 16);
+    if (end == token.c_str()) return false;
     field = static_cast<T>(value);
     return true;
 }
