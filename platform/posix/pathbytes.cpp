@@ -152,7 +152,7 @@ std::string systemPath(std::u16string_view path) {
 }
 
 std::string systemPath(const char* path) {
-    std::string slashed(path);
+    std::string slashed(path ? path : "");
     std::replace(slashed.begin(), slashed.end(), '\\', '/');
     return withoutDrive(slashed);
 }

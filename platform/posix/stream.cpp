@@ -71,8 +71,10 @@ std::FILE* openPath(const std::string& path, const char* mode) {
     return stream;
 }
 
-/// A first opening of the new file gets the lock and keeps it until the stream has its own.
+/// A first opening of the new file gets the lock and keeps it until the stream has its own. The
+/// stream gives its lock up before: it may be on that very file.
 std::FILE* reopenPath(const std::string& path, const char* mode, std::FILE* stream) {
+    ::flock(::fileno(stream), LOCK_UN);
     const Descriptor file = openFor(path, mode);
     if (file < 0) {
         const int reason = errno;

@@ -67,7 +67,7 @@ std::int32_t access(const char16_t* path, std::int32_t mode) {
     return ::_waccess(wide(path), mode);
 }
 
-std::int32_t access(const char* path, std::int32_t mode) { return ::_access(path, mode); }
+std::int32_t access(const char* path, std::int32_t mode) { return ::_access(given(path), mode); }
 
 std::int32_t stat(const char16_t* path, FileStatus* status) {
     struct _stat64 record {};
@@ -76,24 +76,26 @@ std::int32_t stat(const char16_t* path, FileStatus* status) {
 
 std::int32_t stat(const char* path, FileStatus* status) {
     struct _stat64 record {};
-    return take(::_stat64(path, &record), record, status);
+    return take(::_stat64(given(path), &record), record, status);
 }
 
 std::int32_t unlink(const char16_t* path) { return ::_wunlink(wide(path)); }
-std::int32_t unlink(const char* path) { return ::_unlink(path); }
+std::int32_t unlink(const char* path) { return ::_unlink(given(path)); }
 std::int32_t remove(const char16_t* path) { return ::_wremove(wide(path)); }
-std::int32_t remove(const char* path) { return std::remove(path); }
+std::int32_t remove(const char* path) { return std::remove(given(path)); }
 
 std::int32_t rename(const char16_t* from, const char16_t* to) {
     return ::_wrename(wide(from), wide(to));
 }
 
-std::int32_t rename(const char* from, const char* to) { return std::rename(from, to); }
+std::int32_t rename(const char* from, const char* to) {
+    return std::rename(given(from), given(to));
+}
 
 std::int32_t makeDirectory(const char16_t* path) { return ::_wmkdir(wide(path)); }
-std::int32_t makeDirectory(const char* path) { return ::_mkdir(path); }
+std::int32_t makeDirectory(const char* path) { return ::_mkdir(given(path)); }
 std::int32_t removeDirectory(const char16_t* path) { return ::_wrmdir(wide(path)); }
-std::int32_t removeDirectory(const char* path) { return ::_rmdir(path); }
+std::int32_t removeDirectory(const char* path) { return ::_rmdir(given(path)); }
 
 std::u16string currentDirectory() {
     wchar_t* directory = ::_wgetcwd(nullptr, 0);
@@ -114,7 +116,8 @@ std::u16string libraryPath(std::u16string_view path) {
 }
 
 /// In the code page that the runtime library's narrow calls go by.
-std::u16string widePath(const char* path) {
+std::u16string widePath(const char* narrow) {
+    const char* path = given(narrow);
     const UINT page = ::AreFileApisANSI() ? CP_ACP : CP_OEMCP;
     const int length = ::MultiByteToWideChar(page, 0, path, -1, nullptr, 0);
     if (length <= 0) return {};

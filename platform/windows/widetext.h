@@ -14,4 +14,8 @@ inline const char16_t* units(const wchar_t* text) {
     return reinterpret_cast<const char16_t*>(text);
 }
 
+/// A narrow path that is null names nothing, as the empty one; the runtime library would end the
+/// process over it.
+inline const char* given(const char* path) { return path ? path : ""; }
+
 } // namespace platform

@@ -91,6 +91,13 @@ TEST_F(FileOpening, AloneShutsEverybodyElseOut) {
     EXPECT_EQ(rest(holder), "abc");
 }
 
+TEST_F(FileOpening, AgainOnTheFileThatItHoldsAlone) {
+    directory.write("file", "abc");
+    const Stream again(zelReopenFile(path(), "rb", alone("rb").release()));
+    ASSERT_NE(again, nullptr);
+    EXPECT_EQ(rest(again), "abc");
+}
+
 TEST_F(FileOpening, ForReadingWaitsUntilTheFileIsFree) {
     directory.write("file", "abc");
     Stream holder = alone("wb");

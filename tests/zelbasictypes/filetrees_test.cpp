@@ -157,6 +157,15 @@ TEST_F(FileTrees, MovedOntoThemselvesStay) {
     EXPECT_EQ(tree("from"), before);
 }
 
+TEST_F(FileTrees, LoseNothingToALinkFromTheSourceToTheTarget) {
+    directory.makeDirectory("to");
+    directory.write("to/file", "target");
+    std::filesystem::remove(directory.root / "from/file");
+    if (!link("from/file", "to/file")) GTEST_SKIP() << "no links on this file system";
+    EXPECT_TRUE(moveTree(path("from"), path("to")));
+    EXPECT_EQ(directory.read("to/file"), "target");
+}
+
 TEST_F(FileTrees, AreCopiedToAnotherVolumeAndStay) {
     const fs::path other = fs::path("/dev/shm") / directory.root.filename();
     std::error_code failed;

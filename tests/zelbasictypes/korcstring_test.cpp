@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The narrow string, case by case; textmodel_test.cpp has the random walk.
+// The narrow string, case by case; narrowmodel_test.cpp has the random walk.
 #include "zelbasictypes/text/korcstring.h"
 
 #include "tests/zelbasictypes/assertioncounter.h"

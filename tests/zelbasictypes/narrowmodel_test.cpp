@@ -17,6 +17,7 @@ protected:
     void append() {
         const std::string piece = source.piece();
         text.append(kor(piece)), model += piece;
+        isNull = false;
     }
     void appendUnit() { text.append('c'), model += 'c'; }
     void appendItself() { text.append(text), model += model; }

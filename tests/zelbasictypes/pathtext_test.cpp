@@ -144,6 +144,9 @@ TEST(PathText, CollapsesUpStepsThatHaveSomethingInFront) {
         {u"\\a\\..\\b", u"1", u"\\b"},
         {u"c:\\a\\b\\..\\..\\d", u"1", u"c:\\d"},
         {u"x/y/../z", u"1", u"x/z"},
+        {u"a\\x/y/../z", u"1", u"a/z"}, // the last backslash, though a slash is nearer
+        {u"a/b/../c\\d\\..\\e", u"1", u"a/c\\e"},
+        {u"\\a\\..\\..\\b\\..\\c", u"1", u"\\..\\b\\..\\c"}, // nothing is left to go up from
         {u"a\\b", u"0", u"a\\b"},
         {u"a\\..\\b", u"0", u"a\\..\\b"},
         {u"\\..\\b", u"0", u"\\..\\b"},

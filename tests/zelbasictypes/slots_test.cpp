@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 // The order of virtual operations, which other modules are compiled against. A pointer to a virtual
 // member holds, where the ABI is that of GCC and Clang on x86-64, its place in the table.
+#include "component/objects/services/izeldatareceiver.h"
+#include "component/objects/services/izeltranslatorservice.h"
 #include "zelbasictypes/data/binio.h"
 #include "zelbasictypes/data/zelfile.h"
+#include "zelbasictypes/text/zeltrivialtranslator.h"
 
 #include <gtest/gtest.h>
 
@@ -62,6 +65,25 @@ TEST(Slots, OfWritersKeepTheirOrder) {
     EXPECT_EQ(slotOf(&ZelWritable::writeModel), 0);
     EXPECT_EQ(slotOf(&ZelWritable::writeBinary), 1);
     EXPECT_EQ(slotOf(&ZelIdentified::classGuid), 0);
+}
+
+template <class... Texts> auto translating() {
+    return static_cast<KorString (IZelTranslator::*)(const char*, Texts...)>(
+        &IZelTranslator::translate);
+}
+
+TEST(Slots, OfTranslatorsAndReceiversKeepTheirOrder) {
+    using Text = const KorString&;
+    expectOrder(0, &IZelTranslator::translateList,
+                translating<Text, Text, Text, Text, Text, Text>(),
+                translating<Text, Text, Text, Text, Text>(), translating<Text, Text, Text, Text>(),
+                translating<Text, Text, Text>(), translating<Text, Text>(), translating<Text>(),
+                translating<>(), &IZelTranslator::query);
+    EXPECT_EQ(slotOf(&ZelTrivialTranslator::lookup), 9 + destructor);
+    expectOrder(0, &IZelTranslatorService::reserved1, &IZelTranslatorService::translatorFor);
+    using R = IZelDataReceiver;
+    expectOrder(0, &R::receiveBool, &R::receiveInt, &R::receiveUnsigned, &R::receiveFloat,
+                &R::receiveDouble, &R::receiveString, &R::receiveData);
 }
 
 #endif

@@ -19,6 +19,7 @@ protected:
     void append() {
         const Text piece = source.piece();
         text.append(kor(piece)), model += piece;
+        isNull = false;
     }
     void appendUnit() { text.append(u'c'), model += u'c'; }
     void appendItself() { text.append(text), model += model; }

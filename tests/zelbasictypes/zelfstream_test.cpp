@@ -2,11 +2,10 @@
 // File streams: what opening does to a file, copies, names.
 #include "zelbasictypes/files/zelfstream.h"
 
-#include "component/objects/queryinterface.h"
-#include "component/objects/services/idatastore.h"
 #include "platform/clock.h"
 #include "platform/file.h"
 #include "tests/zelbasictypes/fakehost.h"
+#include "tests/zelbasictypes/samplestore.h"
 #include "tests/zelbasictypes/temporarydirectory.h"
 #include "zelbasictypes/files/fileoperations.h"
 
@@ -25,23 +24,6 @@ protected:
     std::string contents(const std::string& name = "file") const { return directory.read(name); }
 
     TemporaryDirectory directory;
-};
-
-/// Settings with a directory for temporary files.
-class Store : public IDataStore {
-public:
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IDataStore>(this, className(), name, result);
-    }
-    const char* className() override { return "Store"; }
-    std::int32_t getBool(const char*, std::int32_t fallback) override { return fallback; }
-    double getDouble(const char*, double fallback) override { return fallback; }
-    const KorString* getString(const char* key, const KorString* fallback) override {
-        return std::string(key) == "Directories/Temp Directory" ? &temporary : fallback;
-    }
-    void subscribe(const char*, IZelDataReceiver*) override {}
-
-    KorString temporary{"d:\\scratch"};
 };
 
 /// The process and the counter stand in the name as 8 lower-case hexadecimal digits each.
@@ -126,6 +108,7 @@ TEST_F(ZelFile, CopiesFilesOfAnyLength) {
         EXPECT_EQ(contents("narrow"), data);
     }
     EXPECT_FALSE(copyFile(path("missing"), path("copy")));
+    EXPECT_EQ(contents("copy").size(), 10001U) << "a source that isn't there costs nothing";
     EXPECT_FALSE(copyFile(path(), path("no/such/directory")));
     EXPECT_FALSE(copyFile(nullptr, "x"));
     EXPECT_FALSE(copyFile("", "x"));
@@ -152,16 +135,16 @@ TEST(MakeTempName, StandsInTheDirectoryOfTheSettings) {
     EXPECT_TRUE(makeTempName(first));
     expectTempName(first, "");
 
-    Store store;
-    store.addRef();
-    fakehost::offer<IDataStore>(&store);
+    const IPtr<SampleStore> store(new SampleStore);
+    KorString& temporary = store->texts["Directories/Temp Directory"];
+    temporary = KorString("d:\\scratch");
+    fakehost::offer<IDataStore>(store.iface);
     KorString second;
     EXPECT_TRUE(makeTempName(second));
     expectTempName(second, "d:\\scratch");
-    store.temporary = KorString();
+    temporary = KorString();
     makeTempName(second);
     expectTempName(second, "");
     EXPECT_FALSE(first == second);
     fakehost::withdrawAll();
-    store.releaseNoDelete();
 }

@@ -215,4 +215,7 @@ TEST(ZelVector3, LeavesTheRestOfATextBehindAFault) {
     std::string rest;
     in >> rest;
     EXPECT_EQ(rest, "1,2,3)");
+    in.clear(std::ios::badbit);
+    in >> v;
+    EXPECT_EQ(in.rdstate(), std::ios::badbit);
 }

@@ -80,6 +80,7 @@ bool copyBelow(const KorString& from, const KorString& to, Trail& trail) {
 bool moveBelow(const KorString& from, const KorString& to, Trail& trail);
 
 bool moveEntry(const ZelDirEntry& entry, const KorString& target, Trail& trail) {
+    if (platform::isSameFile(entry.path().c_str(), target.c_str())) return true;
     if (isFile(target)) removeFile(target);
     if (entry.isRegular())
         return renamePath(entry.path(), target) || copyFile(entry.path(), target);

@@ -31,11 +31,11 @@ public:
 /// When the copying of one file is over.
 enum class Ending { atShortRead, whenNothingMoves };
 
-/// The system moves what it can, and the rest goes through here. A source that has no more just
-/// now, such as a pipe, ends the one copy and is waited for in the other.
+/// The system moves what it can, and the rest goes through here. A source that has less than a
+/// block just now, such as a pipe, ends the one copy and is waited for in the other.
 void copyContents(const OpenFile& from, const OpenFile& to, Ending ending) {
     platform::moveRange(from.fd, to.fd);
-    char block[0x10000];
+    char block[2048];
     std::int64_t got = 0;
     std::int64_t put = 0;
     do {

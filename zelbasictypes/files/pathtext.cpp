@@ -2,6 +2,8 @@
 // Paths as texts: normal form, parts, dots.
 #include "zelbasictypes/files/pathoperations.h"
 
+#include "zelbasictypes/text/textscan.h"
+
 #include <string>
 #include <string_view>
 
@@ -38,18 +40,31 @@ bool isNormal(View text) {
 
 bool isLetter(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z'); }
 
-bool isWhiteSpace(char16_t c) { return c == u' ' || (c >= 9 && c <= 13); }
-
-/// The first "\..\", or failing that the first "/../".
-std::size_t findUpStep(View path) {
-    const std::size_t at = path.find(u"\\..\\");
-    return at != npos ? at : path.find(u"/../");
-}
-
 /// The last backslash in `front`, or failing that the last slash.
 std::size_t lastSeparator(View front) {
     const std::size_t at = front.rfind(backslash);
     return at != npos ? at : front.rfind(u'/');
+}
+
+/// Takes out the steps up that are written like `step`, from the front. At one that has nothing to
+/// go up from all ends, and the answer is false.
+bool collapse(std::u16string& text, View step) {
+    std::u16string front;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        front += text[i];
+        while (View(front).ends_with(step)) {
+            const std::size_t from =
+                lastSeparator(View(front).substr(0, front.size() - step.size()));
+            if (from == npos) {
+                text.replace(0, i + 1, front);
+                return false;
+            }
+            front.resize(from);
+            front += step.back();
+        }
+    }
+    text = front;
+    return true;
 }
 
 } // namespace
@@ -158,13 +173,8 @@ bool isRelative(const KorString& path) { return !isAbsolute(path); }
 
 bool collapseDots(KorString& path) {
     std::u16string text(path.view());
-    for (;;) {
-        const std::size_t at = findUpStep(text);
-        if (at == npos) break;
-        const std::size_t from = lastSeparator(View(text).substr(0, at));
-        if (from == npos) break;
-        text.erase(from, at + 3 - from);
-    }
+    // A step taken out at slashes makes no new one at backslashes.
+    if (collapse(text, u"\\..\\")) collapse(text, u"/../");
     const bool changed = text.size() != path.view().size();
     if (changed) store(path, text);
     return changed;
@@ -175,7 +185,7 @@ bool replaceSpaces(KorString& path) {
     bool changed = false;
     const auto length = static_cast<std::int32_t>(text.size());
     for (auto i = static_cast<std::int32_t>(lastComponent(text, separators)); i < length; ++i) {
-        if (!isWhiteSpace(path.at(i))) continue;
+        if (!zeltext::isPlainSpace(path.at(i))) continue;
         path.setAt(i, u'_');
         changed = true;
     }

@@ -65,7 +65,7 @@ void ZelDirIterator::take() {
 }
 
 void ZelDirIterator::skipUnwanted() {
-    while (skipDots && !done && (entry_.isDot() || entry_.isDotDot())) step();
+    while (skipDots && !done && (name == u"." || name == u"..")) step();
 }
 
 void ZelDirIterator::close() {

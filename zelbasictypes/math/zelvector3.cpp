@@ -98,6 +98,7 @@ std::ostream& operator<<(std::ostream& out, const ZelVector3& v) {
 }
 
 std::istream& operator>>(std::istream& in, ZelVector3& v) {
+    if (!in) return in;
     ZelVector3 read;
     if (expect(in, '(') && in >> read.x && expect(in, ',') && in >> read.y && expect(in, ',') &&
         in >> read.z && expect(in, ')'))

@@ -146,7 +146,8 @@ public:
     /// As KorCString's; a block of another kind leaves the text empty.
     bool write(BinOutput& stream) const;
     bool read(BinInput& stream);
-    /// A data-model file with this text and nothing else; false when anything went wrong.
+    /// A data-model file with this text and nothing else. The result is that of closing the file; a
+    /// block of another kind in it leaves the text empty and is no failure.
     bool saveToFile(const KorString& path) const;
     bool loadFromFile(const KorString& path);
     /// Exchanges the text only; made narrow and UTF-8 blocks stay where they are.

@@ -9,8 +9,6 @@
 
 namespace {
 
-bool isPlainSpace(char16_t unit) { return (unit >= 9 && unit <= 13) || unit == u' '; }
-
 /// Turns the case of the ASCII letters from `first` on, 26 of them.
 void turnCase(char16_t* text, char16_t first) {
     for (; *text; ++text)
@@ -19,7 +17,7 @@ void turnCase(char16_t* text, char16_t first) {
 
 void dropPlainSpace(char16_t* text) {
     char16_t* end = text + zeltext::boundedLength(text, INT64_MAX);
-    *std::remove_if(text, end, isPlainSpace) = 0;
+    *std::remove_if(text, end, zeltext::isPlainSpace) = 0;
 }
 
 } // namespace
@@ -45,6 +43,7 @@ void KorString::setAt(std::int32_t i, char16_t c) {
 }
 
 KorString& KorString::append(const KorString& other) {
+    if (other.isNull()) return *this;
     const std::u16string_view piece = other.view();
     if (!piece.empty()) forgetNarrowForm();
     zeltext::extend(text, view().size(), piece);

@@ -23,10 +23,14 @@ KorString entryOf(std::u16string_view units) {
 } // namespace
 
 void zelPackStrings(KorString& out, const std::vector<KorString>& list) {
+    std::u16string packed;
     for (const KorString& entry : list) {
-        out.append(KorString(entry.length())).append(u' ');
-        out.append(entry);
+        const std::u16string_view text = entry.view();
+        packed += KorString(static_cast<std::int32_t>(text.size())).view();
+        packed += u' ';
+        packed += text;
     }
+    if (!packed.empty()) out.append(KorString::borrow(packed.c_str()));
 }
 
 void zelUnpackStrings(const KorString& text, std::vector<KorString>& list) {

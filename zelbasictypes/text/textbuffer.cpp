@@ -53,7 +53,6 @@ template <class Unit> void store(Buffer<Unit>& buffer, std::basic_string_view<Un
 
 template <class Unit>
 void extend(Buffer<Unit>& buffer, std::size_t length, std::basic_string_view<Unit> piece) {
-    if (piece.empty()) return;
     const std::size_t total = length + piece.size();
     if (!buffer.fits(static_cast<std::int64_t>(total))) {
         replaceBlock(buffer, compose({{buffer.data, length}, piece}));

@@ -16,6 +16,9 @@ std::int64_t unitsBefore(const char16_t* text, char16_t stop, std::int64_t limit
 std::int64_t boundedLength(const char* text, std::int64_t limit);
 std::int64_t boundedLength(const char16_t* text, std::int64_t limit);
 
+/// Tab to carriage return, and the blank.
+constexpr bool isPlainSpace(char16_t unit) { return (unit >= 9 && unit <= 13) || unit == u' '; }
+
 /// The part of `text` that a limit leaves: all of it when `limit` is negative.
 template <class Unit>
 std::basic_string_view<Unit> limitedView(const Unit* text, std::int32_t limit) {

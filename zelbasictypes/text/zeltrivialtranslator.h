@@ -8,6 +8,9 @@
 /// Without state, for any thread. A subclass that overrides `lookup` alone changes all the forms.
 class ZelTrivialTranslator : public IZelTranslator {
 public:
+    /// The text of a key; true. The forms below don't look at the result.
+    virtual bool lookup(const char* key, KorString& out);
+
     void qi(const char* name, void** result, std::int32_t reserved = 0) override;
     const char* className() override;
 
@@ -26,9 +29,6 @@ public:
     KorString translate(const char* key) override;
     /// False.
     bool query() override;
-
-    /// The text of a key; true. The forms above don't look at the result.
-    virtual bool lookup(const char* key, KorString& out);
 
 private:
     template <class... Args> KorString filled(const char* key, const Args&... args);
