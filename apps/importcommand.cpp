@@ -4,6 +4,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <initializer_list>
+
 namespace apps {
 namespace {
 
@@ -118,7 +121,21 @@ void settleJson(Words& words) {
     if (words.model.empty() && !words.noServer) std::swap(words.model, words.json);
 }
 
+bool endsAsOneOf(std::initializer_list<const char*> endings, const std::string& file) {
+    const QString name = QString::fromStdString(file);
+    return std::any_of(endings.begin(), endings.end(), [&](const char* ending) {
+        return name.endsWith(QLatin1String(ending), Qt::CaseInsensitive);
+    });
+}
+
 const char* problemOf(const Words& words) {
+    if (!words.picture.empty() && !endsAsOneOf({".png"}, words.picture)) {
+        return "--picture takes a file that ends in .png";
+    }
+    if (!words.exportFile.empty() &&
+        !endsAsOneOf({".brep", ".step", ".stl", ".glb"}, words.exportFile)) {
+        return "--export takes a file that ends in .brep, .step, .stl or .glb";
+    }
     if (words.noServer && !words.model.empty()) return "--no-server takes no MODEL";
     if (words.noServer && words.outputBase.empty()) return "--no-server needs --output-base";
     if (words.noServer && words.live) return "--live needs a server";

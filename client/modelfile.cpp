@@ -14,7 +14,7 @@ bool readMessages(const KorString& outputBaseName, CADImport::Creator& creator) 
     if (!creator.hasImporter()) return false;
     const KorString path = zelTranslate("%1.direct", outputBaseName);
     QFile file;
-    if (!openForReading(path, file)) return false;
+    if (!isFile(path) || !openForReading(path, file)) return false;
     CADImport::RecordReader records(file);
     while (!records.atEnd()) {
         const CADImport::Message* message = records.look();

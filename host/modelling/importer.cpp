@@ -45,6 +45,7 @@ void Importer::beginModel(bool absolute, double accuracy) {
     if (model_.begun) giveUp("another model began before its end");
     if (!isEmpty(model_.record)) giveUp("it came without its unit, so its size is unknown");
     model_ = {};
+    session_->beginModel();
     model_.begun = true;
     model_.record.absolute = absolute;
     model_.record.accuracy = accuracy;
@@ -110,8 +111,8 @@ void Importer::createShell(std::int32_t shell, const std::int32_t* faces, std::i
                            bool closed) {
     const Identifiers list = identifiers(faces, faceCount);
     session_->trace.call(self, "createShell", shell, list, faceCount, closed);
-    for (const ShellRecord& other : model_.record.shells) {
-        if (other.identifier == shell) session_->drop("shell", shell, "its identifier came twice");
+    if (!model_.shells.insert(shell).second) {
+        session_->drop("shell", shell, "its identifier came twice");
     }
     model_.record.shells.push_back(
         {shell, model_.nextBox.min, model_.nextBox.max, {list.begin(), list.end()}, closed});
@@ -136,12 +137,14 @@ bool Importer::keepModel() {
     ++session_->modelsSeen;
     resolveShapes();
     noteLosses(model_.record, *session_);
+    session_->endModel(true);
     session_->record.models.push_back(std::move(model_.record));
     return true;
 }
 
 /// A model that is dropped goes by its ordinal in the run.
 void Importer::giveUp(const char* why) {
+    session_->endModel(false);
     session_->drop("model", ++session_->modelsSeen, why);
     model_.begun = false;
     model_.record = {};

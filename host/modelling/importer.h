@@ -6,6 +6,8 @@
 #include "cadimport/modelling/izelcadimporter.h"
 #include "host/modelling/importsession.h"
 
+#include <set>
+
 namespace host {
 
 /// A model enters the session's record when it is finished. One that never began, and so has no
@@ -53,6 +55,7 @@ private:
         ModelRecord record;
         std::map<Identifier, IPtr<IZelCurve>> curves;
         std::map<Identifier, IPtr<IZelSurface>> surfaces;
+        std::set<Identifier> shells;
         ZelBox3 nextBox;
     };
 

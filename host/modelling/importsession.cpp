@@ -11,7 +11,19 @@ std::string ImportSession::nameFor(std::string_view interfaceName) {
 }
 
 void ImportSession::drop(std::string what, Identifier identifier, std::string why) {
-    record.dropped.push_back({std::move(what), identifier, std::move(why)});
+    record.dropped.push_back({std::move(what), identifier, std::move(why), model_});
+}
+
+void ImportSession::beginModel() {
+    model_ = static_cast<std::int32_t>(record.models.size()) + 1;
+    droppedBefore_ = record.dropped.size();
+}
+
+void ImportSession::endModel(bool kept) {
+    for (std::size_t i = droppedBefore_; model_ != 0 && !kept && i < record.dropped.size(); ++i) {
+        record.dropped[i].model = 0;
+    }
+    model_ = 0;
 }
 
 } // namespace host

@@ -22,6 +22,10 @@ struct ImportSession {
     /// The next name of an object with this interface, such as "IZelLine#2".
     std::string nameFor(std::string_view interfaceName);
     void drop(std::string what, Identifier identifier, std::string why);
+    /// What is dropped from here on is of the next model to be finished.
+    void beginModel();
+    /// No model is under way any more. What one lost that is not kept is of no model.
+    void endModel(bool kept);
 
     ImportRecord record;
     Trace trace;
@@ -32,6 +36,8 @@ struct ImportSession {
 
 private:
     std::map<std::string, int, std::less<>> ordinals_;
+    std::int32_t model_ = 0; ///< as DroppedRecord::model
+    std::size_t droppedBefore_ = 0;
 };
 
 } // namespace host

@@ -104,6 +104,7 @@ struct DroppedRecord {
     std::string what; ///< "edge", "face", "curve", ...
     Identifier identifier = 0;
     std::string why;
+    std::int32_t model = 0; ///< its place among the finished models, from 1; 0 for none of them
 };
 
 struct ImportRecord {

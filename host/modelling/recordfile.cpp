@@ -63,7 +63,7 @@ template <class Archive> void fields(Archive& a, CoordinateSystemRecord& r) {
     a(r.origin, r.xAxis, r.yAxis);
 }
 template <class Archive> void fields(Archive& a, DroppedRecord& r) {
-    a(r.what, r.identifier, r.why);
+    a(r.what, r.identifier, r.why, r.model);
 }
 template <class Archive> void fields(Archive& a, ImportRecord& r) {
     a(r.models, r.coordinateSystems, r.dropped);

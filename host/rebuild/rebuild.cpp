@@ -121,7 +121,8 @@ private:
             end == WorkerEnd::crashed || end == WorkerEnd::hung || end == WorkerEnd::outOfMemory;
         if (!isSomethings || !result.step || result.step->what == "record") return false;
         if (!skipped_.insert(*result.step).second) return false;
-        outcome_.dropped.push_back({result.step->what, result.step->identifier, reasonOf(end)});
+        outcome_.dropped.push_back(
+            {result.step->what, result.step->identifier, reasonOf(end), result.step->model});
         return true;
     }
 

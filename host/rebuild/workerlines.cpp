@@ -17,7 +17,10 @@ QJsonObject object(const Step& step) {
 }
 
 QJsonObject object(const DroppedRecord& drop) {
-    return {{"dropped", text(drop.what)}, {"identifier", drop.identifier}, {"why", text(drop.why)}};
+    return {{"dropped", text(drop.what)},
+            {"model", drop.model},
+            {"identifier", drop.identifier},
+            {"why", text(drop.why)}};
 }
 
 QJsonObject object(const RebuiltModel& model) {
@@ -74,7 +77,7 @@ WorkerLine parseWorkerLine(const QByteArray& line) {
     }
     if (json.contains("dropped")) {
         return DroppedRecord{json["dropped"].toString().toStdString(), identifier,
-                             json["why"].toString().toStdString()};
+                             json["why"].toString().toStdString(), json["model"].toInt()};
     }
     return resultFrom(json);
 }

@@ -56,7 +56,8 @@ private:
     bool readWhatWasNamed(std::list<KorString>& files);
     void takeResults();
     void judge();
-    void noteServerEnd();
+    void noteEarlyEnds();
+    void noteTrace();
     std::list<KorString> optionList() const;
     std::list<KorString> readingList(const KorString& base) const;
     bool wasStartRefused() const;
@@ -176,6 +177,7 @@ void ImportRun::import() {
         outcome_.losses.push_back(std::move(loss));
     }
     measure(outcome_, options_);
+    noteTrace();
     judge();
 }
 
@@ -245,9 +247,16 @@ void ImportRun::takeResults() {
     outcome_.record = modelling_->record();
 }
 
-/// A model came all the same, but what the server had yet to say is unknown.
-void ImportRun::noteServerEnd() {
+/// A model came all the same, but what the server had yet to say is unknown, and what an interrupt
+/// cut short.
+void ImportRun::noteEarlyEnds() {
     if (!facts_.serverEnd.empty()) outcome_.losses.push_back({"server", 0, facts_.serverEnd});
+    if (interruptCount() > 0) outcome_.losses.push_back({"run", 0, "it was interrupted"});
+}
+
+void ImportRun::noteTrace() {
+    if (!trace_.is_open() || trace_.flush()) return;
+    outcome_.losses.push_back({"trace", 0, "the file could not be written to its end"});
 }
 
 /// The notice bears the text that the translator gives this program too.
@@ -258,7 +267,7 @@ bool ImportRun::wasStartRefused() const {
 }
 
 void ImportRun::judge() {
-    if (outcome_.hasResults) return noteServerEnd();
+    if (outcome_.hasResults) return noteEarlyEnds();
     const bool refused = wasStartRefused();
     if (refused && facts_.startProblem.isEmpty()) {
         facts_.startProblem = QStringLiteral("the system refuses to run it");

@@ -26,7 +26,11 @@ Json modelJson(const RebuiltModel& model, bool rebuilt) {
 }
 
 Json lossJson(const DroppedRecord& loss, const char* by) {
-    return {{"what", loss.what}, {"identifier", loss.identifier}, {"why", loss.why}, {"by", by}};
+    return {{"what", loss.what},
+            {"model", loss.model ? Json(loss.model) : Json()},
+            {"identifier", loss.identifier},
+            {"why", loss.why},
+            {"by", by}};
 }
 
 Json modelsJson(const RunOutcome& outcome) {

@@ -7,6 +7,8 @@
 #include "host/run/runoutcome.h"
 
 #include <algorithm>
+#include <set>
+#include <tuple>
 
 namespace host {
 namespace {
@@ -35,17 +37,16 @@ RebuiltModel counted(const ModelRecord& model) {
     return figures;
 }
 
-bool isNamed(const std::vector<DroppedRecord>& losses, const DroppedRecord& loss) {
-    return std::any_of(losses.begin(), losses.end(), [&](const DroppedRecord& known) {
-        return known.what == loss.what && known.identifier == loss.identifier;
-    });
-}
+using Subject = std::tuple<std::int32_t, std::string, Identifier>;
+
+Subject subjectOf(const DroppedRecord& loss) { return {loss.model, loss.what, loss.identifier}; }
 
 /// What the host has named already isn't told again when it shows in the solid as well.
 void addLosses(RunOutcome& outcome, const RebuildOutcome& rebuilt) {
-    const std::vector<DroppedRecord> named = outcome.losses;
+    std::set<Subject> named;
+    for (const DroppedRecord& loss : outcome.losses) named.insert(subjectOf(loss));
     for (const DroppedRecord& loss : rebuilt.dropped) {
-        if (!isNamed(named, loss)) outcome.losses.push_back(loss);
+        if (!named.count(subjectOf(loss))) outcome.losses.push_back(loss);
     }
     if (!rebuilt.failure.isEmpty()) {
         outcome.losses.push_back({"solid", 0, rebuilt.failure.toStdString()});

@@ -8,6 +8,11 @@
 namespace host {
 namespace {
 
+/// What is larger, or nested deeper, is no report; whatever is done with it later goes level by
+/// level down the stack.
+constexpr int greatestReportBytes = 64 << 20;
+constexpr int greatestDepth = 100;
+
 std::size_t writtenCount(const nlohmann::ordered_json& report, const char* message) {
     if (!report.is_object()) return 0;
     const auto written = report.find("written");
@@ -25,9 +30,16 @@ ServerReportFile::ServerReportFile(const QString& outputBase)
 nlohmann::ordered_json ServerReportFile::read() const {
     QFile file(path_);
     if (QFileInfo(path_).lastModified() == before_ || !file.open(QIODevice::ReadOnly)) return {};
-    const QByteArray text = file.readAll();
-    auto report = nlohmann::ordered_json::parse(text.begin(), text.end(), nullptr, false);
-    return report.is_discarded() ? nlohmann::ordered_json() : report;
+    const QByteArray text = file.read(greatestReportBytes + 1);
+    if (text.size() > greatestReportBytes) return {};
+    bool isDeep = false;
+    const auto keep = [&isDeep](int depth, nlohmann::ordered_json::parse_event_t, const auto&) {
+        isDeep = isDeep || depth > greatestDepth;
+        return !isDeep;
+    };
+    auto report = nlohmann::ordered_json::parse(text.begin(), text.end(), keep, false);
+    if (isDeep || report.is_discarded()) return {};
+    return report;
 }
 
 std::vector<DroppedRecord> lostOnTheWay(const nlohmann::ordered_json& report,

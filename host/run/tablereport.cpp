@@ -60,11 +60,17 @@ std::string namesOf(const std::vector<Identifier>& identifiers) {
     return identifiers.size() > lossesShown ? text + " ..." : text;
 }
 
+/// The kind, and of which model where there are several.
+std::string subject(const DroppedRecord& loss, bool severalModels) {
+    if (!severalModels || loss.model == 0) return loss.what;
+    return loss.what + " of model " + std::to_string(loss.model);
+}
+
 /// Losses of one kind with one reason share a line.
-std::string lossLines(const std::vector<DroppedRecord>& losses) {
+std::string lossLines(const std::vector<DroppedRecord>& losses, bool severalModels) {
     std::map<std::pair<std::string, std::string>, std::vector<Identifier>> groups;
     for (const DroppedRecord& loss : losses) {
-        groups[{loss.what, loss.why}].push_back(loss.identifier);
+        groups[{subject(loss, severalModels), loss.why}].push_back(loss.identifier);
     }
     std::string text = "losses: " + std::to_string(losses.size()) + '\n';
     for (const auto& [group, identifiers] : groups) {
@@ -96,7 +102,7 @@ std::string tableReport(const RunOutcome& outcome) {
     }
     text += fileLines(outcome);
     const std::vector<DroppedRecord> losses = allLosses(outcome);
-    if (!losses.empty()) return text + lossLines(losses);
+    if (!losses.empty()) return text + lossLines(losses, outcome.models.size() > 1);
     return outcome.hasResults ? text + "losses: none\n" : text;
 }
 

@@ -24,7 +24,10 @@ public:
     Rebuilder(const RebuildingOrder& order, const std::function<void(const WorkerLine&)>& tell)
         : order_(order), tell_(tell) {
         progress_.begins = [this](const Step& step) { tell_(step); };
-        progress_.drops = [this](const DroppedRecord& drop) { tell_(drop); };
+        progress_.drops = [this](DroppedRecord drop) {
+            drop.model = progress_.model;
+            tell_(drop);
+        };
         progress_.skipped = order.skipped;
         builder_.MakeCompound(all_);
     }

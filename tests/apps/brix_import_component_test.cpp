@@ -88,6 +88,24 @@ TEST_F(ComponentTest, NamesAModelThatWasCutOffBesideAWholeOne) {
     EXPECT_FALSE(hasModelFile());
 }
 
+TEST_F(ComponentTest, NamesATraceThatCouldNotBeWritten) {
+    if (!QFile::exists("/dev/full")) GTEST_SKIP() << "no device here that is always full";
+    {
+        ModelFile file(base + ".direct");
+        file.begin(1), file.addSphere(), file.end();
+    }
+    const ImportResult result = importFile({"--trace", "/dev/full"});
+    EXPECT_EQ(result.status, 4) << result.errors;
+    EXPECT_EQ(result.json()["dropped"][0]["what"], "trace");
+}
+
+TEST_F(ComponentTest, LeavesAModelFileThatIsNoFile) {
+    ASSERT_TRUE(QDir().mkdir(base + ".direct"));
+    const ImportResult result = importFile();
+    EXPECT_EQ(result.status, 1) << result.errors;
+    EXPECT_TRUE(hasModelFile());
+}
+
 TEST_F(ComponentTest, SaysThatThereIsNoModelFile) {
     const ImportResult result = importFile();
     EXPECT_EQ(result.status, 1);

@@ -102,6 +102,8 @@ TEST_F(ImportCommandTest, RefusesWrongUseWithStatusTwoAndAReason) {
                                  {"part.step", "more.step"},
                                  {"part.step", "--answer", "perhaps"},
                                  {"part.step", "--unknown"},
+                                 {"part.step", "--picture", "p.jpg"},
+                                 {"part.step", "--export", "x.foo"},
                                  {"part.step", "--trace"}};
     for (const QStringList& words : wrong) {
         const ParsedCommand parsed = parse(words);

@@ -139,6 +139,20 @@ TEST_F(ImporterTest, NamesModelsThatWereCutOff) {
                          "model 2: it was cut off before its end\n");
 }
 
+TEST_F(ImporterTest, SaysOfWhichModelALossIs) {
+    importer->beginModel(true, 0.001);
+    buildDisc(*importer.iface, nullptr, surface());
+    importer->createEdge(1);
+    for (int model = 1; model <= 2; ++model) {
+        importer->beginModel(true, 0.001);
+        buildDisc(*importer.iface, nullptr, surface());
+        importer->finishModel();
+    }
+    std::vector<std::int32_t> models;
+    for (const DroppedRecord& loss : modelling.record().dropped) models.push_back(loss.model);
+    EXPECT_EQ(models, (std::vector<std::int32_t>{0, 0, 1, 2})) << dropped();
+}
+
 TEST_F(ImporterTest, ResolvesNothingThatIsNoModelOfItsOwn) {
     int stranger = 0;
     EXPECT_EQ(resolve(nullptr), nullptr);

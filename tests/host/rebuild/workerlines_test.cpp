@@ -21,7 +21,9 @@ TEST(WorkerLines, CarryStepsAndDrops) {
     EXPECT_EQ(step.model, 2);
     EXPECT_EQ(step.what, "face");
     EXPECT_EQ(step.identifier, 300);
-    const DroppedRecord drop = back(DroppedRecord{"edge", -7, "line\nbreak, \"quotes\", \xC3\xBC"});
+    const DroppedRecord drop =
+        back(DroppedRecord{"edge", -7, "line\nbreak, \"quotes\", \xC3\xBC", 2});
+    EXPECT_EQ(drop.model, 2);
     EXPECT_EQ(drop.what, "edge");
     EXPECT_EQ(drop.identifier, -7);
     EXPECT_EQ(drop.why, "line\nbreak, \"quotes\", \xC3\xBC");

@@ -63,6 +63,7 @@ TEST(JsonReport, HoldsEverythingUnderItsKey) {
         "valid":true,"area":0.25,"volume":0.0625,"boundingBox":[[0.0,0.0,0.0],[1.0,2.0,3.5]]}])"));
     EXPECT_EQ(json["dropped"][0]["by"], "server");
     EXPECT_EQ(json["dropped"][1]["identifier"], 7);
+    EXPECT_EQ(json["dropped"][1]["model"], nullptr);
     EXPECT_EQ(json["server"], outcome.server);
     EXPECT_EQ(json["reason"], nullptr);
     EXPECT_EQ(json["exitStatus"], 4);
@@ -88,6 +89,17 @@ TEST(TableReport, ShowsTheFiguresAndGroupsLossesByReason) {
                                     "losses: 3\n"
                                     "  2 edge              no curve: 7 9\n"
                                     "  1 model             cut off\n");
+}
+
+TEST(TableReport, TellsTheLossesOfSeveralModelsApart) {
+    RunOutcome outcome = soundOutcome();
+    outcome.models.push_back(outcome.models.front());
+    outcome.losses = {{"face", 1, "no surface", 1}, {"face", 1, "no surface", 2}};
+    const std::string table = tableReport(outcome);
+    EXPECT_NE(table.find("  1 face of model 1   no surface: 1\n"
+                         "  1 face of model 2   no surface: 1\n"),
+              table.npos)
+        << table;
 }
 
 TEST(TableReport, SaysSoWhenNothingIsLostAndWhenNothingCame) {

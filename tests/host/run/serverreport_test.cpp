@@ -43,6 +43,15 @@ TEST_F(ServerReportTest, TakesGarbageAndNothingForNoReport) {
     EXPECT_TRUE(file.read().is_null());
     write(R"({"format":)");
     EXPECT_TRUE(file.read().is_null());
+    const auto nested = [](std::size_t depth) {
+        return std::string(depth, '[') + std::string(depth, ']');
+    };
+    write(nested(100).c_str());
+    EXPECT_TRUE(file.read().is_array());
+    for (const std::size_t depth : {102, 500000}) {
+        write(nested(depth).c_str());
+        EXPECT_TRUE(file.read().is_null()) << depth;
+    }
 }
 
 TEST(LostOnTheWay, ComparesWhatWasWrittenWithWhatArrived) {
