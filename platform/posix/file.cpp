@@ -59,6 +59,20 @@ std::int64_t readOnce(int file, void* buffer, std::uint64_t lengthBytes) {
     return got;
 }
 
+/// The system refuses a read that would reach behind the end of all addresses, so that a count that
+/// a caller made up fails or not by where its memory lies. It is cut at what the file holds.
+std::uint64_t bounded(Descriptor file, std::uint64_t lengthBytes) {
+    constexpr std::uint64_t likely = 1 << 24;
+    if (lengthBytes <= likely) return lengthBytes;
+    struct ::stat status {};
+    const off_t position = ::lseek(file, 0, SEEK_CUR);
+    const bool isKnown = ::fstat(file, &status) == 0 && S_ISREG(status.st_mode) &&
+                         status.st_size > 0 && position >= 0;
+    if (!isKnown) return lengthBytes;
+    const off_t left = std::max<off_t>(status.st_size - position, 0);
+    return std::min(lengthBytes, static_cast<std::uint64_t>(left));
+}
+
 } // namespace
 
 /// A directory could be opened for reading here, but can't on the target. The truncation waits
@@ -91,7 +105,7 @@ Descriptor open(const char* path, std::int32_t flags, std::int32_t sharing,
 /// The system stops a page short of the limit, however much there is; the target doesn't.
 std::int64_t read(Descriptor file, void* buffer, std::uint64_t lengthBytes) {
     constexpr std::uint64_t systemLimit = 0x7FFFF000;
-    const std::uint64_t length = std::min(lengthBytes, transferLimit);
+    const std::uint64_t length = bounded(file, std::min(lengthBytes, transferLimit));
     const std::int64_t got = readOnce(file, buffer, std::min(length, systemLimit));
     if (length <= systemLimit || got != std::int64_t{systemLimit}) return got;
     const std::int64_t rest =
