@@ -13,6 +13,8 @@
 #include "platform/locale.h"
 #include "zelbasictypes/text/korstring.h"
 
+#include <QFile>
+
 #include <algorithm>
 
 namespace {
@@ -117,10 +119,15 @@ bool TessoraCADImporterClient::collectResults(const KorString& baseName,
     return !exportedFiles.empty() || !coordinateSystems_.empty();
 }
 
+/// Where no importer could take a message, the file stays where it is.
 void TessoraCADImporterClient::readModelFile(const KorString& baseName) {
     models_.clear();
+    QFile file;
+    if (!openModelFile(baseName, file)) return;
     CADImport::Creator reader(importTarget);
-    if (!readMessages(baseName, reader)) return;
+    if (!reader.hasImporter()) return;
+    readMessages(file, reader);
     models_ = reader.models();
     reader.coordinateSystems(coordinateSystems_, coordinateSystemMasks);
+    removeModelFile(baseName, file);
 }

@@ -10,19 +10,30 @@
 #include "zelbasictypes/files/zelpath.h"
 #include "zelbasictypes/text/zeltranslator.h"
 
-bool readMessages(const KorString& outputBaseName, CADImport::Creator& creator) {
-    if (!creator.hasImporter()) return false;
-    const KorString path = zelTranslate("%1.direct", outputBaseName);
-    QFile file;
-    if (!isFile(path) || !openForReading(path, file)) return false;
+namespace {
+
+KorString modelPath(const KorString& outputBaseName) {
+    return zelTranslate("%1.direct", outputBaseName);
+}
+
+} // namespace
+
+bool openModelFile(const KorString& outputBaseName, QFile& file) {
+    const KorString path = modelPath(outputBaseName);
+    return isFile(path) && openForReading(path, file);
+}
+
+void readMessages(QFile& file, CADImport::Creator& creator) {
     CADImport::RecordReader records(file);
     while (!records.atEnd()) {
         const CADImport::Message* message = records.look();
         if (message && message->isValid()) message->accept(creator);
     }
+}
+
+void removeModelFile(const KorString& outputBaseName, QFile& file) {
     file.close();
-    removeFile(path);
-    return true;
+    removeFile(modelPath(outputBaseName));
 }
 
 void collectExportedFiles(const KorString& outputBaseName, bool decimalComma,

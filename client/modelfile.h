@@ -7,14 +7,20 @@
 
 #include <list>
 
+class QFile;
+
 namespace CADImport {
 class Creator;
 }
 
-/// Gives each valid message of the model file to `creator`, one at a time, and deletes the file.
-/// False, with the file left where it is, when it cannot be opened, or when the host has no
-/// importer that could take a message.
-bool readMessages(const KorString& outputBaseName, CADImport::Creator& creator);
+/// Opens the model file. False when there is none, or it can't be had.
+bool openModelFile(const KorString& outputBaseName, QFile& file);
+
+/// Gives each valid message of the model file to `creator`, one at a time.
+void readMessages(QFile& file, CADImport::Creator& creator);
+
+/// Closes the model file and deletes it.
+void removeModelFile(const KorString& outputBaseName, QFile& file);
 
 /// Appends the regular files in the directory of the base name whose name starts with the base
 /// name's own, without extensions, and whose extension is "sat" for a decimal comma, "igs" else.

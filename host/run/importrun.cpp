@@ -25,6 +25,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <utility>
 
 namespace host {
 namespace {
@@ -49,6 +50,7 @@ private:
     std::string prepareConversation();
 
     RunOutcome fail(ExitStatus status, const std::string& reason);
+    void lookAtModelFile();
     void lookAtServer();
     void import();
     bool callImport();
@@ -75,6 +77,7 @@ private:
     IPtr<IZelUnknown> control_; ///< while the client has a control thread
     std::uint16_t controlPort_ = 0;
     RunFacts facts_;
+    bool isFirstImporterMade_ = false;
     RunOutcome outcome_;
 };
 
@@ -139,18 +142,22 @@ std::string ImportRun::offerEverything() {
                                               options_.answer, settings_});
     services_.directories->setDirectory("temp", toKorString(temporary_.path()));
     facts_.modelFile = outputBase_ + QStringLiteral(".direct");
-    const auto lookAtModelFile = [this] {
-        const QFileInfo file(facts_.modelFile);
-        facts_.modelFileBytes = file.isFile() ? std::optional(file.size()) : std::nullopt;
-    };
     modelling_ = std::make_unique<ModellingComponent>(
-        rootManager(), trace_.is_open() ? &trace_ : nullptr, lookAtModelFile);
+        rootManager(), trace_.is_open() ? &trace_ : nullptr, [this] { lookAtModelFile(); });
     for (const QString& service : options_.without) {
         if (!rootManager().withdraw(service.toStdString())) {
             return "no such service: " + service.toStdString();
         }
     }
     return {};
+}
+
+/// A client makes its first importer before the server runs, when at most a file of an earlier run
+/// is there, and another one once it has opened the model file.
+void ImportRun::lookAtModelFile() {
+    if (!std::exchange(isFirstImporterMade_, true)) return;
+    const QFileInfo file(facts_.modelFile);
+    facts_.modelFileBytes = file.isFile() ? std::optional(file.size()) : std::nullopt;
 }
 
 void ImportRun::lookAtServer() {
@@ -168,6 +175,7 @@ void ImportRun::import() {
     lookAtServer();
     const ServerReportFile reportFile(outputBase_);
     outcome_.result = callImport();
+    if (!facts_.modelFileBytes) lookAtModelFile(); // one that can't be opened is still there
     facts_.interrupted = interruptCount() > 0;
     takeResults();
     outcome_.server = reportFile.read();

@@ -77,7 +77,8 @@ public:
 class ImportTest : public testing::Test {
 protected:
     ImportTest() : modelling(host::rootManager(), &trace) {
-        manager.offerClass("IZelCADImporter", [] {
+        manager.offerClass("IZelCADImporter", [this] {
+            ++importers;
             void* made = nullptr;
             host::rootManager().createInstance(host::importerClassId,
                                                KorCString::borrow("IZelCADImporter"), &made);
@@ -149,6 +150,7 @@ protected:
 
     FakeManager manager;
     std::ostringstream trace;
+    int importers = 0; ///< that the host was asked for
     host::ModellingComponent modelling;
     QTemporaryDir directory;
     IPtr<TessoraCADImporterClient> client;
@@ -300,7 +302,9 @@ TEST_F(ImportTest, KeepsCoordinateSystemsWhenTheNextModelFileIsMissing) {
     const auto model = newModel();
     writeModel({&model, &system});
     EXPECT_TRUE(readOnly());
+    EXPECT_EQ(importers, 2) << "one for the run, one for the file";
     EXPECT_TRUE(readOnly());
+    EXPECT_EQ(importers, 3) << "there is no file";
     std::list<IZelFeature*> features;
     std::list<BitVector*> masks;
     EXPECT_TRUE(client->coordinateSystems(features, masks));
