@@ -32,7 +32,8 @@ void onParentDeath(std::function<void()> callback);
 void onCrash(const char* program, const char* (*describe)(), const std::string& unlinkPath,
              std::int32_t exitCode);
 
-/// Limits for a worker; what goes past them is refused, or the process ends. 0 sets none.
+/// Limits for a worker; what goes past them is refused, or the process ends. 0 sets none. A build
+/// with the address sanitizer has no limit on memory.
 bool limitMemory(std::uint64_t bytes);
 bool limitProcessorTime(std::uint32_t seconds);
 
