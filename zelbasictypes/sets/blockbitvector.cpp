@@ -156,14 +156,11 @@ bool BlockBitVector::setFar(std::int32_t i) {
     return set(i);
 }
 
-bool BlockBitVector::clear(std::int32_t i) {
+bool BlockBitVector::clearFar(std::int32_t i) {
     const std::int32_t b = blockOf(i);
     if (!hasBits(b)) return false;
-    std::uint32_t& word = makeWords(b)[wordOf(i)];
-    const auto change = static_cast<std::int32_t>(word >> (i & 31) & 1);
-    word &= ~maskOf(i);
-    addToCounts(b, -change);
-    return change != 0;
+    makeWords(b);
+    return clear(i);
 }
 
 void BlockBitVector::setRange(std::int32_t first, std::int32_t last) {

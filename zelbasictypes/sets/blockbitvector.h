@@ -35,23 +35,37 @@ public:
     bool test(std::int32_t i) const {
         const std::int32_t b = blockOf(i);
         if (b > lastBlock) return false;
-        if (!blocks[b]) return blockCounts[b] != 0;
-        return (blocks[b][wordOf(i)] & zelsets::maskOf(i)) != 0;
+        const std::uint32_t* words = blocks[b];
+        if (!words) [[unlikely]]
+            return blockCounts[b] != 0;
+        return zelsets::bitIn(words[wordOf(i)], i);
     }
     /// Whether the bit changed.
     bool set(std::int32_t i) {
         const std::int32_t b = blockOf(i);
-        if (b > lastBlock || !blocks[b]) return setFar(i);
+        if (b > lastBlock || !blocks[b]) [[unlikely]]
+            return setFar(i);
         std::uint32_t& word = blocks[b][wordOf(i)];
-        const auto change = static_cast<std::int32_t>(~word >> (i & 31) & 1);
-        word |= zelsets::maskOf(i);
-        addToCounts(b, change);
-        return change != 0;
+        const std::uint32_t old = word, mask = zelsets::maskOf(i);
+        const bool changes = (old & mask) == 0;
+        addToCounts(b, changes);
+        word = old | mask;
+        return changes;
     }
     /// Sets the bit; whether it was set already.
     bool testAndSet(std::int32_t i) { return !set(i); }
     /// Whether the bit changed.
-    bool clear(std::int32_t i);
+    bool clear(std::int32_t i) {
+        const std::int32_t b = blockOf(i);
+        if (b > lastBlock || !blocks[b]) [[unlikely]]
+            return clearFar(i);
+        std::uint32_t& word = blocks[b][wordOf(i)];
+        const std::uint32_t old = word, mask = zelsets::maskOf(i);
+        const bool changes = (old & mask) != 0;
+        addToCounts(b, -std::int32_t{changes});
+        word = old & ~mask;
+        return changes;
+    }
     /// Closed ranges; clearing ends with the tables. Blocks that are covered wholly lose their
     /// storage.
     void setRange(std::int32_t first, std::int32_t last);
@@ -123,7 +137,9 @@ private:
     static std::int32_t blockOf(std::int32_t i) {
         return static_cast<std::int32_t>(static_cast<std::uint32_t>(i) >> 15);
     }
-    static std::int32_t wordOf(std::int32_t i) { return i >> 5 & (blockWords - 1); }
+    static std::uint32_t wordOf(std::int32_t i) {
+        return static_cast<std::uint32_t>(i) >> 5 & (blockWords - 1);
+    }
     static std::int32_t bitOf(std::int32_t i) { return i & (blockBits - 1); }
 
     bool hasBits(std::int32_t b) const { return b <= lastBlock && blockCounts[b] != 0; }
@@ -140,10 +156,12 @@ private:
     void growFor(std::int32_t b);
     void freeTables();
     void addToCounts(std::int32_t b, std::int32_t change) {
-        if (blockCounts[b] != unknownCount) blockCounts[b] += change;
-        if (numSet_ != unknownCount) numSet_ += change;
+        const std::int32_t inBlock = blockCounts[b], inAll = numSet_;
+        if (inBlock != unknownCount) blockCounts[b] = inBlock + change;
+        if (inAll != unknownCount) numSet_ = inAll + change;
     }
     bool setFar(std::int32_t i);
+    bool clearFar(std::int32_t i);
     void setInBlock(std::int32_t b, std::int32_t first, std::int32_t last);
     bool clearInBlock(std::int32_t b, std::int32_t first, std::int32_t last);
     /// The highest block with bits, or -1.

@@ -15,6 +15,10 @@ constexpr std::int32_t wordBits = 32;
 constexpr std::int32_t noBit = -1;
 
 constexpr std::uint32_t maskOf(std::int32_t bit) { return std::uint32_t{1} << (bit & 31); }
+/// 0 or 1. By a shift, which costs less than a mask and a comparison.
+constexpr std::int32_t bitIn(std::uint32_t word, std::int32_t bit) {
+    return static_cast<std::int32_t>(word >> (bit & 31) & 1);
+}
 /// The bits of its word from `bit` on.
 constexpr std::uint32_t maskFrom(std::int32_t bit) { return ~std::uint32_t{0} << (bit & 31); }
 /// The bits of its word up to and including `bit`.
