@@ -11,6 +11,7 @@
 
 namespace {
 
+using zelsets::NextWords;
 using zelsets::WordKernels;
 using Words = std::vector<std::uint32_t>;
 
@@ -42,18 +43,22 @@ protected:
         kernels = *GetParam().kernels;
     }
 
-    /// A run in the middle of a larger one, whose ends must stay.
+    /// A run in the middle of a larger one, whose ends must stay, whether another one follows or
+    /// not.
     template <class Combine, class Single>
     static void expectCombined(const Samples& samples, Combine combine, Single single) {
         constexpr std::uint32_t fence = 0x5A5A5A5A;
         const std::size_t count = samples.a.size();
-        Words to(count + 2, fence);
-        std::copy(samples.a.begin(), samples.a.end(), to.begin() + 1);
-        combine(to.data() + 1, samples.b.data(), count);
-        EXPECT_EQ(to.front(), fence);
-        EXPECT_EQ(to.back(), fence);
-        for (std::size_t i = 0; i < count; ++i)
-            ASSERT_EQ(to[i + 1], single(samples.a[i], samples.b[i])) << i << " of " << count;
+        const Words following(count);
+        for (const NextWords next : {NextWords{}, {following.data(), following.data()}}) {
+            Words to(count + 2, fence);
+            std::copy(samples.a.begin(), samples.a.end(), to.begin() + 1);
+            combine(to.data() + 1, samples.b.data(), count, next);
+            EXPECT_EQ(to.front(), fence);
+            EXPECT_EQ(to.back(), fence);
+            for (std::size_t i = 0; i < count; ++i)
+                ASSERT_EQ(to[i + 1], single(samples.a[i], samples.b[i])) << i << " of " << count;
+        }
     }
 
     template <class Each> static void forAllSizes(Each each) {
@@ -74,7 +79,7 @@ TEST_P(WordKernelsFor, CombineWordByWord) {
         expectCombined(samples, kernels.xorWords, [](U a, U b) { return a ^ b; });
         expectCombined(samples, kernels.minusWords, [](U a, U b) { return a & ~b; });
         expectCombined(
-            samples, [&](U* to, const U*, std::size_t n) { kernels.invertWords(to, n); },
+            samples, [&](U* to, const U*, std::size_t n, NextWords) { kernels.invertWords(to, n); },
             [](U a, U) { return ~a; });
     });
 }

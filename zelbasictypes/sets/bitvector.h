@@ -27,6 +27,9 @@ class BinIO_Magic;
 class BinOutput;
 class BlockBitVector;
 class IZelRandom;
+namespace zelsets {
+struct NextWords;
+}
 
 class BitVector : public ZelShared {
 public:
@@ -203,7 +206,8 @@ private:
     static constexpr std::uint32_t streamMagic = 0x315E97D6;
     static constexpr std::int32_t unknownCount = -1;
 
-    using CombineWords = void (*)(std::uint32_t* to, const std::uint32_t* from, std::size_t count);
+    using CombineWords = void (*)(std::uint32_t* to, const std::uint32_t* from, std::size_t count,
+                                  zelsets::NextWords next);
 
     /// The last bit in front of a word.
     static std::int32_t lastOf(std::int32_t end) {

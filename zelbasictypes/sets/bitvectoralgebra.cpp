@@ -124,7 +124,7 @@ void BitVector::merge(const BitVector& other, CombineWords combine) {
     if (end > wordCount()) resize(lastOf(end));
     overPieces(other, end, [&](std::int32_t w, std::size_t count) {
         const std::uint32_t* from = other.wordsAt(w);
-        if (from && (wordsAt(w) || !areZero(from, count))) combine(makeWordsAt(w), from, count);
+        if (from && (wordsAt(w) || !areZero(from, count))) combine(makeWordsAt(w), from, count, {});
         return true;
     });
     numSet_ = unknownCount;

@@ -71,7 +71,7 @@ void BitVector::combineBlocks(const BlockBitVector& other, CombineWords combine)
         const auto count =
             static_cast<std::size_t>(std::min(wordCount() - w, BlockBitVector::blockWords));
         if (from && (wordsAt(w) || (combine != minusWords && !areZero(from, count))))
-            combine(makeWordsAt(w), from, count);
+            combine(makeWordsAt(w), from, count, {});
     }
     numSet_ = unknownCount;
 }

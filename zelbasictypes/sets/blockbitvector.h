@@ -167,6 +167,7 @@ private:
     /// The highest block with bits, or -1.
     std::int32_t lastUsedBlock() const;
 
+    zelsets::NextWords nextOf(const BlockBitVector& other, std::int32_t b) const;
     template <class Change> void overBlocks(const BlockBitVector& other, Change change);
     template <class Change> void overPieces(const BitVector& other, Change change);
     static std::int32_t blocksFor(const BitVector& vector);

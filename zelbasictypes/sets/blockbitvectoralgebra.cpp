@@ -7,6 +7,13 @@
 
 using namespace zelsets;
 
+/// What is to be combined behind block `b`, where both have storage for it.
+NextWords BlockBitVector::nextOf(const BlockBitVector& other, std::int32_t b) const {
+    if (b >= lastBlock || b >= other.lastBlock) return {};
+    const NextWords next{blocks[b + 1], other.blocks[b + 1]};
+    return next.to && next.from ? next : NextWords{};
+}
+
 BlockBitVector& BlockBitVector::operator&=(const BlockBitVector& other) {
     if (numSet_ == 0) return *this;
     if (other.numSet_ == 0) {
@@ -21,7 +28,7 @@ BlockBitVector& BlockBitVector::operator&=(const BlockBitVector& other) {
             if (isFull(b)) {
                 becomeCopy(b, other.blocks[b], blockWords);
             } else {
-                andWords(blocks[b], other.blocks[b], blockWords);
+                andWords(blocks[b], other.blocks[b], blockWords, nextOf(other, b));
             }
             blockCounts[b] = unknownCount;
         }
@@ -49,7 +56,7 @@ BlockBitVector& BlockBitVector::operator|=(const BlockBitVector& other) {
         } else if (blockCounts[b] == 0) {
             becomeCopy(b, other);
         } else {
-            orWords(blocks[b], other.blocks[b], blockWords);
+            orWords(blocks[b], other.blocks[b], blockWords, nextOf(other, b));
             blockCounts[b] = unknownCount;
         }
     });
@@ -67,7 +74,7 @@ BlockBitVector& BlockBitVector::operator^=(const BlockBitVector& other) {
             invertWords(blocks[b], blockWords);
             if (blockCounts[b] != unknownCount) blockCounts[b] = blockBits - blockCounts[b];
         } else {
-            xorWords(makeWords(b), other.blocks[b], blockWords);
+            xorWords(makeWords(b), other.blocks[b], blockWords, nextOf(other, b));
             blockCounts[b] = unknownCount;
         }
     });
@@ -82,7 +89,7 @@ BlockBitVector& BlockBitVector::operator-=(const BlockBitVector& other) {
         if (other.isFull(b)) {
             becomeEmpty(b);
         } else {
-            minusWords(makeWords(b), other.blocks[b], blockWords);
+            minusWords(makeWords(b), other.blocks[b], blockWords, nextOf(other, b));
             blockCounts[b] = unknownCount;
         }
     }

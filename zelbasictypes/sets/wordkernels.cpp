@@ -21,7 +21,7 @@ struct Minus {
 };
 
 template <class Operation>
-void combine(std::uint32_t* to, const std::uint32_t* from, std::size_t count) {
+void combine(std::uint32_t* to, const std::uint32_t* from, std::size_t count, NextWords) {
     constexpr Operation result;
     std::size_t i = 0;
     for (; i + 2 <= count; i += 2) {

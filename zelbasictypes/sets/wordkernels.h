@@ -10,7 +10,16 @@
 
 namespace zelsets {
 
-using CombineWords = void (*)(std::uint32_t* to, const std::uint32_t* from, std::size_t count);
+/// Two runs that will be combined after the ones in work, at least as long as these; both null
+/// where nothing is known to follow. They are asked for meanwhile, since what the processor fetches
+/// on its own ends with a block.
+struct NextWords {
+    const std::uint32_t* to = nullptr;
+    const std::uint32_t* from = nullptr;
+};
+
+using CombineWords = void (*)(std::uint32_t* to, const std::uint32_t* from, std::size_t count,
+                              NextWords next);
 using CompareWords = bool (*)(const std::uint32_t* a, const std::uint32_t* b, std::size_t count);
 
 /// What each set of kernels offers.
@@ -24,29 +33,33 @@ struct WordKernels {
 
 /// For any machine.
 extern const WordKernels plainKernels;
-/// For machines with AVX2 and the population count; for those with AVX-512 and its population
-/// count of vectors. Null where this machine isn't one.
+/// For machines with AVX2; for those with AVX-512 and its population count of vectors. Null where
+/// this machine isn't one.
 const WordKernels* avx2Kernels();
 const WordKernels* avx512Kernels();
 
 /// The best of them; until static initialisation came by, those for any machine.
 extern constinit const WordKernels* wordKernels;
 
-inline void andWords(std::uint32_t* to, const std::uint32_t* from, std::size_t count) {
-    wordKernels->andWords(to, from, count);
+inline void andWords(std::uint32_t* to, const std::uint32_t* from, std::size_t count,
+                     NextWords next = {}) {
+    wordKernels->andWords(to, from, count, next);
 }
 
-inline void orWords(std::uint32_t* to, const std::uint32_t* from, std::size_t count) {
-    wordKernels->orWords(to, from, count);
+inline void orWords(std::uint32_t* to, const std::uint32_t* from, std::size_t count,
+                    NextWords next = {}) {
+    wordKernels->orWords(to, from, count, next);
 }
 
-inline void xorWords(std::uint32_t* to, const std::uint32_t* from, std::size_t count) {
-    wordKernels->xorWords(to, from, count);
+inline void xorWords(std::uint32_t* to, const std::uint32_t* from, std::size_t count,
+                     NextWords next = {}) {
+    wordKernels->xorWords(to, from, count, next);
 }
 
 /// Takes the bits of `from` out of `to`.
-inline void minusWords(std::uint32_t* to, const std::uint32_t* from, std::size_t count) {
-    wordKernels->minusWords(to, from, count);
+inline void minusWords(std::uint32_t* to, const std::uint32_t* from, std::size_t count,
+                       NextWords next = {}) {
+    wordKernels->minusWords(to, from, count, next);
 }
 
 inline void invertWords(std::uint32_t* to, std::size_t count) {
