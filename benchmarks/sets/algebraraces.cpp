@@ -2,19 +2,13 @@
 // Algebra, comparison and count of sets in plain words.
 #include "benchmarks/sets/races.h"
 #include "benchmarks/sets/wordloops.h"
-#include "benchmarks/support/race.h"
 
 #include <algorithm>
 #include <functional>
 
-using samples::Sample;
-using samples::setOf;
-using samples::Words;
+using namespace samples;
 
 namespace {
-
-using Boost = boost::dynamic_bitset<std::uint64_t>;
-using Flags = std::vector<bool>;
 
 /// A name and what it does to a set; to do it again changes nothing but in the exclusive union,
 /// where it restores the set.
@@ -43,7 +37,7 @@ struct Minus {
 };
 
 template <class Operation, class Set> void addCombining(const char* peer, const Sample& one) {
-    race::add(std::string(Operation::name) + ", " + samples::nameOf(one.size), peer,
+    race::add(std::string(Operation::name) + ", " + nameOf(one.size), peer,
               [one](benchmark::State& state) {
                   Set target = setOf<Set>(one);
                   const Set& other = setOf<Set>({one.size, one.shape, 2});
@@ -57,6 +51,7 @@ template <class Operation, class Set> void addCombining(const char* peer, const 
 template <class Operation> void addCombiningPeers(const Sample& one) {
     addCombining<Operation, Words>("word loop", one);
     addCombining<Operation, BitVector>("BitVector", one);
+    if (isLarge(one.size)) addCombining<Operation, ChunkedBitVector>("BitVector in chunks", one);
     addCombining<Operation, BlockBitVector>("BlockBitVector", one);
     addCombining<Operation, Boost>("boost::dynamic_bitset", one);
     addCombining<Operation, Roaring>("CRoaring", one);
@@ -64,17 +59,18 @@ template <class Operation> void addCombiningPeers(const Sample& one) {
 
 template <class Set, class Compare>
 void addComparing(const char* peer, const Sample& one, Compare compare) {
-    race::add("equality, " + samples::nameOf(one.size), peer,
-              [one, compare](benchmark::State& state) {
-                  const Set& set = setOf<Set>(one);
-                  const Set same = set;
-                  for (auto _ : state) benchmark::DoNotOptimize(compare(set, same));
-              });
+    race::add("equality, " + nameOf(one.size), peer, [one, compare](benchmark::State& state) {
+        const Set& set = setOf<Set>(one);
+        const Set same = set;
+        for (auto _ : state) benchmark::DoNotOptimize(compare(set, same));
+    });
 }
 
 void addComparingPeers(const Sample& one) {
     addComparing<Words>("word loop", one, wordloops::areEqual);
     addComparing<BitVector>("BitVector", one, std::equal_to<>());
+    if (isLarge(one.size))
+        addComparing<ChunkedBitVector>("BitVector in chunks", one, std::equal_to<BitVector>());
     addComparing<BlockBitVector>("BlockBitVector", one, std::equal_to<>());
     addComparing<Boost>("boost::dynamic_bitset", one, std::equal_to<>());
     addComparing<Flags>("std::vector<bool>", one, std::equal_to<>());
@@ -83,7 +79,7 @@ void addComparingPeers(const Sample& one) {
 
 template <class Set, class Count>
 void addCounting(const char* peer, const Sample& one, Count count) {
-    race::add("count, " + samples::nameOf(one.size), peer, [one, count](benchmark::State& state) {
+    race::add("count, " + nameOf(one.size), peer, [one, count](benchmark::State& state) {
         const Set& set = setOf<Set>(one);
         for (auto _ : state) {
             benchmark::DoNotOptimize(count(set));
@@ -95,6 +91,8 @@ void addCounting(const char* peer, const Sample& one, Count count) {
 void addCountingPeers(const Sample& one) {
     addCounting<Words>("word loop", one, wordloops::countBits);
     addCounting<BitVector>("BitVector", one, std::mem_fn(&BitVector::recount));
+    if (isLarge(one.size))
+        addCounting<ChunkedBitVector>("BitVector in chunks", one, std::mem_fn(&BitVector::recount));
     addCounting<Boost>("boost::dynamic_bitset", one, std::mem_fn(&Boost::count));
     addCounting<Flags>("std::vector<bool>", one,
                        [](const Flags& set) { return std::count(set.begin(), set.end(), true); });
@@ -103,8 +101,8 @@ void addCountingPeers(const Sample& one) {
 } // namespace
 
 void addAlgebraRaces() {
-    for (const std::int32_t size : samples::sizes) {
-        const Sample sample{size, samples::halfFull};
+    for (const std::int32_t size : sizes) {
+        const Sample sample{size, halfFull};
         addCombiningPeers<And>(sample);
         addCombiningPeers<Or>(sample);
         addCombiningPeers<Xor>(sample);

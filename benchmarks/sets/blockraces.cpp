@@ -2,11 +2,8 @@
 // The algebra of sets that know which of their parts are empty or full.
 #include "benchmarks/sets/races.h"
 #include "benchmarks/sets/wordloops.h"
-#include "benchmarks/support/race.h"
 
-using samples::Sample;
-using samples::setOf;
-using samples::Words;
+using namespace samples;
 
 namespace {
 
@@ -32,8 +29,7 @@ std::size_t copiesFor(std::int32_t size) {
 }
 
 template <class Set> void addPeer(const char* peer, Operation operation, const Sample& one) {
-    race::add(std::string("blocks ") + operations[operation] + ", " +
-                  samples::nameOf(one.size, one.shape),
+    race::add(std::string("blocks ") + operations[operation] + ", " + nameOf(one.size, one.shape),
               peer, [one, operation](benchmark::State& state) {
                   const Set& source = setOf<Set>(one);
                   const Set& other = setOf<Set>({one.size, one.shape, 2});
@@ -59,9 +55,9 @@ void addPeers(const Sample& sample) {
 } // namespace
 
 void addBlockRaces() {
-    for (const std::int32_t size : samples::sizes) {
-        for (const samples::Shape& shape : samples::scattered) addPeers({size, shape});
-        if (size < 1'000'000) continue;
-        for (const samples::Shape& shape : samples::clustered) addPeers({size, shape});
+    for (const std::int32_t size : sizes) {
+        for (const Shape& shape : scattered) addPeers({size, shape});
+        if (!isLarge(size)) continue;
+        for (const Shape& shape : clustered) addPeers({size, shape});
     }
 }

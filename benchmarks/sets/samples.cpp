@@ -63,9 +63,16 @@ const Words& wordsOf(const Sample& sample) {
 
 void fill(const Words& words, Words& set) { set = words; }
 
-void fill(const Words& words, BitVector& set) {
-    set = BitVector(static_cast<std::int32_t>(words.size()) * 32 - 1);
+void fill(const Words& words, ChunkedBitVector& set) {
+    set = ChunkedBitVector(static_cast<std::int32_t>(words.size()) * 32 - 1);
     visitBits(words, [&](std::int32_t bit) { set.set(bit); });
+}
+
+/// By a copy, which keeps the layout of the small vector that `set` is.
+void fill(const Words& words, BitVector& set) {
+    ChunkedBitVector chunked;
+    fill(words, chunked);
+    set.copyBits(chunked);
 }
 
 void fill(const Words& words, BlockBitVector& set) {
@@ -73,12 +80,12 @@ void fill(const Words& words, BlockBitVector& set) {
     set.compact();
 }
 
-void fill(const Words& words, boost::dynamic_bitset<std::uint64_t>& set) {
+void fill(const Words& words, Boost& set) {
     set.resize(words.size() * 32);
     visitBits(words, [&](std::int32_t bit) { set.set(static_cast<std::size_t>(bit)); });
 }
 
-void fill(const Words& words, std::vector<bool>& set) {
+void fill(const Words& words, Flags& set) {
     set.resize(words.size() * 32);
     visitBits(words, [&](std::int32_t bit) { set[static_cast<std::size_t>(bit)] = true; });
 }

@@ -16,6 +16,13 @@
 namespace samples {
 
 using Words = std::vector<std::uint32_t>;
+using Boost = boost::dynamic_bitset<std::uint64_t>;
+using Flags = std::vector<bool>;
+
+/// In chunks from the host's manager, where it is large enough; a mere BitVector is dense here.
+struct ChunkedBitVector : BitVector {
+    using BitVector::BitVector;
+};
 
 /// Scattered bits, or runs with gaps of about the same length.
 struct Shape {
@@ -29,6 +36,8 @@ inline constexpr Shape halfFull = {500, 0};
 inline constexpr Shape scattered[] = {{1, 0}, {10, 0}, halfFull};
 inline constexpr Shape clustered[] = {{0, 30'000}, {0, 500'000}};
 inline constexpr std::int32_t sizes[] = {10'000, 1'000'000, 100'000'000};
+/// Whether a vector of the size can stand in chunks.
+constexpr bool isLarge(std::int32_t size) { return size >= 1'000'000; }
 
 std::string nameOf(std::int32_t size);
 std::string nameOf(std::int32_t size, const Shape& shape);
@@ -47,9 +56,10 @@ const Words& wordsOf(const Sample& sample);
 /// Fill an empty set.
 void fill(const Words& words, Words& set);
 void fill(const Words& words, BitVector& set);
+void fill(const Words& words, ChunkedBitVector& set);
 void fill(const Words& words, BlockBitVector& set); ///< compacted
-void fill(const Words& words, boost::dynamic_bitset<std::uint64_t>& set);
-void fill(const Words& words, std::vector<bool>& set);
+void fill(const Words& words, Boost& set);
+void fill(const Words& words, Flags& set);
 void fill(const Words& words, Roaring& set); ///< with its runs optimised
 
 template <class Set> const Set& setOf(const Sample& sample) {

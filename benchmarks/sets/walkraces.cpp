@@ -1,22 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 // Visits to all set bits, and to single ones.
 #include "benchmarks/sets/races.h"
-#include "benchmarks/sets/samples.h"
-#include "benchmarks/support/race.h"
 
 #include <algorithm>
 #include <bit>
 #include <cstring>
 #include <random>
 
-using samples::Sample;
-using samples::setOf;
-using samples::Words;
+using namespace samples;
 
 namespace {
-
-using Boost = boost::dynamic_bitset<std::uint64_t>;
-using Flags = std::vector<bool>;
 
 /// The limit: the lowest bit of each 64-bit word.
 std::int64_t sumOf(const Words& set) {
@@ -72,20 +65,21 @@ std::int64_t sumOf(const Roaring& set) {
 
 template <class Set>
 void addWalk(const char* peer, const Sample& sample, std::int64_t (*walk)(const Set&)) {
-    race::add("walk, " + samples::nameOf(sample.size, sample.shape), peer,
-              [=](benchmark::State& state) {
-                  const Set& set = setOf<Set>(sample);
-                  for (auto _ : state) {
-                      benchmark::DoNotOptimize(walk(set));
-                      benchmark::ClobberMemory();
-                  }
-              });
+    race::add("walk, " + nameOf(sample.size, sample.shape), peer, [=](benchmark::State& state) {
+        const Set& set = setOf<Set>(sample);
+        for (auto _ : state) {
+            benchmark::DoNotOptimize(walk(set));
+            benchmark::ClobberMemory();
+        }
+    });
 }
 
 void addWalks(const Sample& sample) {
     addWalk<Words>("64-bit word loop", sample, sumOf);
     addWalk<BitVector>("BitVector", sample, sumOf<BitVector>);
     addWalk<BitVector>("BitVector, nextSet", sample, sumBySearch<BitVector>);
+    if (isLarge(sample.size))
+        addWalk<ChunkedBitVector>("BitVector in chunks", sample, sumOf<ChunkedBitVector>);
     addWalk<BlockBitVector>("BlockBitVector", sample, sumOf<BlockBitVector>);
     addWalk<BlockBitVector>("BlockBitVector, nextSet", sample, sumBySearch<BlockBitVector>);
     addWalk<Boost>("boost::dynamic_bitset", sample, sumOf);
@@ -121,9 +115,8 @@ void clear(Boost& to, std::int32_t i) { to.reset(placeOf(i)); }
 void clear(Flags& to, std::int32_t i) { to[placeOf(i)] = false; }
 void clear(Roaring& to, std::int32_t i) { to.remove(std::uint32_t(i)); }
 
-template <class Set> void addTouching(const char* peer, const Sample& sample) {
-    const std::string size = samples::nameOf(sample.size);
-    race::add("test random bits, " + size, peer, [sample](benchmark::State& state) {
+template <class Set> void addTesting(const char* peer, const Sample& sample) {
+    race::add("test random bits, " + nameOf(sample.size), peer, [sample](benchmark::State& state) {
         const Set& tested = setOf<Set>(sample);
         const std::vector<std::int32_t> bits = randomBits(sample.size);
         for (auto _ : state) {
@@ -133,30 +126,52 @@ template <class Set> void addTouching(const char* peer, const Sample& sample) {
             benchmark::ClobberMemory();
         }
     });
-    race::add("set and clear random bits, " + size, peer, [sample](benchmark::State& state) {
-        Set changed = setOf<Set>(sample);
-        const std::vector<std::int32_t> bits = randomBits(sample.size);
-        for (auto _ : state) {
-            for (const std::int32_t i : bits) set(changed, i);
-            for (const std::int32_t i : bits) clear(changed, i);
-            benchmark::ClobberMemory();
-        }
-    });
+}
+
+template <class Set>
+void addChanging(const char* peer, const Sample& sample, void (*prepare)(Set&) = nullptr) {
+    race::add("set and clear random bits, " + nameOf(sample.size), peer,
+              [=](benchmark::State& state) {
+                  Set changed = setOf<Set>(sample);
+                  if (prepare) prepare(changed);
+                  const std::vector<std::int32_t> bits = randomBits(sample.size);
+                  for (auto _ : state) {
+                      for (const std::int32_t i : bits) set(changed, i);
+                      for (const std::int32_t i : bits) clear(changed, i);
+                      benchmark::ClobberMemory();
+                  }
+              });
+}
+
+template <class Set> void addTouching(const char* peer, const Sample& sample) {
+    addTesting<Set>(peer, sample);
+    addChanging<Set>(peer, sample);
+}
+
+/// As it is behind any algebra, until somebody asks.
+void forgetCount(BitVector& set) {
+    set.complement();
+    set.complement();
+}
+
+void addTouchingPeers(const Sample& sample) {
+    addTouching<Words>("word loop", sample);
+    addTouching<BitVector>("BitVector", sample);
+    addChanging<BitVector>("BitVector, count unknown", sample, forgetCount);
+    if (isLarge(sample.size)) addTouching<ChunkedBitVector>("BitVector in chunks", sample);
+    addTouching<BlockBitVector>("BlockBitVector", sample);
+    addTouching<Boost>("boost::dynamic_bitset", sample);
+    addTouching<Flags>("std::vector<bool>", sample);
+    addTouching<Roaring>("CRoaring", sample);
 }
 
 } // namespace
 
 void addWalkRaces() {
-    for (const std::int32_t size : samples::sizes) {
-        for (const samples::Shape& shape : samples::scattered) addWalks({size, shape});
-        if (size >= 1'000'000)
-            for (const samples::Shape& shape : samples::clustered) addWalks({size, shape});
-        const Sample half{size, samples::halfFull};
-        addTouching<Words>("word loop", half);
-        addTouching<BitVector>("BitVector", half);
-        addTouching<BlockBitVector>("BlockBitVector", half);
-        addTouching<Boost>("boost::dynamic_bitset", half);
-        addTouching<Flags>("std::vector<bool>", half);
-        addTouching<Roaring>("CRoaring", half);
+    for (const std::int32_t size : sizes) {
+        for (const Shape& shape : scattered) addWalks({size, shape});
+        if (isLarge(size))
+            for (const Shape& shape : clustered) addWalks({size, shape});
+        addTouchingPeers({size, halfFull});
     }
 }
