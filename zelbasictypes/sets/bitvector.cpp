@@ -204,11 +204,6 @@ bool BitVector::setFar(std::int32_t i) {
     return true;
 }
 
-bool BitVector::clearFar(std::int32_t i) {
-    if (std::uint32_t* word = wordsAt(i >> 5)) clearIn(*word, i);
-    return true;
-}
-
 /// The words below `end` become those of `other`; this vector has room for them.
 void BitVector::copyWords(const BitVector& other, std::int32_t end) {
     for (std::int32_t w = 0, next; w < end; w = next) {

@@ -74,16 +74,24 @@ public:
     }
     /// Grows when `i` has no room; always true.
     bool set(std::int32_t i) {
-        if (!bvwords_ || static_cast<std::uint32_t>(i) > static_cast<std::uint32_t>(maxBit_))
-            return setFar(i);
-        setIn(bvwords_[wordOf(i)], i);
+        if (static_cast<std::uint32_t>(i) > static_cast<std::uint32_t>(maxBit_)) return setFar(i);
+        if (bvwords_) {
+            setIn(bvwords_[wordOf(i)], i);
+        } else if (std::uint32_t* word = wordsAt(i >> 5)) {
+            setIn(*word, i);
+        } else {
+            setFar(i);
+        }
         return true;
     }
     /// Always true.
     bool clear(std::int32_t i) {
         if (static_cast<std::uint32_t>(i) > static_cast<std::uint32_t>(maxBit_)) return true;
-        if (!bvwords_) return clearFar(i);
-        clearIn(bvwords_[wordOf(i)], i);
+        if (bvwords_) {
+            clearIn(bvwords_[wordOf(i)], i);
+        } else if (std::uint32_t* word = wordsAt(i >> 5)) {
+            clearIn(*word, i);
+        }
         return true;
     }
 
@@ -249,7 +257,6 @@ private:
         word = old & ~mask;
     }
     bool setFar(std::int32_t i);
-    bool clearFar(std::int32_t i);
     void toggle(std::int32_t i) { test(i) ? clear(i) : set(i); }
     std::int32_t nextSetFar(std::int32_t after) const;
 
