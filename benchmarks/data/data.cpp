@@ -98,9 +98,8 @@ template <class T> void writeSingles(const std::string& path, const std::vector<
 
 template <class T> void readSingles(const std::string& path, std::vector<T>& dest) {
     BinInputFile file(wide(path));
-    bool more = true;
-    while (more) {
-        for (T& value : dest) more = file.read(&value, 1);
+    for (std::size_t done = 0; done < totalBytes / sizeof(T); done += dest.size()) {
+        for (T& value : dest) file.read(&value, 1);
         benchmark::ClobberMemory();
     }
 }

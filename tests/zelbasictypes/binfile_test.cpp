@@ -103,13 +103,13 @@ TEST_F(BinFile, OutputBehavesAsMemoryDoes) {
     BinOutputMemory memory;
     std::mt19937 random(3);
     const auto below = [&](std::size_t limit) { return random() % limit; };
-    const std::string source = counting(200000);
+    const std::string source = counting(600000);
     Bytes a(5000), b(5000);
-    std::size_t length = 0;
+    std::int64_t length = 0;
     for (int turn = 0; turn < 3000; ++turn) {
-        switch (below(6)) {
+        switch (below(7)) {
         case 0: {
-            const std::size_t count = below(turn % 100 == 0 ? 200000 : 3000);
+            const std::size_t count = below(turn % 50 == 0 ? 600000 : 3000);
             ASSERT_TRUE(file.writeBytes(source.data(), count));
             ASSERT_TRUE(memory.writeBytes(source.data(), count));
             break;
@@ -118,7 +118,8 @@ TEST_F(BinFile, OutputBehavesAsMemoryDoes) {
             ASSERT_TRUE(file.write(&turn, 1) && memory.write(&turn, 1));
             break;
         case 2: {
-            const auto target = static_cast<std::int64_t>(below(length + 1));
+            const auto target =
+                static_cast<std::int64_t>(below(static_cast<std::size_t>(length) + 1));
             ASSERT_TRUE(file.seek(target) && memory.seek(target));
             break;
         }
@@ -133,15 +134,31 @@ TEST_F(BinFile, OutputBehavesAsMemoryDoes) {
             ASSERT_EQ(a, b);
             break;
         }
+        case 5: // in front of what is staged
+            ASSERT_EQ(file.writeRaw(&turn, sizeof turn), memory.writeRaw(&turn, sizeof turn));
+            break;
         default:
             ASSERT_TRUE(file.seek(0, false) && memory.seek(0, false));
         }
+        ASSERT_EQ(file.tellRaw(), memory.tellRaw()) << turn;
         ASSERT_EQ(file.tell(), memory.tell()) << turn;
-        memory.flushBuffer();
-        length = memory.bytes().size();
+        length = std::max(length, memory.tellRaw());
     }
     ASSERT_TRUE(file.flushDevice());
+    memory.flushBuffer();
     EXPECT_EQ(content(), std::string(memory.bytes().begin(), memory.bytes().end()));
+}
+
+TEST_F(BinFile, WhatIsStagedAndNeverFlushedChangesNothing) {
+    const std::string before = counting(4000);
+    {
+        BinOutputFile file(path());
+        file.writeBytes(before.data(), before.size());
+        file.seek(0);
+        file.writeBytes(before.data(), BinOutput::stageBytes);
+        file.writeBytes("lost", 4);
+    }
+    EXPECT_EQ(content(), before);
 }
 
 TEST_F(BinFile, WithoutADeviceNothingWorksAndNothingHurts) {

@@ -15,13 +15,20 @@ void encode(std::uint8_t* to, const T* source, unsigned width, std::uint64_t cou
 } // namespace
 
 bool BinOutput::flushBuffer() {
-    if (pending_ == 0) return true;
+    const std::uint64_t count = pending();
+    if (count == 0) return true;
     if (binio::installedScrambler) {
-        binio::installedScrambler->scramble(buffer_, tellRaw(), pending_);
+        binio::installedScrambler->scramble(stage_, tellRaw(), count);
     }
-    const std::uint64_t taken = writeRaw(buffer_, pending_);
-    pending_ = 0;
-    return taken != 0;
+    next_ = stage_;
+    return writeRaw(stage_, count) != 0;
+}
+
+void BinOutput::takeStageBack() {
+    const std::uint64_t count = pending();
+    if (count > 0 && stage_ != buffer_) std::memcpy(buffer_, stage_, count);
+    stage_ = buffer_;
+    next_ = buffer_ + count;
 }
 
 template <class T>
@@ -29,12 +36,12 @@ bool BinOutput::writeElements(const T* source, unsigned width, std::uint64_t cou
     if (width < 1 || width > 8) return count == 0;
     while (count > 0) {
         makeHeadroom();
-        const std::uint64_t fitting = std::min(count, (stageBytes - pending_) / width);
-        encode(buffer_ + pending_, source, width, fitting);
-        pending_ += fitting * width;
+        const std::uint64_t fitting = std::min(count, room() / width);
+        encode(next_, source, width, fitting);
+        next_ += fitting * width;
         source += fitting;
         count -= fitting;
-        if (pending_ == stageBytes && !flushBuffer()) return false;
+        if (room() == 0 && !flushBuffer()) return false;
     }
     return true;
 }
@@ -55,25 +62,25 @@ template bool BinOutput::writeElements(const double*, unsigned, std::uint64_t);
 bool BinOutput::writeBytes(const void* source, std::uint64_t count) {
     const auto* from = static_cast<const std::uint8_t*>(source);
     while (count > 0) {
-        const std::uint64_t fitting = std::min(count, stageBytes - pending_);
-        std::memcpy(buffer_ + pending_, from, fitting);
-        pending_ += fitting;
+        const std::uint64_t fitting = std::min(count, room());
+        std::memcpy(next_, from, fitting);
+        next_ += fitting;
         from += fitting;
         count -= fitting;
-        if (pending_ == stageBytes && !flushBuffer()) return false;
+        if (room() == 0 && !flushBuffer()) return false;
     }
     return true;
 }
 
 std::uint64_t BinOutput::reserve(std::uint8_t** room, std::uint64_t count) {
     makeHeadroom();
-    *room = buffer_ + pending_;
-    return std::min(count, stageBytes - pending_);
+    *room = next_;
+    return std::min(count, this->room());
 }
 
 bool BinOutput::commit(std::uint64_t count) {
-    pending_ += std::min(count, stageBytes - pending_);
-    return pending_ < stageBytes || flushBuffer();
+    next_ += std::min(count, room());
+    return room() > 0 || flushBuffer();
 }
 
 std::uint64_t BinOutput::readBack(void* buffer, std::uint64_t count) {

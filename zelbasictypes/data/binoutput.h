@@ -80,7 +80,7 @@ public:
     bool flushBuffer();
     /// From the device, where it stands behind all that was written.
     std::uint64_t readBack(void* buffer, std::uint64_t count);
-    std::int64_t tell() const { return tellRaw() + static_cast<std::int64_t>(pending_); }
+    std::int64_t tell() const { return tellRaw() + static_cast<std::int64_t>(pending()); }
     bool seek(std::int64_t offset, bool fromStart = true);
     /// False when bytes were lost.
     bool close();
@@ -92,21 +92,36 @@ public:
         return true;
     }
 
+protected:
+    /// For a device that gathers in memory: unless there is something in the stage, it lies at
+    /// `room` from now on, `stageBytes` long, so that what is flushed stands in its place when
+    /// `writeRaw` gets it.
+    void lendStage(std::uint8_t* room) {
+        if (pending() == 0) next_ = stage_ = room;
+    }
+    /// Ends the lending, before a device uses that memory otherwise; what is in the stage comes
+    /// along.
+    void takeStageBack();
+
 private:
+    std::uint64_t pending() const { return static_cast<std::uint64_t>(next_ - stage_); }
+    std::uint64_t room() const { return stageBytes - pending(); }
+
     template <class T> bool writeTyped(const T* source, std::uint64_t count) {
-        if (count != 1 || pending_ > stageBytes - headroomBytes)
-            return writeElements(source, sizeof(T), count);
-        bigendian::store<T>(buffer_ + pending_, *source);
-        pending_ += sizeof(T);
+        if (count != 1 || room() < headroomBytes) return writeElements(source, sizeof(T), count);
+        bigendian::store<T>(next_, *source);
+        next_ += sizeof(T);
         return true;
     }
 
     template <class T> bool writeElements(const T* source, unsigned width, std::uint64_t count);
     void makeHeadroom() {
-        if (stageBytes - pending_ < headroomBytes) flushBuffer();
+        if (room() < headroomBytes) flushBuffer();
     }
 
     std::uint8_t buffer_[stageBytes];
-    std::uint64_t pending_ = 0;
+    /// Where the stage lies: in `buffer_`, or where a device has lent it room.
+    std::uint8_t* stage_ = buffer_;
+    std::uint8_t* next_ = buffer_;
     std::uint32_t version_ = 0;
 };

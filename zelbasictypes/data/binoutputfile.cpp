@@ -10,12 +10,15 @@
 
 namespace {
 
-constexpr std::uint64_t blockBytes = 0x10000;
+constexpr std::uint64_t blockBytes = 0x40000;
+constexpr std::uint64_t keptBytes = 0x10000;
 
 } // namespace
 
 BinOutputFile::BinOutputFile(const KorString& path) : file_(zelOpenFile(path, "w+bc")) {
-    if (file_) block_ = std::make_unique_for_overwrite<std::uint8_t[]>(blockBytes);
+    if (!file_) return;
+    block_ = std::make_unique_for_overwrite<std::uint8_t[]>(blockBytes);
+    lendRoom();
 }
 
 BinOutputFile::~BinOutputFile() { BinOutputFile::closeRaw(); }
@@ -31,16 +34,40 @@ std::uint64_t BinOutputFile::writeRaw(const void* buffer, std::uint64_t count) {
     if (!file_) return 0;
     if (!block_) return std::fwrite(buffer, 1, count, file_);
     const auto* from = static_cast<const std::uint8_t*>(buffer);
+    const bool inPlace = from == block_.get() + cursor_;
+    if (!inPlace) takeStageBack();
     for (std::uint64_t left = count; left > 0;) {
         const std::uint64_t fitting = std::min(left, blockBytes - cursor_);
-        std::memcpy(block_.get() + cursor_, from, fitting);
+        if (!inPlace) std::memcpy(block_.get() + cursor_, from, fitting);
         from += fitting;
         left -= fitting;
         cursor_ += fitting;
         filled_ = std::max(filled_, cursor_);
-        if (cursor_ == blockBytes && !settle()) return 0;
+        if (cursor_ == blockBytes && !makeRoom()) return 0;
     }
+    lendRoom();
     return count;
+}
+
+/// Writes most of a full block. The end stays, since what was just written is what a writer comes
+/// back to: a block's length is filled in when the block ends.
+bool BinOutputFile::makeRoom() {
+    takeStageBack();
+    constexpr std::uint64_t leaving = blockBytes - keptBytes;
+    const bool whole = std::fwrite(block_.get(), 1, leaving, file_) == leaving;
+    std::memmove(block_.get(), block_.get() + leaving, keptBytes);
+    start_ += leaving;
+    filled_ = cursor_ = keptBytes;
+    return whole;
+}
+
+/// What is staged next may lie where it goes, if it writes over nothing that would stay should the
+/// stage never be flushed.
+void BinOutputFile::lendRoom() {
+    if (cursor_ == filled_ && blockBytes - cursor_ >= stageBytes)
+        lendStage(block_.get() + cursor_);
+    else
+        takeStageBack();
 }
 
 /// The FILE is moved before and behind, as the runtime library wants it between writing and
@@ -62,6 +89,7 @@ std::int64_t BinOutputFile::tellRaw() const {
 
 bool BinOutputFile::seekRaw(std::int64_t offset, bool fromStart) {
     if (!file_) return false;
+    takeStageBack();
     const auto filledEnd = start_ + static_cast<std::int64_t>(filled_);
     if (block_ && fromStart && offset >= start_ && offset <= filledEnd) {
         cursor_ = static_cast<std::uint64_t>(offset - start_);
@@ -84,6 +112,7 @@ bool BinOutputFile::closeRaw() {
 
 /// Writes what was gathered and leaves the FILE where the stream is; what can't be written is lost.
 bool BinOutputFile::settle() {
+    takeStageBack();
     if (!block_ || filled_ == 0) return true;
     const std::uint64_t written = std::fwrite(block_.get(), 1, filled_, file_);
     start_ += static_cast<std::int64_t>(cursor_);

@@ -35,12 +35,14 @@ public:
     void setFile(std::FILE* file);
 
 private:
+    void lendRoom();
+    bool makeRoom();
     bool settle();
     void stopGathering();
 
     std::FILE* file_ = nullptr;
     /// While the stream gathers: bytes that belong at `start_`, where the FILE stands, and the
-    /// stream's position among them.
+    /// stream's position among them. The stage may lie behind them.
     std::unique_ptr<std::uint8_t[]> block_;
     std::int64_t start_ = 0;
     std::uint64_t filled_ = 0;
