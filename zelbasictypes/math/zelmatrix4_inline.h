@@ -38,6 +38,12 @@ inline void multiplyRow(const double* a, const double* b, double* out) {
     store(out + 2, a0 * load(b + 2) + a1 * load(b + 6) + a2 * load(b + 10) + a3 * load(b + 14));
 }
 
+/// Two rows of a matrix times the column (x, y, z, 1).
+inline Pair rowsTimesPoint(const double* a, const double* b, const ZelVector3& p) {
+    return Pair{a[0], b[0]} * Pair{p.x, p.x} + Pair{a[1], b[1]} * Pair{p.y, p.y} +
+           Pair{a[2], b[2]} * Pair{p.z, p.z} + Pair{a[3], b[3]};
+}
+
 /// A term of an expansion, left out where its factor is 0.
 constexpr double term(double factor, double minor) { return factor == 0 ? 0.0 : factor * minor; }
 
@@ -164,6 +170,12 @@ constexpr double ZelMatrix4::distanceFromIdentity() const {
 
 constexpr ZelVector3 ZelMatrix4::transformPoint(const ZelVector3& p) const {
     using zelmath::rowTimesPoint;
+    if (!std::is_constant_evaluated()) {
+        const zelmath::Pair upper = zelmath::rowsTimesPoint(m, m + 4, p);
+        const zelmath::Pair lower = zelmath::rowsTimesPoint(m + 8, m + 12, p);
+        const double factor = 1 / lower[1];
+        return {upper[0] * factor, upper[1] * factor, lower[0] * factor};
+    }
     const double factor = 1 / rowTimesPoint(m + 12, p);
     return ZelVector3{rowTimesPoint(m, p), rowTimesPoint(m + 4, p), rowTimesPoint(m + 8, p)} *
            factor;
