@@ -126,8 +126,8 @@ protected:
     IPtr<BucketMemoryPool> pool;
 };
 
-constexpr std::size_t few = ThreadStore::room / 2;      ///< one thread keeps them all
-constexpr std::size_t many = 3 * ThreadStore::room + 1; ///< most of them go to the bucket
+constexpr std::size_t few = ThreadStore::smallRoom / 2;      ///< one thread keeps them all
+constexpr std::size_t many = 3 * ThreadStore::smallRoom + 1; ///< most of them go to the bucket
 
 } // namespace
 
@@ -140,7 +140,7 @@ TEST_F(ThreadStores, AreOneStackWithTheBucketsForASingleThread) {
     for (int turn = 0; turn < 20000; ++turn) {
         if (turn % 500 == 0) limit = random() % 1500;
         if (held.size() < limit) {
-            const std::int32_t sizes[] = {4, 30, 250, 256, 257, 300};
+            const std::int32_t sizes[] = {4, 30, 256, 257, 4096, 4097};
             unsigned got = 0;
             void* block = pool->allocate(sizes[random() % 6], got);
             std::vector<void*>& stack = model[got];

@@ -17,7 +17,7 @@
 namespace {
 
 /// What a thread's store gives away when it is full, and gets when it is empty.
-constexpr std::uint32_t exchanged = ThreadStore::room / 2;
+std::uint32_t exchanged(std::uint32_t index) { return ThreadStore::roomOf(index) / 2; }
 
 } // namespace
 
@@ -141,7 +141,7 @@ void* BucketMemoryPool::takeFromBucket(std::int32_t size, unsigned& got) {
     if (ThreadStore* store = bucket->isEmpty() ? nullptr : storeFor(place)) {
         const auto index = static_cast<std::uint32_t>(place.index);
         if (store->blockCount(index) == 0) {
-            store->setBlockCount(index, bucket->popMany(store->blocks(index), exchanged));
+            store->setBlockCount(index, bucket->popMany(store->blocks(index), exchanged(index)));
         }
     }
     return block;
@@ -154,7 +154,8 @@ bool BucketMemoryPool::keepInBucket(std::int32_t size, void* block) {
     const SizeClass place = classOf(size);
     if (ThreadStore* store = storeFor(place)) {
         const auto index = static_cast<std::uint32_t>(place.index);
-        if (store->blockCount(index) == ThreadStore::room) spill(*store, index, exchanged);
+        if (store->blockCount(index) == ThreadStore::roomOf(index))
+            spill(*store, index, exchanged(index));
         store->push(index, block);
     } else {
         bucketOf(place).push({place.size, block});

@@ -21,8 +21,13 @@ class BucketMemoryPool;
 class ThreadStore {
 public:
     static constexpr std::uint32_t granularity = 4;
-    static constexpr std::uint32_t classCount = 64; ///< up to 256 bytes, in steps of `granularity`
-    static constexpr std::uint32_t room = 128;      ///< blocks of one class
+    static constexpr std::uint32_t classCount = 1024; ///< up to 4 kB, in steps of `granularity`
+    static constexpr std::uint32_t smallCount = 64;   ///< of these, classes that are much in use
+    static constexpr std::uint32_t smallRoom = 1024, largeRoom = 8;
+    /// Blocks of a class that there is room for.
+    static constexpr std::uint32_t roomOf(std::uint32_t index) {
+        return index < smallCount ? smallRoom : largeRoom;
+    }
 
     /// The calling thread's store, or null while it has none.
     static ThreadStore* own() { return own_; }
@@ -48,9 +53,11 @@ public:
 
     std::uint32_t blockCount(std::uint32_t index) const { return counts_[index]; }
     /// The blocks of a class, the one freed last at the end.
-    void** blocks(std::uint32_t index) { return blocks_[index].data(); }
+    void** blocks(std::uint32_t index) {
+        return index < smallCount ? small_[index].data() : large_[index - smallCount].data();
+    }
     void setBlockCount(std::uint32_t index, std::uint32_t count) { counts_[index] = count; }
-    void push(std::uint32_t index, void* block) { blocks_[index][counts_[index]++] = block; }
+    void push(std::uint32_t index, void* block) { blocks(index)[counts_[index]++] = block; }
     void dropOldest(std::uint32_t index, std::uint32_t count);
 
     /// Allocations that the current pool has counted before they are made.
@@ -66,11 +73,11 @@ private:
         if (index >= classCount || counts_[index] == 0) return nullptr;
         const std::uint32_t top = --counts_[index];
         got = (index + 1) * granularity;
-        return blocks_[index][top];
+        return blocks(index)[top];
     }
     bool put(std::int32_t size, void* block) {
         const std::uint32_t index = indexOf(size);
-        if (index >= classCount || counts_[index] == room) return false;
+        if (index >= classCount || counts_[index] == roomOf(index)) return false;
         push(index, block);
         return true;
     }
@@ -88,7 +95,8 @@ private:
     std::int32_t credit_ = 0;
     ThreadStore* next_ = nullptr;
     std::array<std::uint32_t, classCount> counts_{};
-    std::array<std::array<void*, room>, classCount> blocks_;
+    std::array<std::array<void*, smallRoom>, smallCount> small_;
+    std::array<std::array<void*, largeRoom>, classCount - smallCount> large_;
 };
 
 /// Says for as long as it lives that the thread is inside its store.

@@ -8,6 +8,7 @@
 #include <bit>
 #include <cstdint>
 #include <immintrin.h>
+#include <type_traits>
 
 namespace zeltext {
 
@@ -73,40 +74,57 @@ __attribute__((target("avx2"))) std::size_t copyBlocksAvx2(const char16_t* from,
 }
 
 // Each step writes its whole register, foreign units and all, and counts what lies in front of
-// them.
+// them. What is left of a text of at least one register is done with the last whole one, which
+// begins among units that are known to be ASCII.
 
-std::size_t copySse2(const char* from, std::size_t count, char16_t* to) {
-    std::size_t i = 0;
-    for (; i + 16 <= count; i += 16) {
-        const __m128i bytes = load(from + i);
-        widenAscii(bytes, to + i);
-        const auto foreign = static_cast<unsigned>(_mm_movemask_epi8(bytes));
-        if (foreign) return i + static_cast<std::size_t>(std::countr_zero(foreign));
-    }
-    for (; i < count && static_cast<unsigned char>(from[i]) < 0x80; ++i)
-        to[i] = static_cast<unsigned char>(from[i]);
-    return i;
+/// Copies 16; the result has a bit for each that isn't ASCII.
+unsigned copyRegister(const char* from, char16_t* to) {
+    const __m128i bytes = load(from);
+    widenAscii(bytes, to);
+    return static_cast<unsigned>(_mm_movemask_epi8(bytes));
 }
 
-std::size_t copySse2(const char16_t* from, std::size_t count, char* to) {
+unsigned copyRegister(const char16_t* from, char* to) {
+    const __m128i low = load(from), high = load(from + 8);
+    keep(to, _mm_packus_epi16(low, high));
+    return foreignUnits(low, high);
+}
+
+std::size_t inFront(unsigned foreign) {
+    return static_cast<std::size_t>(std::countr_zero(foreign));
+}
+
+template <class From, class To> std::size_t copySse2(const From* from, std::size_t count, To* to) {
+    constexpr std::size_t width = 16;
     std::size_t i = 0;
-    for (; i + 16 <= count; i += 16) {
-        const __m128i low = load(from + i), high = load(from + i + 8);
-        keep(to + i, _mm_packus_epi16(low, high));
-        const unsigned foreign = foreignUnits(low, high);
-        if (foreign) return i + static_cast<std::size_t>(std::countr_zero(foreign));
+    for (; i + width <= count; i += width)
+        if (const unsigned foreign = copyRegister(from + i, to + i)) return i + inFront(foreign);
+    if (i == count) return i;
+    if (i > 0) {
+        const std::size_t last = count - width;
+        return last + inFront(copyRegister(from + last, to + last) | 1u << width);
     }
-    for (; i < count && from[i] < 0x80; ++i) to[i] = static_cast<char>(from[i]);
+    using Bits = std::make_unsigned_t<From>;
+    for (; i < count && static_cast<Bits>(from[i]) < 0x80; ++i)
+        to[i] = static_cast<To>(static_cast<Bits>(from[i]));
     return i;
 }
 
 /// Begins with the smaller registers, since most runs are short.
-template <class From, class To> std::size_t copyRun(const From* from, std::size_t count, To* to) {
+template <class From, class To>
+[[gnu::noinline]] std::size_t copyLongRun(const From* from, std::size_t count, To* to) {
     constexpr std::size_t beginning = 64;
     std::size_t i = copySse2(from, std::min(count, beginning), to);
     if (i < beginning || i == count) return i;
     if (machineHasAvx2()) i += copyBlocksAvx2(from + i, count - i, to + i);
     return i + copySse2(from + i, count - i, to + i);
+}
+
+/// Most of them end in the first register, which is looked at before all else.
+template <class From, class To> std::size_t copyRun(const From* from, std::size_t count, To* to) {
+    if (count >= 16)
+        if (const unsigned foreign = copyRegister(from, to)) return inFront(foreign);
+    return copyLongRun(from, count, to);
 }
 
 } // namespace

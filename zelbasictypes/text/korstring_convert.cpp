@@ -7,6 +7,8 @@
 #include "zelbasictypes/text/strsupport.h"
 #include "zelbasictypes/text/utf8.h"
 
+#include <algorithm>
+
 namespace {
 
 /// Texts of up to so many units are encoded first and then given a block that fits.
@@ -17,6 +19,18 @@ void provideRoom(zeltext::Buffer<char>& buffer, std::size_t length) {
     if (buffer.fits(static_cast<std::int64_t>(length))) return;
     buffer.release();
     buffer = zeltext::makeRoom<char>(static_cast<std::int64_t>(length));
+}
+
+/// Makes `buffer` the text, if that is nothing but ASCII; else it holds something or other. What is
+/// seen at once to be more costs no block.
+bool storeAscii(zeltext::Buffer<char>& buffer, std::u16string_view text) {
+    constexpr std::size_t seenAtOnce = 64;
+    const std::size_t front = std::min(text.size(), seenAtOnce);
+    if (zeltext::asciiRun(text.data(), front) < front) return false;
+    provideRoom(buffer, text.size());
+    if (zeltext::copyAsciiRun(text.data(), text.size(), buffer.data) < text.size()) return false;
+    buffer.data[text.size()] = 0;
+    return true;
 }
 
 /// Keeps the ASCII units; `to` has room for all of them.
@@ -48,14 +62,10 @@ const char* KorString::toNarrow() const {
 
 const char* KorString::toUtf8() const {
     const std::u16string_view units = view();
+    if (storeAscii(utf8, units)) return utf8.data;
     if (units.size() <= shortText) {
         char bytes[3 * shortText + 1];
         zeltext::store(utf8, {bytes, zeltext::encodeUtf8(units, bytes)});
-        return utf8.data;
-    }
-    provideRoom(utf8, units.size());
-    if (zeltext::copyAsciiRun(units.data(), units.size(), utf8.data) == units.size()) {
-        utf8.data[units.size()] = 0;
         return utf8.data;
     }
     provideRoom(utf8, zeltext::utf8Length(units.data(), units.size()));

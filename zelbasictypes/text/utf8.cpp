@@ -62,6 +62,20 @@ char* encodeTail(const char16_t* at, const char16_t* end, char* to) {
     return to;
 }
 
+char* encodeByGroups(std::u16string_view text, char* to) {
+    constexpr std::ptrdiff_t least = group + 3;
+    const char16_t *at = text.data(), *end = at + text.size();
+    while (end - at >= least) {
+        const std::size_t run = copyAsciiRun(at, static_cast<std::size_t>(end - at), to);
+        to += run;
+        at += run;
+        if (end - at < least) break;
+        to = encodeGroup(at, to);
+        at += group;
+    }
+    return encodeTail(at, end, to);
+}
+
 /// Decodes from `at` up to the next ASCII byte, which it gives back; null at a bad sequence.
 const unsigned char* decodeForeign(const unsigned char* at, const unsigned char* end,
                                    char16_t*& to) {
@@ -87,21 +101,10 @@ const unsigned char* decodeForeign(const unsigned char* at, const unsigned char*
 } // namespace
 
 std::size_t encodeUtf8(std::u16string_view text, char* to) {
-    constexpr std::ptrdiff_t least = group + 3;
-    const char* const start = to;
-    const char16_t *at = text.data(), *end = at + text.size();
-    to = encodeBlocks(at, end, to);
-    while (end - at >= least) {
-        const std::size_t run = copyAsciiRun(at, static_cast<std::size_t>(end - at), to);
-        to += run;
-        at += run;
-        if (end - at < least) break;
-        to = encodeGroup(at, to);
-        at += group;
-    }
-    to = encodeTail(at, end, to);
-    *to = 0;
-    return static_cast<std::size_t>(to - start);
+    char* end = encodeWhole(text, to);
+    if (!end) end = encodeByGroups(text, to);
+    *end = 0;
+    return static_cast<std::size_t>(end - to);
 }
 
 bool decodeUtf8(std::string_view bytes, char16_t* to) {

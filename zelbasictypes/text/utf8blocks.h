@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
-// Encoding UTF-8 by whole blocks, on processors that can.
+// Encoding UTF-8 by whole registers, on processors that can.
 #pragma once
+
+#include <string_view>
 
 namespace zeltext {
 
-/// Encodes from `at` on for as long as whole blocks are left in front of `end`, and moves `at`
-/// behind them; on some processors that is nothing. `to` has room for all that the text up to `end`
-/// becomes. The result is the end of what was written.
-char* encodeBlocks(const char16_t*& at, const char16_t* end, char* to);
+/// Encodes the text; `to` has room for all that it becomes, which is all that is written. The
+/// result is the end of it, or null on a processor that can't.
+char* encodeWhole(std::u16string_view text, char* to);
 
 } // namespace zeltext

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// No blocks, on processors that we don't know better.
+// No whole registers, on processors that we don't know better.
 #include "zelbasictypes/text/utf8blocks.h"
 
 namespace zeltext {
 
-char* encodeBlocks(const char16_t*&, const char16_t*, char* to) { return to; }
+char* encodeWhole(std::u16string_view, char*) { return nullptr; }
 
 } // namespace zeltext

@@ -8,6 +8,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <immintrin.h>
 
 #define ZEL_AVX2 __attribute__((target("avx2,popcnt")))
@@ -96,10 +97,46 @@ ZEL_AVX2 char* encodeAvx2(const char16_t*& at, const char16_t* end, char* to) {
     return to;
 }
 
+/// Up to seven units in front of `end`, zeros behind them; `start` is where their text begins.
+ZEL_AVX2 __m128i lastUnits(const char16_t* start, const char16_t* end, std::size_t count) {
+    alignas(16) char16_t units[8] = {};
+    if (end - start < 8) {
+        std::memcpy(units, end - count, count * sizeof *end);
+        return _mm_load_si128(reinterpret_cast<const __m128i*>(units));
+    }
+    static constexpr std::uint8_t order[32] = {0,    1,    2,    3,    4,    5,    6,    7,
+                                               8,    9,    10,   11,   12,   13,   14,   15,
+                                               0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80,
+                                               0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80};
+    const auto* eight = reinterpret_cast<const __m128i*>(end - 8);
+    const auto* shift = reinterpret_cast<const __m128i*>(order + 2 * (8 - count));
+    return _mm_shuffle_epi8(_mm_loadu_si128(eight), _mm_loadu_si128(shift));
+}
+
+/// Fewer than 32 units, by way of room that whole registers may be stored to.
+ZEL_AVX2 char* encodeRestAvx2(std::u16string_view text, std::size_t done, char* to) {
+    char bytes[3 * 32 + 16];
+    char* behind = bytes;
+    for (; text.size() - done >= 8; done += 8)
+        behind = encodeEight(_mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + done)),
+                             behind);
+    if (const std::size_t left = text.size() - done; left > 0) {
+        const char16_t* end = text.data() + text.size();
+        // A zero becomes a byte.
+        behind = encodeEight(lastUnits(text.data(), end, left), behind) - (8 - left);
+    }
+    const auto length = static_cast<std::size_t>(behind - bytes);
+    std::memcpy(to, bytes, length);
+    return to + length;
+}
+
 } // namespace
 
-char* encodeBlocks(const char16_t*& at, const char16_t* end, char* to) {
-    return machineHasAvx2() ? encodeAvx2(at, end, to) : to;
+char* encodeWhole(std::u16string_view text, char* to) {
+    if (!machineHasAvx2()) return nullptr;
+    const char16_t* at = text.data();
+    to = encodeAvx2(at, at + text.size(), to);
+    return encodeRestAvx2(text, static_cast<std::size_t>(at - text.data()), to);
 }
 
 } // namespace zeltext
