@@ -62,6 +62,11 @@ const WordKernels& bestKernels() {
     return plainKernels;
 }
 
+const WordKernels& bestKernelsAcross() {
+    const WordKernels* kernels = avx2Kernels();
+    return kernels ? *kernels : bestKernels();
+}
+
 } // namespace
 
 constinit const WordKernels plainKernels = {combine<std::bit_and<>>,
@@ -76,10 +81,12 @@ constinit const WordKernels plainKernels = {combine<std::bit_and<>>,
                                             isZero};
 
 constinit const WordKernels* wordKernels = &plainKernels;
+constinit const WordKernels* wordKernelsAcross = &plainKernels;
 
 namespace {
 
-[[maybe_unused]] const bool isChosen = (wordKernels = &bestKernels(), true);
+[[maybe_unused]] const bool isChosen =
+    (wordKernels = &bestKernels(), wordKernelsAcross = &bestKernelsAcross(), true);
 
 } // namespace
 

@@ -40,26 +40,39 @@ const WordKernels* avx512Kernels();
 
 /// The best of them; until static initialisation came by, those for any machine.
 extern constinit const WordKernels* wordKernels;
+/// The best for pairs of long runs that lie differently within the lines of the cache.
+extern constinit const WordKernels* wordKernelsAcross;
+
+/// A vector as long as a line lies across two for all of a run that begins inside a line. That is
+/// hidden by the nearer caches, and costs more than shorter vectors where the words come from
+/// behind them.
+inline const WordKernels& kernelsFor(const std::uint32_t* a, const std::uint32_t* b,
+                                     std::size_t count) {
+    constexpr std::size_t longRun = 0x40000, lineBytes = 64;
+    const auto difference =
+        reinterpret_cast<std::uintptr_t>(a) ^ reinterpret_cast<std::uintptr_t>(b);
+    return count >= longRun && difference % lineBytes != 0 ? *wordKernelsAcross : *wordKernels;
+}
 
 inline void andWords(std::uint32_t* to, const std::uint32_t* from, std::size_t count,
                      NextWords next = {}) {
-    wordKernels->andWords(to, from, count, next);
+    kernelsFor(to, from, count).andWords(to, from, count, next);
 }
 
 inline void orWords(std::uint32_t* to, const std::uint32_t* from, std::size_t count,
                     NextWords next = {}) {
-    wordKernels->orWords(to, from, count, next);
+    kernelsFor(to, from, count).orWords(to, from, count, next);
 }
 
 inline void xorWords(std::uint32_t* to, const std::uint32_t* from, std::size_t count,
                      NextWords next = {}) {
-    wordKernels->xorWords(to, from, count, next);
+    kernelsFor(to, from, count).xorWords(to, from, count, next);
 }
 
 /// Takes the bits of `from` out of `to`.
 inline void minusWords(std::uint32_t* to, const std::uint32_t* from, std::size_t count,
                        NextWords next = {}) {
-    wordKernels->minusWords(to, from, count, next);
+    kernelsFor(to, from, count).minusWords(to, from, count, next);
 }
 
 inline void invertWords(std::uint32_t* to, std::size_t count) {
@@ -71,16 +84,16 @@ inline std::int64_t countBits(const std::uint32_t* words, std::size_t count) {
 }
 
 inline bool areEqual(const std::uint32_t* a, const std::uint32_t* b, std::size_t count) {
-    return wordKernels->areEqual(a, b, count);
+    return kernelsFor(a, b, count).areEqual(a, b, count);
 }
 
 /// Whether no bit of `part` is clear in `whole`.
 inline bool isSubset(const std::uint32_t* part, const std::uint32_t* whole, std::size_t count) {
-    return wordKernels->isSubset(part, whole, count);
+    return kernelsFor(part, whole, count).isSubset(part, whole, count);
 }
 
 inline bool areDisjoint(const std::uint32_t* a, const std::uint32_t* b, std::size_t count) {
-    return wordKernels->areDisjoint(a, b, count);
+    return kernelsFor(a, b, count).areDisjoint(a, b, count);
 }
 
 inline bool areZero(const std::uint32_t* words, std::size_t count) {
