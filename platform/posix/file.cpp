@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Descriptors. A share mode is an advisory lock of the whole file: who refuses others holds it
 // exclusively, everybody else shares it, and nobody waits.
+#include "platform/boundedread.h"
 #include "platform/posix/openfile.h"
 #include "platform/posix/pathbytes.h"
 #include "platform/posix/temporaryfiles.h"
@@ -59,18 +60,13 @@ std::int64_t readOnce(int file, void* buffer, std::uint64_t lengthBytes) {
     return got;
 }
 
-/// The system refuses a read that would reach behind the end of all addresses, so that a count that
-/// a caller made up fails or not by where its memory lies. It is cut at what the file holds.
-std::uint64_t bounded(Descriptor file, std::uint64_t lengthBytes) {
-    constexpr std::uint64_t likely = 1 << 24;
-    if (lengthBytes <= likely) return lengthBytes;
+/// -1 for what isn't a regular file, and for the files of the system that don't tell their size.
+std::int64_t leftBytes(Descriptor file) {
     struct ::stat status {};
     const off_t position = ::lseek(file, 0, SEEK_CUR);
     const bool isKnown = ::fstat(file, &status) == 0 && S_ISREG(status.st_mode) &&
                          status.st_size > 0 && position >= 0;
-    if (!isKnown) return lengthBytes;
-    const off_t left = std::max<off_t>(status.st_size - position, 0);
-    return std::min(lengthBytes, static_cast<std::uint64_t>(left));
+    return isKnown ? std::max<off_t>(status.st_size - position, 0) : -1;
 }
 
 } // namespace
@@ -105,7 +101,8 @@ Descriptor open(const char* path, std::int32_t flags, std::int32_t sharing,
 /// The system stops a page short of the limit, however much there is; the target doesn't.
 std::int64_t read(Descriptor file, void* buffer, std::uint64_t lengthBytes) {
     constexpr std::uint64_t systemLimit = 0x7FFFF000;
-    const std::uint64_t length = bounded(file, std::min(lengthBytes, transferLimit));
+    const std::uint64_t length =
+        boundedRead(std::min(lengthBytes, transferLimit), [file] { return leftBytes(file); });
     const std::int64_t got = readOnce(file, buffer, std::min(length, systemLimit));
     if (length <= systemLimit || got != std::int64_t{systemLimit}) return got;
     const std::int64_t rest =

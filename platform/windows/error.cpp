@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The runtime library's error numbers as the layer's own. It calls an opening that another one
 // refuses "access denied"; the system's own number beneath tells the two apart.
-#include "platform/error.h"
+#include "platform/errornumber.h"
 
 #include "platform/windows/systemerror.h"
 
@@ -45,30 +45,7 @@ void takeSystemError() {
 }
 
 Error lastError() {
-    switch (errno) {
-    case 0:
-        return Error::none;
-    case EEXIST:
-    case ENOTEMPTY:
-        return Error::exists;
-    case ENOENT:
-    case ENOTDIR:
-        return Error::notFound;
-    case EACCES:
-    case EPERM:
-        return isHeldByOthers(_doserrno) ? Error::busy : Error::denied;
-    case EBUSY:
-        return Error::busy;
-    case ENOSPC:
-    case EFBIG:
-        return Error::noSpace;
-    case EINVAL:
-    case EBADF:
-    case ENAMETOOLONG:
-        return Error::invalid;
-    default:
-        return Error::other;
-    }
+    return errno == EACCES && isHeldByOthers(_doserrno) ? Error::busy : errorOf(errno);
 }
 
 } // namespace platform

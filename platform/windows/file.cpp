@@ -2,6 +2,7 @@
 // Descriptors and streams of the runtime library. The flags and share modes are its own numbers.
 #include "platform/file.h"
 
+#include "platform/boundedread.h"
 #include "platform/windows/widetext.h"
 
 #include <algorithm>
@@ -30,14 +31,10 @@ unsigned cut(std::uint64_t lengthBytes) {
     return static_cast<unsigned>(std::min(lengthBytes, transferLimit));
 }
 
-/// The system looks at all of the memory that a read names, so a count that a caller made up must
-/// not get as far: it is cut at what the file holds.
-std::uint64_t bounded(Descriptor file, std::uint64_t lengthBytes) {
-    constexpr std::uint64_t likely = 1 << 24;
-    if (lengthBytes <= likely) return lengthBytes;
+/// -1 for what has no size.
+std::int64_t leftBytes(Descriptor file) {
     const std::int64_t position = ::_telli64(file), size = ::_filelengthi64(file);
-    if (position < 0 || size < position) return lengthBytes;
-    return std::min(lengthBytes, static_cast<std::uint64_t>(size - position));
+    return position < 0 || size < position ? -1 : size - position;
 }
 
 /// The library ends the process over a mode that isn't one.
@@ -95,7 +92,7 @@ Descriptor open(const char* path, std::int32_t flags, std::int32_t sharing,
 }
 
 std::int64_t read(Descriptor file, void* buffer, std::uint64_t lengthBytes) {
-    return ::_read(file, buffer, cut(bounded(file, lengthBytes)));
+    return ::_read(file, buffer, cut(boundedRead(lengthBytes, [file] { return leftBytes(file); })));
 }
 
 std::int64_t write(Descriptor file, const void* buffer, std::uint64_t lengthBytes) {
