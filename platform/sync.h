@@ -56,6 +56,11 @@ std::unique_ptr<Waitable> openNamedMutex(const char* name);
 /// the system can't; what it answers first holds for the process's life.
 bool barrierOnAllThreads();
 
+/// Runs `callback(value)` on the calling thread when that ends, in place of what an earlier call on
+/// it asked for. All calls of a module name the same callback, which may use thread-local
+/// variables: they hold what they held, or what they began with.
+void atThreadEnd(void (*callback)(void*), void* value);
+
 /// Recursive for its owner, within one process. A negative spin count is the system's default; with
 /// another one, who finds it taken tries that often before it sleeps.
 class CriticalSection {

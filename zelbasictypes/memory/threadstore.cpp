@@ -23,14 +23,11 @@ constinit thread_local bool ended = false;
 
 } // namespace
 
-/// Gives a thread's store up with the thread.
-struct ThreadStore::Leaver {
-    ~Leaver() {
-        const PoolLock hold;
-        ended = true;
-        if (own_) own_->leave();
-    }
-};
+void ThreadStore::end(void* store) {
+    const PoolLock hold;
+    ended = true;
+    static_cast<ThreadStore*>(store)->leave();
+}
 
 ThreadStore* ThreadStore::enlist(BucketMemoryPool* pool) {
     if (!own_ && !ended) own_ = make();
@@ -43,8 +40,8 @@ ThreadStore* ThreadStore::make() {
     static const bool canWithdraw = platform::barrierOnAllThreads();
     void* memory = canWithdraw ? zelHeap().allocate(sizeof(ThreadStore)) : nullptr;
     if (!memory) return nullptr;
-    static thread_local Leaver leaver;
     auto* store = new (memory) ThreadStore;
+    platform::atThreadEnd(end, store);
     store->next_ = firstStore;
     return firstStore = store;
 }

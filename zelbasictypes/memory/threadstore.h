@@ -66,7 +66,6 @@ public:
 
 private:
     class Visit;
-    struct Leaver;
 
     void* pop(std::int32_t size, unsigned& got) {
         const std::uint32_t index = indexOf(size);
@@ -86,6 +85,8 @@ private:
         return (static_cast<std::uint32_t>(size) - 1) / granularity;
     }
     static ThreadStore* make();
+    /// Of the calling thread, which ends.
+    static void end(void* store);
     void leave();
 
     static constinit thread_local ThreadStore* own_;
