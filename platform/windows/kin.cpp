@@ -56,6 +56,11 @@ bool isRunningSince(std::uint32_t id, std::uint64_t earliest) {
     return process && !hasEnded(process.get()) && startOf(process.get()) >= earliest;
 }
 
+/// The system starts one for a process with a console, which ends with it.
+bool servesTheConsole(const PROCESSENTRY32W& entry) {
+    return ::_wcsicmp(entry.szExeFile, L"conhost.exe") == 0;
+}
+
 /// Posts the request to close to the windows of the process that `wanted` points to.
 BOOL CALLBACK closeWindow(HWND window, LPARAM wanted) {
     DWORD owner = 0;
@@ -85,7 +90,7 @@ std::vector<std::uint32_t> childProcesses() {
     const std::uint64_t ownStart = startOf(::GetCurrentProcess());
     std::vector<std::uint32_t> result;
     visitProcesses([&](const PROCESSENTRY32W& entry) {
-        if (entry.th32ParentProcessID != self) return;
+        if (entry.th32ParentProcessID != self || servesTheConsole(entry)) return;
         if (isRunningSince(entry.th32ProcessID, ownStart)) result.push_back(entry.th32ProcessID);
     });
     return result;

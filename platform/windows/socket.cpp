@@ -63,6 +63,12 @@ fd_set setOf(SOCKET socket) {
     return set;
 }
 
+/// Whether a call failed since its socket was shut down, before or while it waited.
+bool isCalledOff() {
+    const int error = ::WSAGetLastError();
+    return error == WSAESHUTDOWN || error == WSA_OPERATION_ABORTED || error == WSAEINTR;
+}
+
 std::int32_t timedOutUnless(int ready) {
     if (ready == 0) ::WSASetLastError(WSAETIMEDOUT);
     return ready;
@@ -133,8 +139,15 @@ Socket createSocket() { return ownHandle(::socket(AF_INET, SOCK_STREAM, 0)); }
 
 std::int32_t closeSocket(Socket socket) { return ::closesocket(systemHandle(socket)); }
 
+/// The system leaves calls alone that wait already, so they are called off.
 std::int32_t shutdownSocket(Socket socket, std::int32_t how) {
-    return ::shutdown(systemHandle(socket), how);
+    const std::int32_t result = ::shutdown(systemHandle(socket), how);
+    const int error = ::WSAGetLastError();
+    if (how != SD_SEND) {
+        ::CancelIoEx(reinterpret_cast<HANDLE>(systemHandle(socket)), nullptr);
+    }
+    ::WSASetLastError(error);
+    return result;
 }
 
 std::int32_t setLinger(Socket socket, bool on, std::uint16_t seconds) {
@@ -203,8 +216,8 @@ std::int32_t waitForInput(Socket socket, double limitSeconds) {
     if (limitSeconds < 0) return failed(WSAEINVAL);
     fd_set wanted = setOf(systemHandle(socket));
     timeval time = timeOf(limitSeconds);
-    return timedOutUnless(
-        ::select(0, &wanted, nullptr, nullptr, limitSeconds == 0 ? nullptr : &time));
+    const int ready = ::select(0, &wanted, nullptr, nullptr, limitSeconds == 0 ? nullptr : &time);
+    return ready < 0 && isCalledOff() ? 1 : timedOutUnless(ready);
 }
 
 std::int32_t sendBytes(Socket socket, const void* bytes, std::int32_t length, std::int32_t flags) {
@@ -212,7 +225,8 @@ std::int32_t sendBytes(Socket socket, const void* bytes, std::int32_t length, st
 }
 
 std::int32_t receiveBytes(Socket socket, void* bytes, std::int32_t length, std::int32_t flags) {
-    return ::recv(systemHandle(socket), static_cast<char*>(bytes), length, flags);
+    const int count = ::recv(systemHandle(socket), static_cast<char*>(bytes), length, flags);
+    return count < 0 && isCalledOff() ? 0 : count;
 }
 
 std::int32_t lastSocketError() { return ::WSAGetLastError(); }

@@ -16,8 +16,6 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 /// A connected socket and the other end of it.
-constexpr const char* wineResets = "Wine ends in order even where a reset was asked for";
-
 class TcpSocketTest : public testing::Test {
 protected:
     void connect() {
@@ -194,7 +192,7 @@ TEST_F(TcpSocketTest, WaitsForInputWhateverTheFlags) {
 TEST_F(TcpSocketTest, AnswersTheNegatedSystemErrorOfAFailedReceive) {
     EXPECT_EQ(receive(1), "");
     EXPECT_LT(received, TcpSocket::waitFailed) << "there is no connection";
-    if (testsupport::runsByWine()) GTEST_SKIP() << wineResets;
+    if (testsupport::runsByWine()) GTEST_SKIP() << testsupport::wineResets;
     connect();
     peer.reset();
     receive(1, 5);
@@ -234,7 +232,7 @@ TEST_F(TcpSocketTest, ClosesWithAReset) {
     connect();
     socket.close(-1);
     EXPECT_EQ(socket.handle(), 0);
-    if (testsupport::runsByWine()) GTEST_SKIP() << wineResets;
+    if (testsupport::runsByWine()) GTEST_SKIP() << testsupport::wineResets;
     EXPECT_FALSE(peer.seesOrderlyEnd());
 }
 

@@ -12,6 +12,9 @@
 
 namespace loopback {
 
+/// Before any socket is made, for as long as the process lives.
+inline const bool isReady = platform::startSockets();
+
 inline double secondsSince(std::chrono::steady_clock::time_point start) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }

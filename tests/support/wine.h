@@ -9,4 +9,9 @@ namespace testsupport {
 /// scripts/test-windows sets the variable.
 inline bool runsByWine() { return platform::getenv("WINEPREFIX") != nullptr; }
 
+/// How often to do what costs Wine a question to another process each time.
+inline int rounds(int wanted) { return runsByWine() ? wanted / 50 : wanted; }
+
+inline constexpr const char* wineResets = "Wine ends in order even where a reset was asked for";
+
 } // namespace testsupport
