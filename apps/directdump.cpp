@@ -155,6 +155,7 @@ Status rewrite(QFile& file, const Options& options) {
     if (!output.isOpen()) return failure();
     const Status status =
         read(file, options, [&](const Message& m, qint64 offset) { output.add(m, offset); });
+    file.close(); // a file that is open can't be replaced on every system
     return output.commit() ? status : failure();
 }
 
