@@ -18,7 +18,7 @@ function(brix_defaults target)
 endfunction()
 
 # brix_test(NAME SOURCES... LIBS libraries...): one GoogleTest program. With the basic library comes a
-# heap that scripts/inject-faults can tell to refuse; on Windows, a message to the user is printed.
+# heap that scripts/inject-faults can tell to refuse.
 function(brix_test name)
   cmake_parse_arguments(arg "" "" "SOURCES;LIBS" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
@@ -29,9 +29,7 @@ function(brix_test name)
   if("zelbasictypes" IN_LIST arg_LIBS OR "component" IN_LIST arg_LIBS OR "host" IN_LIST arg_LIBS)
     target_link_libraries(${name} PRIVATE faultyheap-program)
   endif()
-  if(WIN32)
-    target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/printedmessage.cpp)
-  endif()
+  brix_print_messages(${name})
   brix_register_test(${name} 120)
 endfunction()
 
@@ -43,6 +41,14 @@ function(brix_test_compilation target)
   target_compile_options(${target} PRIVATE
     $<$<CONFIG:RelWithDebInfo>:-O1> $<$<BOOL:${UNIX}>:-fPIC>
     $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds -Wno-restrict -Wno-stringop-overflow>)
+endfunction()
+
+# brix_print_messages(TARGET): on Windows, messages to the user are printed, where nobody is there to
+# read them away; elsewhere they are anyway.
+function(brix_print_messages target)
+  if(WIN32)
+    target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/printedmessage.cpp)
+  endif()
 endfunction()
 
 # brix_register_test(NAME SECONDS): each case of the GoogleTest program NAME as a test. In a cross
@@ -60,4 +66,12 @@ function(brix_register_test name seconds)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
     PROPERTIES TIMEOUT ${seconds}
     ENVIRONMENT "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/cmake/leaks.txt:print_suppressions=0")
+endfunction()
+
+# brix_lock_traces(NAME): for a program whose tests look into frame traces. Windows has one place for
+# all of them, so that no two such programs can run at a time there.
+function(brix_lock_traces name)
+  if(CMAKE_CROSSCOMPILING)
+    set_tests_properties(${name} PROPERTIES RESOURCE_LOCK frame-traces)
+  endif()
 endfunction()

@@ -2,6 +2,7 @@
 // brix-import with the real component, on model files made here and with servers that fail.
 #include "tests/apps/brixprocess.h"
 #include "tests/apps/modelfile.h"
+#include "tests/apps/serverend.h"
 
 #include <QElapsedTimer>
 
@@ -126,10 +127,11 @@ TEST_F(ComponentTest, GivesAReasonForEachWayInWhichAServerLeavesNoModel) {
     ASSERT_TRUE(garbage.open(QIODevice::WriteOnly) && empty.open(QIODevice::WriteOnly));
     garbage.write("no records at all");
     garbage.close();
-    const std::pair<QStringList, const char*> cases[] = {
+    const std::pair<QStringList, std::string> cases[] = {
         {{}, "the server came to its end and left neither a model file nor a report"},
-        {{"-FakeCrash"}, "the server crashed and left neither a model file nor a report"},
-        {{"-FakeExit", "7"}, "the server ended with exit code 7 and left neither"},
+        {{"-FakeCrash"},
+         serverEnd("the server crashed") + " and left neither a model file nor a report"},
+        {{"-FakeExit", "7"}, serverEnd("the server ended with exit code 7") + " and left neither"},
         {{"-FakeCopy", garbage.fileName(), base + ".direct"},
          "the model file holds no model that can be read (17 bytes)"},
         {{"-FakeCopy", empty.fileName(), base + ".direct"}, "the model file is empty"},

@@ -2,6 +2,8 @@
 // brix-import over a control connection, with the real component.
 #include "tests/apps/brixprocess.h"
 #include "tests/apps/modelfile.h"
+#include "tests/apps/serverend.h"
+#include "tests/support/tracefiles.h"
 
 #include <QElapsedTimer>
 
@@ -27,10 +29,6 @@ protected:
                 model,         base + ".direct", "-TalkResult",   base + ".direct",
                 "-TalkSend",   "Finish",         "-TalkAwait",    "Finish"};
     }
-    QByteArray trace(const char* which) const {
-        QFile file(directory.filePath("Temp/CADImportClientControl") + which + "Trace.xml");
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
 
     QString base = directory.filePath("part");
     QString part = directory.filePath("part.step");
@@ -50,10 +48,11 @@ TEST_F(LiveTest, ImportsTheModelThatTheServerNames) {
 }
 
 TEST_F(LiveTest, TracesFramesWhenAskedTo) {
+    const testsupport::TraceFiles files;
+    const auto trace = [&files](const char* which) { return files.content(which); };
     QProcessEnvironment environment = process.processEnvironment();
-    environment.insert("ZEL_DRIVE_C", directory.path());
+    environment.insert("ZEL_DRIVE_C", files.drive.path());
     process.setProcessEnvironment(environment);
-    ASSERT_TRUE(QDir(directory.path()).mkdir("Temp"));
     EXPECT_EQ(run(talking(serving())).status, 0);
     EXPECT_EQ(trace("Send") + trace("Read"), "");
     EXPECT_EQ(run(talking(serving()) + QStringList("--trace-frames")).status, 0);
@@ -63,11 +62,12 @@ TEST_F(LiveTest, TracesFramesWhenAskedTo) {
 }
 
 TEST_F(LiveTest, GivesAReasonWhenNoModelIsNamed) {
-    const std::pair<QStringList, const char*> cases[] = {
+    const std::pair<QStringList, std::string> cases[] = {
         {{}, "the server came to its end and named no model file"},
-        {{"-TalkListen", "-FakeCrash"}, "the server crashed and named no model file"},
+        {{"-TalkListen", "-FakeCrash"},
+         serverEnd("the server crashed") + " and named no model file"},
         {{"-TalkListen", "-TalkSend", "Escape", "-TalkAwait", "Finish", "-FakeExit", "5"},
-         "the server ended with exit code 5 and named no model file"},
+         serverEnd("the server ended with exit code 5") + " and named no model file"},
         {{"-TalkListen", "-TalkResult", "part.igs", "-TalkSend", "Finish"}, "named no model file"},
     };
     for (const auto& [deeds, reason] : cases) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/process.h"
+#include "tests/apps/plaintext.h"
 #include "tests/support/temporaryvariables.h"
 
 #include <QDir>
@@ -41,14 +42,8 @@ protected:
     ImportResult finish() {
         EXPECT_TRUE(process.waitForFinished(limitMs));
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-        return {process.exitCode(), textOf(process.readAllStandardOutput()),
-                textOf(process.readAllStandardError())};
-    }
-    /// How lines end is the system's affair.
-    static std::string textOf(const QByteArray& bytes) {
-        std::string text = bytes.toStdString();
-        std::erase(text, '\r');
-        return text;
+        return {process.exitCode(), plainText(process.readAllStandardOutput()),
+                plainText(process.readAllStandardError())};
     }
     ImportResult run(const QStringList& words) {
         start(words);

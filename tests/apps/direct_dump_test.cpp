@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // direct-dump as a process, on sound files and on others.
+#include "tests/apps/plaintext.h"
 #include "tests/cadimport/samplemessages.h"
 
 #include <QFile>
@@ -25,8 +26,8 @@ protected:
         process.start(DIRECT_DUMP, words);
         EXPECT_TRUE(process.waitForFinished(60000));
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-        return {process.exitCode(), process.readAllStandardOutput().toStdString(),
-                process.readAllStandardError().toStdString()};
+        return {process.exitCode(), apps::plainText(process.readAllStandardOutput()),
+                apps::plainText(process.readAllStandardError())};
     }
     QString path(const char* name) const { return directory.filePath(name); }
     QString write(const QByteArray& bytes) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // kor-dump as a process, on sound files and on others.
+#include "tests/apps/plaintext.h"
 #include "tests/zelbasictypes/modelbytes.h"
+#include "tests/zelbasictypes/sampleguid.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -19,7 +21,6 @@ struct Result {
     std::string output, errors;
 };
 
-const ZelGuid sample{0x01AB2345, 0x6789, 0x00CD, {0xEF, 0x01, 0x00, 0x45, 0x67, 0x89, 0xAB, 0xCD}};
 const char* const sampleText = "{01ab2345-6789-00cd-ef01-00456789abcd}";
 
 class KorDump : public testing::Test {
@@ -29,8 +30,8 @@ protected:
         process.start(KOR_DUMP, words);
         EXPECT_TRUE(process.waitForFinished(60000));
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-        return {process.exitCode(), process.readAllStandardOutput().toStdString(),
-                process.readAllStandardError().toStdString()};
+        return {process.exitCode(), apps::plainText(process.readAllStandardOutput()),
+                apps::plainText(process.readAllStandardError())};
     }
     QString path() const { return directory.filePath("file"); }
     QString write(const Bytes& bytes) {
@@ -59,7 +60,8 @@ std::vector<Json> offsets(const Json& dump, const char* kind) {
 
 TEST_F(KorDump, ShowsTheTreeAsText) {
     const Bytes vector = block(true, 0x10000, 0, bytes("3FF0000000000000") + Bytes(16));
-    const Bytes object = block(true, 0x0B0002, 3, guidBytes(sample) + bytes("00000007") + vector);
+    const Bytes object =
+        block(true, 0x0B0002, 3, guidBytes(sampleGuid) + bytes("00000007") + vector);
     const Result result = run({write(modelFile(true, object + block(true, 5, 9, {})))});
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.errors, "");
@@ -86,7 +88,7 @@ TEST_F(KorDump, ShowsEveryKindOfValue) {
         {0x10005, "wide text", bytes("0061 20AC D83D DE00 D83D"), "a\u20AC\U0001F600\uFFFD"},
         {0x10005, "wide text", {}, ""},
         {0x10007, "four doubles", Bytes(24) + one, {0.0, 0.0, 0.0, 1.0}},
-        {0x10008, "identifier", guidBytes(sample), sampleText},
+        {0x10008, "identifier", guidBytes(sampleGuid), sampleText},
         {0x10009, "pair of doubles", one + bytes("7FF8000000000000"), {1.0, nullptr}},
         {0x10010, "pair of floats", bytes("3F800000 BF000000"), {1.0, -0.5}},
     };
@@ -176,7 +178,7 @@ TEST_F(KorDump, FollowsAnyDepth) {
 TEST_F(KorDump, PassesTheHolesOfSparseFilesQuickly) {
     const std::uint64_t hole = std::uint64_t{5} << 30;
     const Bytes vector = block(true, 0x10000, 0, Bytes(24));
-    Bytes head = modelFile(true, block(true, 0x0B0002, 0, guidBytes(sample)));
+    Bytes head = modelFile(true, block(true, 0x0B0002, 0, guidBytes(sampleGuid)));
     setLength(head, 0, true, head.size() + hole + vector.size());
     setLength(head, 12, true, 28 + hole);
     write(head);

@@ -5,7 +5,7 @@
 //   -FakeEnv NAME      and, behind them, NAME=VALUE as it sees it
 //   -FakeCopy FROM TO  copies a file, as a model or an export
 //   -FakeSleep MS      lives that long
-//   -FakeCrash         ends by a signal
+//   -FakeCrash         ends by a fault
 //   -FakeExit CODE     ends with that status
 // In a conversation, on the port that stands behind -ControlSocket:
 //   -TalkListen        listens and takes the next client
@@ -110,7 +110,7 @@ int main(int argc, char** argv) {
         if (word == "-FakeSleep") {
             std::this_thread::sleep_for(std::chrono::milliseconds(std::stoi(words.at(i + 1))));
         }
-        if (word == "-FakeCrash") std::abort();
+        if (word == "-FakeCrash") __builtin_trap();
         if (word == "-FakeExit") status = std::stoi(words.at(i + 1));
     }
     return status;

@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// The trace files, whose drive is a directory of the test's where drives can be chosen.
+// The trace files of a connection.
 #include "client/clientcontrolthread.h"
 
-#include "platform/file.h"
 #include "tests/support/loopback.h"
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
+#include "tests/support/tracefiles.h"
 
 #include <gtest/gtest.h>
 
@@ -15,31 +11,9 @@ namespace {
 
 class MessageTraceTest : public testing::Test {
 protected:
-    MessageTraceTest() {
-        qputenv("ZEL_DRIVE_C", QFile::encodeName(drive.path()));
-        folder = QString::fromStdU16String(platform::nativePath(u"C:\\Temp"));
-        QDir().mkpath(folder);
-        removeTraces();
-    }
-    ~MessageTraceTest() override {
-        removeTraces();
-        QDir().rmdir(folder);
-        qunsetenv("ZEL_DRIVE_C");
-    }
+    QByteArray trace(const char* which) const { return files.content(which); }
 
-    QString path(const char* which) const {
-        return folder + "/CADImportClientControl" + which + "Trace.xml";
-    }
-    void removeTraces() const {
-        for (const char* which : {"Read", "Send"}) QFile::remove(path(which));
-    }
-    QByteArray trace(const char* which) const {
-        QFile file(path(which));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
-    QTemporaryDir drive;
-    QString folder;
+    testsupport::TraceFiles files;
 };
 
 const char okBlock[] = "<QByteArray length=\"12\">\n"
@@ -64,9 +38,9 @@ TEST_F(MessageTraceTest, WritesTenBytesALineAndAppendsBlocks) {
 }
 
 TEST_F(MessageTraceTest, LeavesNothingWhereTheDirectoryIsMissing) {
-    if (!QDir().rmdir(folder)) GTEST_SKIP() << "somebody else's files are in C:\\Temp";
+    if (!QDir().rmdir(files.folder)) GTEST_SKIP() << "somebody else's files are in C:\\Temp";
     ClientControlThread::writeReadTrace("x");
-    EXPECT_FALSE(QDir(folder).exists());
+    EXPECT_FALSE(QDir(files.folder).exists());
 }
 
 TEST_F(MessageTraceTest, TracesAConversationOnlyWhenToldTo) {

@@ -12,7 +12,7 @@ namespace apps {
 namespace {
 
 constexpr long usualPicks = 8;
-constexpr int outOfMemory = 255;
+constexpr int outOfMemory = -1; ///< of which a POSIX system keeps eight bits
 
 QByteArray contents(const QString& name) {
     QFile file(name);
@@ -38,7 +38,9 @@ protected:
         QDir(temporary.path()).removeRecursively(); // a run that ended early left its own
         QDir().mkpath(temporary.path());
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("TMPDIR", temporary.path());
+        for (const char* name : testsupport::temporaryVariables) {
+            environment.insert(name, temporary.path());
+        }
         environment.insert("LSAN_OPTIONS", "exitcode=0");
         environment.insert(variable, value);
         process.setProcessEnvironment(environment);
@@ -85,7 +87,7 @@ protected:
             EXPECT_EQ(leftBehind(), QStringList());
             EXPECT_FALSE(result.says("LeakSanitizer")) << result.errors;
         } else { // what the stack held when it ended may look like a leak
-            EXPECT_EQ(result.status, outOfMemory) << result.output << result.errors;
+            EXPECT_EQ(result.status & 0xff, outOfMemory & 0xff) << result.output << result.errors;
             EXPECT_TRUE(result.says("run out of memory")) << result.errors;
         }
         EXPECT_TRUE(QDir(spills.path()).isEmpty());

@@ -5,6 +5,7 @@
 
 #include "tests/zelbasictypes/assertioncounter.h"
 #include "tests/zelbasictypes/modelbytes.h"
+#include "tests/zelbasictypes/sampleguid.h"
 #include "tests/zelbasictypes/streams.h"
 #include "tests/zelbasictypes/temporarydirectory.h"
 #include "zelbasictypes/data/binio.h"
@@ -19,8 +20,6 @@
 #include <functional>
 
 namespace {
-
-const ZelGuid sample{0x01AB2345, 0x6789, 0x00CD, {0xEF, 0x01, 0x00, 0x45, 0x67, 0x89, 0xAB, 0xCD}};
 
 Bytes goldenFile(const std::string& name) {
     std::ifstream file(std::string(GOLDEN_DIRECTORY) + "/" + name + ".hex");
@@ -47,7 +46,7 @@ template <class T> Form value(const char* name, const T& sent) {
 }
 
 struct Named final : ZelIdentified {
-    const ZelGuid& classGuid() override { return sample; }
+    const ZelGuid& classGuid() override { return sampleGuid; }
 };
 
 void writeObject(ZelFileWrite& writer, std::int32_t number, std::uint32_t version,
@@ -65,9 +64,9 @@ void copyObject(ZelFileRead& reader, ZelFileWrite& writer) {
     std::uint32_t version = 0;
     std::int32_t number = 0;
     ZelVector3 v;
-    EXPECT_EQ(*reader.peekGuid(), sample);
+    EXPECT_EQ(*reader.peekGuid(), sampleGuid);
     EXPECT_TRUE(reader.beginObject(nullptr, version));
-    EXPECT_EQ(*reader.currentGuid(), sample);
+    EXPECT_EQ(*reader.currentGuid(), sampleGuid);
     reader >> number;
     EXPECT_TRUE(reader.isNextObject(ZelGuid()));
     EXPECT_TRUE(reader.skipBlock());
@@ -119,7 +118,7 @@ ZelMatrix4 countingMatrix() {
 
 std::vector<Form> forms() {
     return {
-        value("guid", sample),
+        value("guid", sampleGuid),
         value("vector", ZelVector3{1, 2.5, 3}),
         value("matrix", countingMatrix()),
         value("fourdoubles", Quaternion{{1, 0, 0, -1}}),
@@ -412,11 +411,11 @@ TEST(ZelFileRead, TheFirstFileBlockOfAStreamDecidesTheWidth) {
 }
 
 TEST(ZelFileRead, LooksAheadWithoutMoving) {
-    const Bytes object = block(true, zelblock::object, 9, guidBytes(sample));
+    const Bytes object = block(true, zelblock::object, 9, guidBytes(sampleGuid));
     Reading reading(modelFile(true, object + block(true, 5, 2, {})));
     ZelFileRead& reader = reading.reader;
     std::int32_t version = 0;
-    EXPECT_TRUE(reader.isNextObject(sample, &version));
+    EXPECT_TRUE(reader.isNextObject(sampleGuid, &version));
     EXPECT_EQ(version, 9);
     EXPECT_FALSE(reader.isNextObject(ZelGuid(), &version));
     EXPECT_EQ(version, -1);
@@ -425,20 +424,20 @@ TEST(ZelFileRead, LooksAheadWithoutMoving) {
     EXPECT_FALSE(reader.isNextBlock(5, &version));
     EXPECT_EQ(version, -1);
     EXPECT_EQ(reader.peekTag(), zelblock::object);
-    EXPECT_EQ(*reader.peekGuid(), sample);
+    EXPECT_EQ(*reader.peekGuid(), sampleGuid);
     EXPECT_TRUE(reader.peekName()->isEmpty());
     EXPECT_EQ(reading.position(), 12);
     EXPECT_TRUE(reader.good());
     reader.skipBlock();
-    EXPECT_FALSE(reader.isNextObject(sample));
+    EXPECT_FALSE(reader.isNextObject(sampleGuid));
     reader.skipBlock();
     EXPECT_FALSE(reader.isNextBlock(5, &version));
     EXPECT_EQ(reader.peekTag(), 0xFFFFFFu);
     EXPECT_TRUE(reader.good());
 
-    Bytes cut = modelFile(true, block(true, zelblock::object, 0, guidBytes(sample)));
+    Bytes cut = modelFile(true, block(true, zelblock::object, 0, guidBytes(sampleGuid)));
     setLength(cut, 12, true, 29);
-    EXPECT_FALSE(Reading(cut).reader.isNextObject(sample));
+    EXPECT_FALSE(Reading(cut).reader.isNextObject(sampleGuid));
 }
 
 TEST(ZelFileRead, ExpectsTagsAndVersions) {

@@ -3,6 +3,7 @@
 #include "zelbasictypes/data/zelguid.h"
 
 #include "tests/zelbasictypes/bytes.h"
+#include "tests/zelbasictypes/sampleguid.h"
 #include "zelbasictypes/data/binmemory.h"
 #include "zelbasictypes/text/korcstring.h"
 
@@ -13,7 +14,6 @@
 
 namespace {
 
-const ZelGuid sample{0x01AB2345, 0x6789, 0x00CD, {0xEF, 0x01, 0x00, 0x45, 0x67, 0x89, 0xAB, 0xCD}};
 const char* const sampleText = "{01ab2345-6789-00cd-ef01-00456789abcd}";
 const char* const sampleList =
     "0x1ab2345, 0x6789, 0xcd, 0xef, 0x1, 0x0, 0x45, 0x67, 0x89, 0xab, 0xcd";
@@ -31,30 +31,31 @@ std::string listOf(const ZelGuid& id) {
 }
 
 ZelGuid fromText(const char* text) {
-    ZelGuid id = sample;
+    ZelGuid id = sampleGuid;
     id.fromText(text);
     return id;
 }
 
 ZelGuid fromList(const char* text) {
-    ZelGuid id = sample;
+    ZelGuid id = sampleGuid;
     id.fromList(text);
     return id;
 }
 
 TEST(ZelGuid, TakesItsStoredFormWholeOrNotAtAll) {
     BinOutputMemory output;
-    EXPECT_TRUE(sample.write(output));
+    EXPECT_TRUE(sampleGuid.write(output));
     output.flushBuffer();
     EXPECT_EQ(output.bytes(), bytes("01 AB 23 45 67 89 00 CD EF 01 00 45 67 89 AB CD"));
     for (std::size_t length = 0; length <= 16; ++length) {
         BinInputMemory input(output.bytes().data(), length);
         ZelGuid read{1, 2, 3, {4}};
         EXPECT_EQ(read.read(input), length == 16) << length;
-        EXPECT_TRUE(ZelGuid::equals(read, length == 16 ? sample : ZelGuid{1, 2, 3, {4}})) << length;
+        EXPECT_TRUE(ZelGuid::equals(read, length == 16 ? sampleGuid : ZelGuid{1, 2, 3, {4}}))
+            << length;
     }
     ASSERT_TRUE(output.close());
-    EXPECT_FALSE(sample.write(output));
+    EXPECT_FALSE(sampleGuid.write(output));
 }
 
 TEST(ZelGuid, ComparesFieldsInTurnAsUnsignedNumbers) {
@@ -94,10 +95,10 @@ TEST(ZelGuid, GeneratesDifferentRandomValues) {
 }
 
 TEST(ZelGuid, WritesAndReadsBothTexts) {
-    EXPECT_EQ(textOf(sample), sampleText);
-    EXPECT_EQ(fromText(sampleText), sample);
-    EXPECT_EQ(listOf(sample), sampleList);
-    EXPECT_EQ(fromList(sampleList), sample);
+    EXPECT_EQ(textOf(sampleGuid), sampleText);
+    EXPECT_EQ(fromText(sampleText), sampleGuid);
+    EXPECT_EQ(listOf(sampleGuid), sampleList);
+    EXPECT_EQ(fromList(sampleList), sampleGuid);
     EXPECT_EQ(textOf(ZelGuid()), "{00000000-0000-0000-0000-000000000000}");
     EXPECT_EQ(fromText("{00000000-0000-0000-0000-000000000000}"), ZelGuid());
 
@@ -107,7 +108,7 @@ TEST(ZelGuid, WritesAndReadsBothTexts) {
 }
 
 TEST(ZelGuid, BraceTextLooksAtDigitsOnly) {
-    EXPECT_EQ(fromText("(01AB2345/6789/00CD/EF01/00456789ABCD)"), sample);
+    EXPECT_EQ(fromText("(01AB2345/6789/00CD/EF01/00456789ABCD)"), sampleGuid);
     const ZelGuid cut = fromText("{01a-2345-6---00cd-ef01-00456789abcz}");
     EXPECT_EQ(cut, ZelGuid()); // 37 characters
     const ZelGuid upToTheFirstOther = fromText("{01ag2345-6----00cd-e.01-00456789abcz}");
@@ -124,7 +125,7 @@ TEST(ZelGuid, BadBraceTextGivesNil) {
           "{01ab2345-6789-00cd-ef01-00456789ab+d}"}) {
         EXPECT_EQ(fromText(text), ZelGuid()) << text;
     }
-    ZelGuid id = sample;
+    ZelGuid id = sampleGuid;
     id.fromText(KorCString());
     EXPECT_EQ(id, ZelGuid());
 }
@@ -143,7 +144,7 @@ TEST(ZelGuid, ListKeepsTheFieldsInFrontOfTheFirstBadOne) {
         {"1,2,3,fe,what", {1, 2, 3, {0xFE}}},
     };
     for (const auto& c : cases) EXPECT_EQ(fromList(c.text), c.id) << c.text;
-    ZelGuid id = sample;
+    ZelGuid id = sampleGuid;
     id.fromList(KorCString());
     EXPECT_EQ(id, ZelGuid());
 }
