@@ -9,14 +9,14 @@
 namespace host {
 namespace {
 
-std::atomic<int> counted = 0;
+std::atomic<int> interrupts = 0;
 
 } // namespace
 
 void countInterrupts() {
-    platform::onInterrupt([] { ++counted; });
+    platform::onInterrupt([] { ++interrupts; });
 }
 
-int interruptCount() { return counted; }
+int interruptCount() { return interrupts; }
 
 } // namespace host

@@ -9,41 +9,41 @@
 namespace platform::test {
 namespace {
 
-constexpr const char16_t* name = u"ZEL_PLATFORM_TEST";
+constexpr const char16_t* variable = u"ZEL_PLATFORM_TEST";
 constexpr const char* narrowName = "ZEL_PLATFORM_TEST";
 
 class Environment : public testing::Test {
 protected:
-    void TearDown() override { setEnvironment(name, nullptr); }
+    void TearDown() override { setEnvironment(variable, nullptr); }
 };
 
 TEST_F(Environment, GivesBackValuesOfAnyLengthAndScript) {
     for (const std::u16string& value :
          {std::u16string(u"short"), std::u16string(79, u'a'), std::u16string(80, u'b'),
           std::u16string(5000, u'c'), std::u16string(u"\u6f22 \U0001F600 C:\\dir;x=y")}) {
-        ASSERT_TRUE(setEnvironment(name, value.c_str()));
+        ASSERT_TRUE(setEnvironment(variable, value.c_str()));
         std::u16string found = u"old";
-        EXPECT_TRUE(readEnvironment(name, found));
+        EXPECT_TRUE(readEnvironment(variable, found));
         EXPECT_EQ(found, value);
     }
 }
 
 TEST_F(Environment, TellsTheEmptyValueFromNone) {
     std::u16string found = u"old";
-    EXPECT_FALSE(readEnvironment(name, found));
+    EXPECT_FALSE(readEnvironment(variable, found));
     EXPECT_EQ(found, u"");
     EXPECT_EQ(getenv(narrowName), nullptr);
 
-    EXPECT_TRUE(setEnvironment(name, u""));
+    EXPECT_TRUE(setEnvironment(variable, u""));
     found = u"old";
-    EXPECT_TRUE(readEnvironment(name, found));
+    EXPECT_TRUE(readEnvironment(variable, found));
     EXPECT_EQ(found, u"");
     EXPECT_STREQ(getenv(narrowName), "");
 
-    EXPECT_TRUE(setEnvironment(name, u"value"));
+    EXPECT_TRUE(setEnvironment(variable, u"value"));
     EXPECT_STREQ(getenv(narrowName), "value");
-    EXPECT_TRUE(setEnvironment(name, nullptr));
-    EXPECT_FALSE(readEnvironment(name, found));
+    EXPECT_TRUE(setEnvironment(variable, nullptr));
+    EXPECT_FALSE(readEnvironment(variable, found));
 }
 
 TEST_F(Environment, RefusesNamesThatAreNone) {

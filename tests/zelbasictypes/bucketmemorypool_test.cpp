@@ -4,6 +4,7 @@
 
 #include "component/objects/iptr.h"
 #include "tests/zelbasictypes/fakehost.h"
+#include "tests/zelbasictypes/standardpool.h"
 
 #include <gtest/gtest.h>
 
@@ -16,12 +17,6 @@
 namespace {
 
 constexpr std::int32_t firstLookUps = 601;
-
-BucketMemoryPool* standardPool() {
-    return new BucketMemoryPool(BucketMemoryPool::standardGranularity,
-                                BucketMemoryPool::standardLinearMax,
-                                BucketMemoryPool::standardBucketMax);
-}
 
 class Pool : public testing::Test {
 protected:

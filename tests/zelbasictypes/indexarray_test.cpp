@@ -33,7 +33,7 @@ void fill(IndexArray& array, const Entries& entries) {
     }
 }
 
-template <class Write> Bytes written(Write write) {
+template <class Write> Bytes writtenBy(Write write) {
     BinOutputMemory out;
     EXPECT_TRUE(write(out));
     out.flushBuffer();
@@ -177,14 +177,14 @@ TEST(IndexArray, FindsNoRootWhereLinksLeadToNothing) {
 TEST(IndexArrayStream, WritesTheGoldenBytes) {
     IndexArray array;
     fill(array, {{1, 5}, {3, 0x01020304}, {2 * chunk, 1}});
-    EXPECT_EQ(written([&](BinOutput& out) { return array.write(out, 4); }), bytes(R"(
+    EXPECT_EQ(writtenBy([&](BinOutput& out) { return array.write(out, 4); }), bytes(R"(
         00 00 00 04
         00 00 00 00  00 00 00 05  00 00 00 00  01 02 03 04)"));
-    EXPECT_EQ(written([&](BinOutput& out) { return array.write(out, 0); }), bytes("00 00 00 00"));
-    const Bytes all = written([&](BinOutput& out) { return array.write(out); });
+    EXPECT_EQ(writtenBy([&](BinOutput& out) { return array.write(out, 0); }), bytes("00 00 00 00"));
+    const Bytes all = writtenBy([&](BinOutput& out) { return array.write(out); });
     EXPECT_EQ(bigendian::load<std::uint32_t>(all.data()), array.size());
     EXPECT_EQ(all.size(), 4 + 4 * std::size_t{array.size()});
-    EXPECT_EQ(all, written([&](BinOutput& out) { return array.write(out, 0x7FFFFFFF); }));
+    EXPECT_EQ(all, writtenBy([&](BinOutput& out) { return array.write(out, 0x7FFFFFFF); }));
     IndexArray again;
     fill(again, {{4, 4}, {9 * chunk, 4}});
     EXPECT_TRUE(readInto(again, all));
@@ -221,7 +221,7 @@ TEST(IndexArrayStream, MovesRangesChunkByChunkAndTellsHowFarItIs) {
         return true;
     };
     const Bytes bytes =
-        written([&](BinOutput& out) { return array.writeRange(out, first, last, hear); });
+        writtenBy([&](BinOutput& out) { return array.writeRange(out, first, last, hear); });
     EXPECT_EQ(bytes.size(), 4 * std::size_t(last - first + 1));
     EXPECT_EQ(shares.size(), 50U);
     EXPECT_FLOAT_EQ(shares.front(), 0.02F);
@@ -236,7 +236,7 @@ TEST(IndexArrayStream, MovesRangesChunkByChunkAndTellsHowFarItIs) {
 
 TEST(IndexArrayStream, MakesMissingChunksWhenItWritesARange) {
     IndexArray array(3 * chunk);
-    const Bytes bytes = written([&](BinOutput& out) { return array.writeRange(out, 0, 6143); });
+    const Bytes bytes = writtenBy([&](BinOutput& out) { return array.writeRange(out, 0, 6143); });
     EXPECT_EQ(bytes, Bytes(4 * 6144));
     EXPECT_TRUE(array.allChunksPresent());
 }

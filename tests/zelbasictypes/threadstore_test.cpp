@@ -5,6 +5,7 @@
 
 #include "component/objects/iptr.h"
 #include "tests/zelbasictypes/fakehost.h"
+#include "tests/zelbasictypes/standardpool.h"
 #include "zelbasictypes/memory/bucketmemorypool.h"
 #include "zelbasictypes/memory/heapseam.h"
 
@@ -50,12 +51,6 @@ void countingRelease(void* block) {
 std::size_t onHeap() {
     const std::lock_guard hold(heapMutex);
     return blocksOnHeap.size();
-}
-
-BucketMemoryPool* standardPool() {
-    return new BucketMemoryPool(BucketMemoryPool::standardGranularity,
-                                BucketMemoryPool::standardLinearMax,
-                                BucketMemoryPool::standardBucketMax);
 }
 
 /// A thread that stays and does what it is told.

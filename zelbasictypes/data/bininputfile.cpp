@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr std::uint64_t blockBytes = 0x10000;
+constexpr std::uint64_t readAtOnce = 0x10000;
 
 } // namespace
 
@@ -46,7 +46,7 @@ std::uint64_t BinInputFile::readAhead(void* buffer, std::uint64_t count) {
     auto* to = static_cast<std::uint8_t*>(buffer);
     std::uint64_t got = takeHeld(to, count);
     if (got == count) return got;
-    if (count - got < blockBytes) return fill() ? got + takeHeld(to + got, count - got) : got;
+    if (count - got < readAtOnce) return fill() ? got + takeHeld(to + got, count - got) : got;
     const std::uint64_t direct = std::fread(to + got, 1, count - got, file_);
     fileOffset_ += static_cast<std::int64_t>(direct);
     held_ = heldEnd_ = block_.get(); // what was held lies before what came past it
@@ -55,10 +55,10 @@ std::uint64_t BinInputFile::readAhead(void* buffer, std::uint64_t count) {
 
 bool BinInputFile::fill() {
     if (!block_) {
-        block_ = std::make_unique_for_overwrite<std::uint8_t[]>(blockBytes);
+        block_ = std::make_unique_for_overwrite<std::uint8_t[]>(readAtOnce);
         fileOffset_ = platform::tellStream(file_);
     }
-    const std::uint64_t got = std::fread(block_.get(), 1, blockBytes, file_);
+    const std::uint64_t got = std::fread(block_.get(), 1, readAtOnce, file_);
     fileOffset_ += static_cast<std::int64_t>(got);
     held_ = block_.get();
     heldEnd_ = held_ + got;
@@ -84,7 +84,7 @@ bool BinInputFile::seek(std::int64_t offset, bool fromStart) {
 
 /// A target not far ahead is read up to: moving the FILE costs more than the bytes in between.
 bool BinInputFile::seekHeld(std::int64_t offset) {
-    if (offset > fileOffset_ && offset - fileOffset_ < static_cast<std::int64_t>(blockBytes))
+    if (offset > fileOffset_ && offset - fileOffset_ < static_cast<std::int64_t>(readAtOnce))
         fill();
     const std::int64_t start = fileOffset_ - (heldEnd_ - block_.get());
     if (offset < start || offset > fileOffset_) return false;

@@ -6,15 +6,15 @@
 
 namespace {
 
-constinit ZelHeap current{std::malloc, std::realloc, std::free, std::exit};
+constinit ZelHeap heapInUse{std::malloc, std::realloc, std::free, std::exit};
 
 } // namespace
 
-const ZelHeap& zelHeap() { return current; }
+const ZelHeap& zelHeap() { return heapInUse; }
 
 void zelSetHeap(const ZelHeap& heap) {
-    current.allocate = heap.allocate ? heap.allocate : std::malloc;
-    current.reallocate = heap.reallocate ? heap.reallocate : std::realloc;
-    current.release = heap.release ? heap.release : std::free;
-    current.exitProcess = heap.exitProcess ? heap.exitProcess : std::exit;
+    heapInUse.allocate = heap.allocate ? heap.allocate : std::malloc;
+    heapInUse.reallocate = heap.reallocate ? heap.reallocate : std::realloc;
+    heapInUse.release = heap.release ? heap.release : std::free;
+    heapInUse.exitProcess = heap.exitProcess ? heap.exitProcess : std::exit;
 }

@@ -10,18 +10,18 @@
 
 namespace {
 
-constexpr std::uint32_t chunkEntries = BitVectorSplitter::chunkElements;
+constexpr std::uint32_t chunkLength = BitVectorSplitter::chunkElements;
 
 } // namespace
 
 bool IndexArray::write(BinOutput& out, std::int32_t limit) const {
-    static constexpr std::array<std::uint32_t, chunkEntries> zeros{};
+    static constexpr std::array<std::uint32_t, chunkLength> zeros{};
     const std::uint32_t count =
         limit < 0 ? size() : std::min(size(), static_cast<std::uint32_t>(limit));
     out.write(&count, 1);
-    for (std::uint32_t i = 0; i < count; i += chunkEntries) {
+    for (std::uint32_t i = 0; i < count; i += chunkLength) {
         const std::uint32_t* chunk = chunkAt(BitVectorSplitter::chunkOf(i));
-        out.write(chunk ? chunk : zeros.data(), std::min(count - i, chunkEntries));
+        out.write(chunk ? chunk : zeros.data(), std::min(count - i, chunkLength));
     }
     return out.good();
 }
@@ -32,11 +32,11 @@ bool IndexArray::read(BinInput& in) {
     const auto count = static_cast<std::uint32_t>(told);
     resize(0, false);
     bool isWhole = true;
-    for (std::uint32_t i = 0; i < count && isWhole; i += chunkEntries) {
-        std::array<std::uint32_t, chunkEntries> entries{};
-        isWhole = in.read(entries.data(), std::min(count - i, chunkEntries));
-        resize(i + chunkEntries, false);
-        if (!zelsets::areZero(entries.data(), chunkEntries))
+    for (std::uint32_t i = 0; i < count && isWhole; i += chunkLength) {
+        std::array<std::uint32_t, chunkLength> entries{};
+        isWhole = in.read(entries.data(), std::min(count - i, chunkLength));
+        resize(i + chunkLength, false);
+        if (!zelsets::areZero(entries.data(), chunkLength))
             std::copy(entries.begin(), entries.end(),
                       chunkForWriting(BitVectorSplitter::chunkOf(i)));
     }
@@ -54,7 +54,7 @@ bool IndexArray::overRange(std::int32_t first, std::int32_t last, const Progress
     for (std::int32_t done = 0; done < chunks;) {
         const std::int32_t base = (firstChunk + done) << 11;
         const std::int32_t from = std::max(first - base, 0);
-        const std::int32_t to = std::min(last - base, static_cast<std::int32_t>(chunkEntries) - 1);
+        const std::int32_t to = std::min(last - base, static_cast<std::int32_t>(chunkLength) - 1);
         std::uint32_t* entries = chunkForWriting(static_cast<std::uint32_t>(firstChunk + done));
         if (!transfer(entries + from, static_cast<std::uint64_t>(to - from) + 1)) return false;
         ++done;
