@@ -24,7 +24,7 @@ ABSENT = {
     "server_modelwriter_test": KERNEL,
     "server_process_test": KERNEL,
     "platform_posix_test": "is about the stand-in for Windows",
-    "HeapThatRefuses.EndsTestProgramsSoundly": "runs a script that starts programs of this machine",
+    "inject-faults": "runs a script that starts programs of this machine",
     "Package.BuildsAConsumerAndRunsFromWhereItIsInstalled": "is about the package of this machine",
 }
 
