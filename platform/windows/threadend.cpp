@@ -7,13 +7,11 @@
 
 namespace platform {
 
+/// Without a key to be had, what waits for the end of a thread stays with the process.
 void atThreadEnd(void (*callback)(void*), void* value) {
-    static const pthread_key_t key = [callback] {
-        pthread_key_t made{};
-        ::pthread_key_create(&made, callback);
-        return made;
-    }();
-    ::pthread_setspecific(key, value);
+    static pthread_key_t key{};
+    static const bool hasKey = ::pthread_key_create(&key, callback) == 0;
+    if (hasKey) ::pthread_setspecific(key, value);
 }
 
 } // namespace platform
