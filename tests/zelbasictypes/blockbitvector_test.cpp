@@ -177,6 +177,28 @@ TEST_F(BlockStorage, IsKeptOnTheFreeListUpToItsLimit) {
     EXPECT_EQ(stored(), 0U);
 }
 
+TEST_F(BlockStorage, OfTheFreeListNeedsNoMoreWhateverItsLimit) {
+    std::uint32_t* block = BlockBitVector::allocateBlock(0);
+    for (const std::int32_t limit : {0x7FFFFFFF, 1, -5}) {
+        zelSetHeap({[](std::size_t) -> void* { std::abort(); }, nullptr,
+                    [](void* freed) { heapBlocks.erase(freed), std::free(freed); }, nullptr});
+        BlockBitVector::setBlockFreeListLimit(limit);
+        BlockBitVector::releaseBlock(block);
+        EXPECT_EQ(stored(), limit > 0 ? 1U : 0U);
+        if (limit > 0) block = BlockBitVector::allocateBlock(0);
+    }
+}
+
+TEST_F(BlockStorage, GoesWithARangeThatIsClearedWithOrWithoutBits) {
+    BlockBitVector vector;
+    for (std::int32_t b = 0; b < 5; ++b) vector.set(b * blockBits + 7);
+    for (std::int32_t b = 1; b < 4; ++b) vector.clear(b * blockBits + 7);
+    EXPECT_EQ(stored(), 5U);
+    vector.clearRange(8, 4 * blockBits + 6);
+    EXPECT_EQ(stored(), 2U);
+    EXPECT_EQ(bitsOf(vector), (std::vector{7, 4 * blockBits + 7}));
+}
+
 TEST_F(BlockStorage, HoldsWhatItWasAskedFor) {
     BitVector::LargeWords array(4096);
     array.set(1, 7);

@@ -147,6 +147,13 @@ TEST(IndexArray, IsRenumberedInPlaceInAscendingOrder) {
     }
 }
 
+TEST(IndexArray, MayBeRenumberedByItself) {
+    IndexArray array;
+    fill(array, {{1, 2}, {5, 6}});
+    array.renumber(array);
+    EXPECT_EQ(entriesOf(array), (Entries{{2, 2}, {6, 6}}));
+}
+
 TEST(IndexArray, UnitesSetsUnderTheirSmallestElement) {
     constexpr std::uint32_t count = 5000;
     IndexArray forest(10);
@@ -172,6 +179,8 @@ TEST(IndexArray, FindsNoRootWhereLinksLeadToNothing) {
     EXPECT_EQ(entriesOf(forest), (Entries{{3, 2}}));
     EXPECT_EQ(forest.findRoot(9000), 0U);
     EXPECT_GT(forest.size(), 9000U);
+    EXPECT_EQ(forest.findRoot(0xFFFFF801), 0U);
+    EXPECT_EQ(entriesOf(forest), (Entries{{3, 2}}));
 }
 
 TEST(IndexArrayStream, WritesTheGoldenBytes) {

@@ -223,6 +223,7 @@ TEST(SetStream, TakesFromLyingStreamsWhatIsThere) {
         {"a highest bit short of the words", stream(2, 31, wordForm, 0, {1, 1}), {0, 32}},
         {"a form of its own", stream(2, 63, 2, 1, {3}), {}},
         {"indices out of range", stream(2, 63, listForm, 4, {64, unknown, 0x7FFFFFFF, 3}), {3}},
+        {"the lowest number in front", stream(2, 63, listForm, 3, {0x80000000, 3, 5}), {3, 5}},
         {"a negative count", stream(2, 63, listForm, 0x80000000, {3}), {}},
         {"one index twice", stream(2, 63, listForm, 2, {3, 3}), {3}}};
     for (const Case& each : cases) {

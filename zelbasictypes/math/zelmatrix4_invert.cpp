@@ -4,9 +4,10 @@
 // The second matrix of the elimination starts as the identity; at every step one more of its
 // columns differs from that, while one column of the first matrix is done with. So one working copy
 // holds both, the new column where the finished one was. Exchanged rows leave its columns in
-// another order, which is undone at the end. Every number goes through the operations that it would
-// in two matrices, down to the last bit. Only a number that isn't finite would also meet zeros that
-// one copy doesn't hold, and then two matrices do it over.
+// another order, which is undone at the end. Columns that are still the identity's hold zeros of
+// one sign in a row, and that is kept too. So every number goes through the operations that it
+// would in two matrices, down to the last bit. Only a number that isn't finite would also meet
+// zeros that one copy doesn't hold, and then two matrices do it over.
 #include "zelbasictypes/math/zelmatrix4.h"
 
 #include <cmath>
@@ -26,6 +27,7 @@ struct Row {
 /// registers.
 struct Square {
     Row row[4];
+    double zero[4] = {}; ///< what a row holds in the second matrix's columns that are yet to come
 };
 
 template <int column> ZEL_INLINE double entry(const Row& row) {
@@ -76,19 +78,23 @@ template <int column> ZEL_INLINE void exchangeRows(Square& s, int with) {
     std::swap(s.row[column], s.row[3]);
 }
 
-template <int column> ZEL_INLINE void divide(Row& row) {
+template <int column> ZEL_INLINE void divide(Square& s) {
+    Row& row = s.row[column];
     const double pivot = entry<column>(row);
     row = replaced<column>(row, 1);
     row.lo /= Pair{pivot, pivot};
     row.hi /= Pair{pivot, pivot};
+    s.zero[column] = std::copysign(0.0, pivot);
 }
 
 template <int column, int rows, int at> ZEL_INLINE void subtract(Square& s) {
     if constexpr (at != column && at < rows) {
         const double factor = entry<column>(s.row[at]);
-        const Row cleared = replaced<column>(s.row[at], 0);
+        const Row cleared = replaced<column>(s.row[at], s.zero[at]);
         s.row[at].lo = cleared.lo - s.row[column].lo * Pair{factor, factor};
         s.row[at].hi = cleared.hi - s.row[column].hi * Pair{factor, factor};
+        // A row that was no pivot yet takes from +0, which stays that.
+        if constexpr (at < column) s.zero[at] -= s.zero[column] * factor;
     }
 }
 
@@ -96,7 +102,7 @@ template <int column, int rows> ZEL_INLINE bool clear(Square& s, int& pivot) {
     pivot = pivotRow<column, rows>(s);
     if (pivot < 0) return false;
     exchangeRows<column>(s, pivot);
-    divide<column>(s.row[column]);
+    divide<column>(s);
     subtract<column, rows, 0>(s);
     subtract<column, rows, 1>(s);
     subtract<column, rows, 2>(s);
@@ -143,15 +149,16 @@ ZEL_INLINE bool invertAll(Square& s) {
     return true;
 }
 
-/// The last step would divide by 1 and take the shift from 0.
+/// The last row stays as it is, and the last step has nothing to divide.
 ZEL_INLINE bool invertAffine(Square& s) {
     int pivots[3];
     if (!clear<0, affine>(s, pivots[0]) || !clear<1, affine>(s, pivots[1]) ||
         !clear<2, affine>(s, pivots[2]))
         return false;
-    s.row[0] = replaced<3>(s.row[0], -entry<3>(s.row[0]));
-    s.row[1] = replaced<3>(s.row[1], -entry<3>(s.row[1]));
-    s.row[2] = replaced<3>(s.row[2], -entry<3>(s.row[2]));
+    s.row[3] = {Pair{0, 0}, Pair{0, 1}};
+    subtract<3, affine, 0>(s);
+    subtract<3, affine, 1>(s);
+    subtract<3, affine, 2>(s);
     restoreColumns(s, pivots);
     return true;
 }

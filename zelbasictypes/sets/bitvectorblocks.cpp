@@ -64,7 +64,8 @@ BitVector& BitVector::operator-=(const BlockBitVector& other) {
 /// For operations that 0 on both sides leaves at 0. Makes a missing chunk only where words come
 /// that aren't all 0; taking bits out of it would do no harm.
 void BitVector::combineBlocks(const BlockBitVector& other, CombineWords combine) {
-    for (std::int32_t b = 0; b <= other.lastUsedBlock(); ++b) {
+    const std::int32_t last = other.lastUsedBlock();
+    for (std::int32_t b = 0; b <= last; ++b) {
         const std::int32_t w = b * BlockBitVector::blockWords;
         if (w >= wordCount()) break;
         const std::uint32_t* from = other.wordsOf(b);

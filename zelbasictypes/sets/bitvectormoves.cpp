@@ -131,11 +131,12 @@ void BitVector::thin(std::int32_t n) {
 }
 
 void BitVector::thinRandomly(double fraction, IZelRandom* random) {
-    const SPtr<IZelRandom> service;
     if (!random) {
-        random = service.iface;
-        if (!random) return;
-        random->seed(static_cast<std::int32_t>(2U * static_cast<std::uint32_t>(count()) + 412U));
+        const SPtr<IZelRandom> service;
+        if (!service.iface) return;
+        service.iface->seed(
+            static_cast<std::int32_t>(2U * static_cast<std::uint32_t>(count()) + 412U));
+        return thinRandomly(fraction, service.iface);
     }
     std::int32_t remaining = count();
     const double wanted = remaining * fraction + 0.5;

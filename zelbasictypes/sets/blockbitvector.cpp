@@ -193,16 +193,16 @@ void BlockBitVector::clearRange(std::int32_t first, std::int32_t last) {
     if (isTouched) numSet_ = unknownCount;
 }
 
-/// Whether there was anything to clear from.
+/// Whether there was anything to clear from. A whole block gives its storage back.
 bool BlockBitVector::clearInBlock(std::int32_t b, std::int32_t first, std::int32_t last) {
-    if (!hasBits(b)) return false;
+    const bool hadBits = hasBits(b);
     if (first == 0 && last == blockBits - 1) {
         becomeEmpty(b);
-    } else {
+    } else if (hadBits) {
         clearBits(makeWords(b), first, last);
         blockCounts[b] = unknownCount;
     }
-    return true;
+    return hadBits;
 }
 
 std::int32_t BlockBitVector::recount() const {

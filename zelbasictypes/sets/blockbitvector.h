@@ -117,7 +117,8 @@ public:
     static void releaseBlock(std::uint32_t*& block);
     /// How many blocks the free list keeps; 512 unless set. Blocks above that are freed.
     static void setBlockFreeListLimit(std::int32_t limit);
-    /// Frees the list. For shutdown, when no other thread uses it: takes no lock.
+    /// Frees the list's blocks, and its limit is the usual one again. For shutdown, when no other
+    /// thread uses it: takes no lock.
     static void destroyBlockFreeList();
 
 private:

@@ -44,7 +44,7 @@ bool BlockBitVector::read(BinInput& in) {
         readWordForm(in, words);
     } else {
         ListReader list(in, head.count);
-        for (std::int32_t i = list.next(); i != ListReader::noMore; i = list.next())
+        for (std::int32_t i = 0; list.next(i);)
             if (i >= 0 && i <= BitVector::lastOf(words)) set(i);
     }
     compact();

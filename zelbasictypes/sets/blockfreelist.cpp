@@ -5,20 +5,38 @@
 #include "zelbasictypes/sets/blockbitvector.h"
 
 #include <algorithm>
-#include <utility>
+#include <cstring>
 
 namespace {
 
 constexpr std::int32_t usualLimit = 512;
 
-/// A stack of blocks, with its first entry left out.
+/// A stack of blocks, of which each begins with the way to the one below. So it needs no room of
+/// its own, whatever the limit.
 struct FreeList {
-    std::uint32_t** items;
-    std::int32_t count;
-    std::int32_t limit;
+    std::uint32_t* top = nullptr;
+    std::int32_t count = 0;
+    std::int32_t limit = usualLimit;
+
+    void push(std::uint32_t* block) {
+        std::memcpy(block, &top, sizeof top);
+        top = block;
+        ++count;
+    }
+
+    std::uint32_t* pop() {
+        std::uint32_t* const block = top;
+        std::memcpy(&top, block, sizeof top);
+        --count;
+        return block;
+    }
+
+    void freeDownTo(std::int32_t most) {
+        while (count > most) zelFreeBlock(pop());
+    }
 };
 
-constinit FreeList* freeList = nullptr;
+constinit FreeList freeList;
 
 /// Never destroyed, since static vectors give their blocks back at the very end.
 ZelMutex& guard() {
@@ -37,31 +55,15 @@ public:
     ~Hold() { guard().unlock(); }
 };
 
-std::uint32_t** newItems(std::int32_t limit) {
-    void* items = nullptr;
-    korMalloc(&items, sizeof(std::uint32_t*), limit + 1);
-    return static_cast<std::uint32_t**>(items);
-}
-
-FreeList& listOf(std::int32_t limit) {
-    if (!freeList) freeList = new FreeList{newItems(limit), 0, limit};
-    return *freeList;
-}
-
 /// Uncleared.
 std::uint32_t* takeBlock() {
     {
         const Hold hold;
-        FreeList& list = listOf(usualLimit);
-        if (list.count > 0) return list.items[list.count--];
+        if (freeList.count > 0) return freeList.pop();
     }
     void* block = nullptr;
     korMalloc(&block, sizeof(std::uint32_t), BlockBitVector::blockWords);
     return static_cast<std::uint32_t*>(block);
-}
-
-void freeDownTo(FreeList& list, std::int32_t count) {
-    while (list.count > count) zelFreeBlock(list.items[list.count--]);
 }
 
 } // namespace
@@ -91,9 +93,8 @@ std::uint32_t* BlockBitVector::allocateBlockFrom(const BitVector::LargeWords& ar
 void BlockBitVector::releaseBlock(std::uint32_t*& block) {
     if (!block) return;
     const Hold hold;
-    FreeList& list = listOf(usualLimit);
-    if (list.count < list.limit) {
-        list.items[++list.count] = block;
+    if (freeList.count < freeList.limit) {
+        freeList.push(block);
     } else {
         zelFreeBlock(block);
     }
@@ -101,19 +102,12 @@ void BlockBitVector::releaseBlock(std::uint32_t*& block) {
 }
 
 void BlockBitVector::setBlockFreeListLimit(std::int32_t limit) {
-    limit = std::max(limit, 0);
     const Hold hold;
-    FreeList& list = listOf(limit);
-    freeDownTo(list, limit);
-    std::uint32_t** items = newItems(limit);
-    std::copy(list.items + 1, list.items + 1 + list.count, items + 1);
-    zelFreeBlock(std::exchange(list.items, items));
-    list.limit = limit;
+    freeList.limit = std::max(limit, 0);
+    freeList.freeDownTo(freeList.limit);
 }
 
 void BlockBitVector::destroyBlockFreeList() {
-    if (!freeList) return;
-    freeDownTo(*freeList, 0);
-    zelFreeBlock(freeList->items);
-    delete std::exchange(freeList, nullptr);
+    freeList.freeDownTo(0);
+    freeList.limit = usualLimit;
 }

@@ -12,6 +12,7 @@ using namespace zelsets;
 namespace {
 
 constexpr std::uint32_t chunkEntries = BitVectorSplitter::chunkElements;
+constexpr std::uint32_t highestIndex = BitVector::highestIndex;
 
 } // namespace
 
@@ -23,13 +24,14 @@ void IndexArray::extendFor(std::uint32_t i) {
 }
 
 void IndexArray::store(std::uint32_t i, std::uint32_t value) {
+    if (i > highestIndex) return;
     extendFor(i);
     set(i, value);
 }
 
 void IndexArray::setSize(std::uint32_t elements, std::int32_t capacity, bool clearNew) {
     const std::uint32_t old = size();
-    if (capacity == -1) {
+    if (capacity < 0) {
         resize(elements, false);
     } else if (capacity == 0) {
         resize(std::max(elements, old), false);
@@ -75,8 +77,8 @@ void IndexArray::renumber(const BitVector::IndexMap& map) {
         const auto place = static_cast<std::uint32_t>(i);
         const std::uint32_t value = at(place);
         if (value == 0) continue;
-        set(place, 0);
         const std::int32_t j = targetOf(map, static_cast<std::int32_t>(i));
+        set(place, 0);
         if (j == 0) continue;
         store(static_cast<std::uint32_t>(j), value);
         last = j;

@@ -25,9 +25,9 @@ public:
 
     /// Makes room for the entry `i`, and for more ahead.
     void extendFor(std::uint32_t i);
-    /// With a `capacity` of -1 the array gets room for `elements`; with 0 for that or what it has,
-    /// whichever is more; another capacity becomes the room when `elements` don't fit. On request
-    /// what is new is zero.
+    /// With a negative `capacity` the array gets room for `elements`; with 0 for that or what it
+    /// has, whichever is more; another capacity becomes the room when `elements` don't fit. On
+    /// request what is new is zero.
     void setSize(std::uint32_t elements, std::int32_t capacity, bool clearNew);
 
     /// The count and all entries, or the first `limit` of them; negative for all. The answer is
@@ -56,7 +56,8 @@ public:
     /// ascending i. Cuts behind the place that was filled last.
     void renumber(const BitVector::IndexMap& map);
 
-    /// 0 when the links from `x` lead to nothing. Links `x` straight to its root.
+    /// 0 when the links from `x` lead to nothing. Links `x`, if it is an identifier, straight to
+    /// its root.
     std::uint32_t findRoot(std::uint32_t x);
     /// Makes one set of two; the root of it.
     std::uint32_t unite(std::uint32_t a, std::uint32_t b);

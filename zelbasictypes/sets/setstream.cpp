@@ -6,6 +6,7 @@
 #include "zelbasictypes/data/binoutput.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace zelsets {
 
@@ -37,12 +38,16 @@ void ListWriter::flush() {
 }
 
 bool ListReader::fill() {
+    constexpr std::int32_t missing = std::numeric_limits<std::int32_t>::min();
     at_ = 0;
     used_ = std::clamp(left_, 0, room);
-    std::fill_n(indices_, used_, noMore);
-    const bool isWhole = in_.read(indices_, static_cast<std::uint64_t>(used_));
-    left_ = isWhole ? left_ - used_ : 0;
-    used_ = static_cast<std::int32_t>(std::find(indices_, indices_ + used_, noMore) - indices_);
+    std::fill_n(indices_, used_, missing);
+    left_ -= used_;
+    if (!in_.read(indices_, static_cast<std::uint64_t>(used_))) {
+        used_ =
+            static_cast<std::int32_t>(std::find(indices_, indices_ + used_, missing) - indices_);
+        left_ = 0;
+    }
     return used_ > 0;
 }
 

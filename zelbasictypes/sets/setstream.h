@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
 
 class BinInput;
 class BinOutput;
@@ -61,17 +60,16 @@ private:
     std::int32_t indices_[room];
 };
 
-/// Reads indices many at a time.
+/// Reads indices many at a time. What doesn't arrive isn't listed.
 class ListReader {
 public:
     ListReader(BinInput& in, std::int32_t count) : in_(in), left_(count) {}
 
-    /// No index; the end of a list that isn't whole can't be told from one.
-    static constexpr std::int32_t noMore = std::numeric_limits<std::int32_t>::min();
-
-    std::int32_t next() {
-        if (at_ == used_ && !fill()) return noMore;
-        return indices_[at_++];
+    /// False at the end.
+    bool next(std::int32_t& index) {
+        if (at_ == used_ && !fill()) return false;
+        index = indices_[at_++];
+        return true;
     }
 
 private:
