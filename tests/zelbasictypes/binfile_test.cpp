@@ -3,6 +3,7 @@
 // FILE, and what is left of a file whose writer was killed.
 #include "zelbasictypes/data/binio.h"
 
+#include "tests/support/refusingnew.h"
 #include "tests/zelbasictypes/bytes.h"
 #include "tests/zelbasictypes/temporarydirectory.h"
 #include "zelbasictypes/data/zelfile.h"
@@ -346,6 +347,19 @@ TEST_F(BinFile, AFileOfAKilledWriterReadsAsFarAsItsBlocksAreEnded) {
     EXPECT_TRUE(std::count(counts.begin(), counts.end(), 100) > 0);
     EXPECT_TRUE(std::count(counts.begin(), counts.end(), 200) > 0);
     EXPECT_EQ(counts.back(), 500);
+}
+
+TEST_F(BinFile, DoesWithoutItsBlocksWhereThereIsNoMemoryForThem) {
+    const testsupport::RefusingNew refusing(0x10000);
+    ZelFileWrite writer;
+    ASSERT_TRUE(writer.create(path()));
+    for (std::int32_t i = 0; i < 100; ++i) writer.writeInt(i);
+    ASSERT_TRUE(writer.close());
+    ZelFileRead reader;
+    ASSERT_TRUE(reader.open(path()));
+    std::int32_t value = -1;
+    for (std::int32_t i = 0; i < 100; ++i) ASSERT_TRUE(reader.readInt(value) && value == i);
+    EXPECT_TRUE(reader.close());
 }
 
 TEST_F(BinFile, BlocksOfASparseFilePassTheBorderOfFourGiB) {

@@ -301,6 +301,7 @@ TEST(BinIOMagic, TakesAWordApart) {
         {BinIO_Magic(828282838), 0x315E97, 0xD6, "3235479 214"},
         {BinIO_Magic(-1, 5), -1, -1, "-1 -1"},
         {BinIO_Magic(0x800000, 5), -1, -1, "-1 -1"},
+        {BinIO_Magic(0x1000000, 5), -1, -1, "-1 -1"},
         {BinIO_Magic(), 0, 0, "0 0"},
     };
     for (const auto& c : cases) {

@@ -22,6 +22,7 @@ public:
 
     std::int32_t createInstance(const ZelGuid&, const KorCString&, void**) override { return 0; }
     std::int32_t getService(const KorCString& name, void** out) override {
+        if (void (*call)() = whenAsked) call();
         const std::lock_guard hold(mutex);
         ++lookUps[name.c_str()];
         const auto found = services.find(name.c_str());
@@ -34,6 +35,7 @@ public:
     bool decrementCount(std::int32_t* count) override { return --std::atomic_ref(*count) == 0; }
     IZelComponentManager* findManager(const KorCString&, std::int32_t) override { return nullptr; }
 
+    std::atomic<void (*)()> whenAsked{nullptr};
     std::mutex mutex;
     std::map<std::string, void*> services;
     std::map<std::string, int> lookUps;
@@ -56,7 +58,10 @@ void offer(const char* name, void* service) {
     manager().services[name] = service;
 }
 
+void whenAsked(void (*call)()) { manager().whenAsked = call; }
+
 void withdrawAll() {
+    whenAsked(nullptr);
     const std::lock_guard hold(manager().mutex);
     manager().services.clear();
     manager().lookUps.clear();

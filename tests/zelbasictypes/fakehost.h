@@ -8,7 +8,10 @@ namespace fakehost {
 void offer(const char* name, void* service);
 template <class T> void offer(T* service) { offer(T::interfaceName, service); }
 
-/// Takes all services away and sets the counts of look-ups to 0.
+/// Is called in front of every look-up; null for nothing.
+void whenAsked(void (*call)());
+
+/// Takes all services away, and the call above, and sets the counts of look-ups to 0.
 void withdrawAll();
 
 /// How often the name was looked up, found or not, since the last `withdrawAll`.

@@ -132,6 +132,8 @@ TEST(ZelNamedMutex, DoesNothingUntilItIsOpen) {
     EXPECT_FALSE(mutex.lockFor(0.001));
     EXPECT_FALSE(mutex.close());
     EXPECT_FALSE(mutex.open("brix-test-no-such-mutex"));
+    EXPECT_FALSE(mutex.open(nullptr));
+    EXPECT_FALSE(mutex.create(nullptr));
     EXPECT_TRUE(mutex.isNull());
 }
 
@@ -164,6 +166,19 @@ TEST(ZelNamedMutex, PassesOnWhenTheProcessThatHoldsItIsGone) {
         testing::ExitedWithCode(7), "");
     EXPECT_TRUE(mutex.lockFor(5));
     EXPECT_TRUE(mutex.unlock());
+}
+
+TEST(ZelCondition, WaitsWithoutItsMutexWhereThatCouldNotBeMade) {
+    ZelMutex mutex;
+    const ZelMutex handle(std::move(mutex));
+    ZelCondition condition;
+    std::atomic<bool> woken = false;
+    std::thread waiter([&] {
+        condition.wait(mutex);
+        woken = true;
+    });
+    while (!woken) condition.signal();
+    waiter.join();
 }
 
 TEST(ZelCondition, SignalWakesOneAndLeavesNothingBehind) {

@@ -3,6 +3,7 @@
 #include "zelbasictypes/diagnostics/memoryqueries.h"
 
 #include "component/objects/services/imemchecker.h"
+#include "component/objects/zelweakref.h"
 #include "tests/zelbasictypes/fakehost.h"
 #include "tests/zelbasictypes/samplestore.h"
 #include "zelbasictypes/diagnostics/memlimitlistener.h"
@@ -179,17 +180,17 @@ TEST_F(MemoryQueries, TheSystemReallyTells) {
 }
 
 TEST_F(MemoryQueries, TheLimitIsWhatTheMachineHasUntilTheSettingsTellOtherwise) {
-    EXPECT_EQ(IPtr<MemLimitListener>(new MemLimitListener)->limit, 100000);
+    EXPECT_EQ(MemLimitListener::make()->limit, 100000);
     machine.status.physicalTotal = 200000;
-    EXPECT_EQ(IPtr<MemLimitListener>(new MemLimitListener)->limit, 200000);
+    EXPECT_EQ(MemLimitListener::make()->limit, 200000);
     machine.tells = false;
-    EXPECT_EQ(IPtr<MemLimitListener>(new MemLimitListener)->limit, -2147483648LL);
+    EXPECT_EQ(MemLimitListener::make()->limit, -2147483648LL);
 }
 
 TEST_F(MemoryQueries, TheLimitFollowsItsSettingAlone) {
     const IPtr<SampleStore> store(new SampleStore);
     fakehost::offer<IDataStore>(store.iface);
-    const IPtr<MemLimitListener> listener(new MemLimitListener);
+    const IPtr<MemLimitListener> listener = MemLimitListener::make();
     EXPECT_EQ(listener->limit, 0) << "the setting isn't there";
     EXPECT_EQ(listener->refCount(), 2);
     constexpr double huge = std::numeric_limits<double>::infinity();
@@ -207,7 +208,23 @@ TEST_F(MemoryQueries, TheLimitFollowsItsSettingAlone) {
     store->change("Memory/Other", 5);
     EXPECT_EQ(listener->limit, 0);
     store->numbers["Memory/MemLimit"] = 77.7;
-    EXPECT_EQ(IPtr<MemLimitListener>(new MemLimitListener)->limit, 77);
+    EXPECT_EQ(MemLimitListener::make()->limit, 77);
+}
+
+TEST_F(MemoryQueries, TheLimitFollowsItsSettingInAStoreThatHoldsNobody) {
+    class WeakStore : public SampleStore {
+    public:
+        void subscribe(const char*, IZelDataReceiver* receiver) override {
+            const IPtr<IZelDataReceiver> passing(receiver);
+            weak = receiver->weakRef();
+        }
+        IPtr<ZelWeakRef, ZelShared> weak;
+    };
+    const IPtr<WeakStore> store(new WeakStore);
+    fakehost::offer<IDataStore>(store.iface);
+    const IPtr<MemLimitListener> listener = MemLimitListener::make();
+    EXPECT_EQ(listener->refCount(), 1);
+    EXPECT_NE(store->weak->target(), nullptr);
 }
 
 TEST_F(MemoryQueries, OneListenerServesTheModuleFromItsFirstUseOn) {

@@ -5,13 +5,16 @@
 #include "component/objects/services/igfxrenderer.h"
 #include "component/objects/services/izelerrorservice.h"
 #include "tests/support/endings.h"
+#include "tests/support/refusingnew.h"
 #include "tests/zelbasictypes/fakehost.h"
 #include "tests/zelbasictypes/samplemanager.h"
 #include "tests/zelbasictypes/samplestore.h"
 #include "tests/zelbasictypes/temporarydirectory.h"
 #include "zelbasictypes/diagnostics/memorylog.h"
 #include "zelbasictypes/diagnostics/systemmemory.h"
+#include "zelbasictypes/memory/bucketmemorypool.h"
 #include "zelbasictypes/memory/heapseam.h"
+#include "zelbasictypes/memory/korrealloc.h"
 #include "zelbasictypes/text/korcstring.h"
 
 #include <gtest/gtest.h>
@@ -56,6 +59,11 @@ public:
     void suspend() override { std::fputs("[suspend]", stderr); }
     void resume() override { std::fputs("[resume]", stderr); }
 };
+
+void refuseAll() {
+    zelSetHeap({[](std::size_t) -> void* { return nullptr; },
+                [](void*, std::size_t) -> void* { return nullptr; }, nullptr, nullptr});
+}
 
 class OutOfMemory : public testing::Test {
 protected:
@@ -194,9 +202,38 @@ TEST_F(OutOfMemory, EndsTheProcessBehindLogAndMessage) {
 TEST_F(OutOfMemory, EndsTheProcessAlsoWhenTheWayOutHasNoMemory) {
     EXPECT_EXIT(
         {
-            zelSetHeap({[](std::size_t) -> void* { return nullptr; },
-                        [](void*, std::size_t) -> void* { return nullptr; }, nullptr, nullptr});
+            refuseAll();
             zelReportOutOfMemory(64);
+        },
+        outOfMemory, "run out of memory");
+}
+
+TEST_F(OutOfMemory, EndsTheProcessWhereOperatorNewRefusesToo) {
+    void* block = nullptr;
+    unsigned got = 0;
+    korMalloc(&block, 4, 10);
+    const auto refused = [](auto allocate) {
+        destroyBucketPool();
+        refuseAll();
+        const testsupport::RefusingNew refusing;
+        allocate();
+    };
+    EXPECT_EXIT(refused([&] { korMalloc(&block, 4, 1000); }), outOfMemory, "run out of memory");
+    EXPECT_EXIT(refused([&] { korRealloc(&block, 4, 10, 1000); }), outOfMemory, "run out of mem");
+    EXPECT_EXIT(refused([&] { bucketAlloc(1000, got); }), outOfMemory, "run out of memory");
+    zelFreeBlock(block);
+}
+
+TEST_F(OutOfMemory, EndsTheProcessWhereTheHostNeedsMemoryToFindTheManager) {
+    EXPECT_EXIT(
+        {
+            fakehost::whenAsked([] {
+                KorCString text("a string of the host");
+                text.append("and more");
+            });
+            refuseAll();
+            void* block = nullptr;
+            korMalloc(&block, 4, 1000);
         },
         outOfMemory, "run out of memory");
 }

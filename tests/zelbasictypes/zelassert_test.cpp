@@ -4,7 +4,6 @@
 
 #include "component/objects/queryinterface.h"
 #include "component/objects/services/izelasserthandlercb.h"
-#include "tests/support/endings.h"
 #include "tests/support/variables.h"
 #include "tests/zelbasictypes/fakehost.h"
 
@@ -78,7 +77,7 @@ TEST_F(ZelAssert, PrefersTheModulesOwnHandlerAndThenLooksNothingUp) {
 }
 
 TEST_F(ZelAssert, EndsTheProcessWhenNobodyListens) {
-    EXPECT_EXIT(guarded(-5), testsupport::endedWithMinusOne, "");
+    EXPECT_EXIT(guarded(-5), testing::ExitedWithCode(255), "");
 }
 
 TEST(ZelBreakEnabled, IsOffOnlyForAnEnvironmentThatSaysZero) {

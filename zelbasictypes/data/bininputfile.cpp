@@ -6,6 +6,7 @@
 #include "zelbasictypes/files/fileoperations.h"
 
 #include <algorithm>
+#include <new>
 #include <typeinfo>
 #include <utility>
 
@@ -33,8 +34,14 @@ void BinInputFile::measure() {
 }
 
 /// A subclass may look at every byte that comes from the device, which held bytes would pass by.
-bool BinInputFile::readsAhead() const {
-    return block_ || (mayReadAhead_ && typeid(*this) == typeid(BinInputFile));
+bool BinInputFile::readsAhead() {
+    if (block_) return true;
+    if (!mayReadAhead_ || typeid(*this) != typeid(BinInputFile)) return false;
+    block_.reset(new (std::nothrow) std::uint8_t[readAtOnce]);
+    mayReadAhead_ = block_ != nullptr;
+    held_ = heldEnd_ = block_.get();
+    fileOffset_ = platform::tellStream(file_);
+    return mayReadAhead_;
 }
 
 std::uint64_t BinInputFile::readRaw(void* buffer, std::uint64_t count) {
@@ -54,10 +61,6 @@ std::uint64_t BinInputFile::readAhead(void* buffer, std::uint64_t count) {
 }
 
 bool BinInputFile::fill() {
-    if (!block_) {
-        block_ = std::make_unique_for_overwrite<std::uint8_t[]>(readAtOnce);
-        fileOffset_ = platform::tellStream(file_);
-    }
     const std::uint64_t got = std::fread(block_.get(), 1, readAtOnce, file_);
     fileOffset_ += static_cast<std::int64_t>(got);
     held_ = block_.get();

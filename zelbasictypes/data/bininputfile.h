@@ -10,8 +10,8 @@
 class KorString;
 
 /// Owns the FILE, null when none could be opened. A stream made from a path reads ahead in large
-/// pieces for as long as nobody else knows its FILE and no subclass stands between: then `file`
-/// hands the FILE out standing where the stream stands.
+/// pieces, if there is memory for one, for as long as nobody else knows its FILE and no subclass
+/// stands between: then `file` hands the FILE out standing where the stream stands.
 class BinInputFile : public BinInput {
 public:
     explicit BinInputFile(const KorString& path);
@@ -31,7 +31,7 @@ public:
 
 private:
     void measure();
-    bool readsAhead() const;
+    bool readsAhead();
     std::uint64_t readAhead(void* buffer, std::uint64_t count);
     bool fill();
     bool seekHeld(std::int64_t offset);

@@ -16,8 +16,10 @@ public:
     /// A negative tag is the word itself.
     BinIO_Magic(std::int32_t tag, std::int32_t version)
         : magic_(tag < 0 ? tag
-                         : static_cast<std::int32_t>(static_cast<std::uint32_t>(tag) << 8 |
-                                                     static_cast<std::uint32_t>(version))) {}
+                 : tag > greatestTag
+                     ? -1
+                     : static_cast<std::int32_t>(static_cast<std::uint32_t>(tag) << 8 |
+                                                 static_cast<std::uint32_t>(version))) {}
 
     std::int32_t tag() const { return magic_ < 0 ? -1 : magic_ >> 8; }
     std::int32_t version() const { return magic_ < 0 ? -1 : magic_ & 0xFF; }
@@ -32,6 +34,8 @@ public:
     bool readSameTag(BinInput& stream);
 
 private:
+    static constexpr std::int32_t greatestTag = 0xFFFFFF;
+
     bool readWord(BinInput& stream);
 
     std::int32_t magic_;

@@ -6,6 +6,7 @@
 #include "zelbasictypes/files/fileoperations.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 namespace {
@@ -17,8 +18,8 @@ constexpr std::uint64_t keptBytes = 0x10000;
 
 BinOutputFile::BinOutputFile(const KorString& path) : file_(zelOpenFile(path, "w+bc")) {
     if (!file_) return;
-    block_ = std::make_unique_for_overwrite<std::uint8_t[]>(blockBytes);
-    lendRoom();
+    block_.reset(new (std::nothrow) std::uint8_t[blockBytes]);
+    if (block_) lendRoom();
 }
 
 BinOutputFile::~BinOutputFile() { BinOutputFile::closeRaw(); }

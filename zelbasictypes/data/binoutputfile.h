@@ -11,8 +11,9 @@ class KorString;
 
 /// Owns the FILE, null when none could be opened. Its destruction closes the FILE, but what waits
 /// in the stage is lost: close or flush first. A stream made from a path gathers what it writes in
-/// a large block, inside which it can move and write again without the FILE, for as long as nobody
-/// else knows that FILE; `file` hands it out with everything written that left the stage.
+/// a large block, if there is memory for one, inside which it can move and write again without the
+/// FILE, for as long as nobody else knows that FILE; `file` hands it out with everything written
+/// that left the stage.
 class BinOutputFile : public BinOutput {
 public:
     /// Makes the file or empties it; it can be read back.

@@ -26,18 +26,24 @@ std::int64_t truncated(double value) {
 
 } // namespace
 
-/// The store may hold and release the new object while it subscribes, which must not be its end.
 MemLimitListener::MemLimitListener() {
     platform::MemoryStatus now;
     if (zelSystemMemory().status(now)) {
         limit = static_cast<std::int64_t>(std::max(now.physicalTotal, now.virtualTotal));
     }
+}
+
+IPtr<MemLimitListener> MemLimitListener::make() {
+    IPtr<MemLimitListener> listener(new MemLimitListener);
+    listener->subscribe();
+    return listener;
+}
+
+void MemLimitListener::subscribe() {
     const SPtr<IDataStore> store;
     if (!store) return;
-    addRef();
     store->subscribe(limitKey, this);
     limit = truncated(store->getDouble(limitKey, 0));
-    releaseNoDelete();
 }
 
 void MemLimitListener::receiveDouble(const char* key, double value) {
@@ -45,6 +51,6 @@ void MemLimitListener::receiveDouble(const char* key, double value) {
 }
 
 std::int64_t zelMemoryLimit() {
-    static const IPtr<MemLimitListener> listener(new MemLimitListener);
+    static const IPtr<MemLimitListener> listener = MemLimitListener::make();
     return listener->limit;
 }

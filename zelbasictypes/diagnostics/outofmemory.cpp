@@ -13,6 +13,7 @@
 #include "zelbasictypes/text/zeltranslator.h"
 
 #include <cstdlib>
+#include <new>
 #include <utility>
 
 namespace {
@@ -60,6 +61,17 @@ private:
     IGfxRenderer* renderer_;
 };
 
+/// False when there is no memory for it.
+bool tell(std::int32_t code) {
+    const Stepping on(Step::message);
+    try {
+        zelOutOfMemory(code);
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
 bool usesErrorService() {
     const SPtr<IDataStore> store;
     return store && store->getBool("Memory/UseErrorService", 0) != 0;
@@ -85,11 +97,8 @@ bool zelOutOfMemory(std::int32_t code) {
 
 void zelOutOfMemoryExit(std::int32_t code) {
     if (step == Step::end) std::_Exit(outOfMemoryStatus);
-    if (step == Step::message) {
+    if (step == Step::message || !tell(code)) {
         platform::showMessage(title, u"You have run out of memory. The application will close.");
-    } else {
-        const Stepping on(Step::message);
-        zelOutOfMemory(code);
     }
     const Stepping on(Step::end);
     zelHeap().exitProcess(outOfMemoryStatus);

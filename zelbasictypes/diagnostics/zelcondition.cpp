@@ -15,11 +15,11 @@ std::int32_t spinCountOfEnvironment() {
     return value ? std::atoi(value) : -1;
 }
 
-/// In one step where the platform can.
-void releaseAndWait(platform::Waitable& toRelease, platform::Waitable& toWaitFor) {
-    if (platform::signalAndWait(toRelease, toWaitFor)) return;
-    toRelease.signal();
-    toWaitFor.wait(platform::infinite);
+/// In one step where the platform can. An object that couldn't be made isn't waited for.
+void releaseAndWait(platform::Waitable* toRelease, platform::Waitable* toWaitFor) {
+    if (toRelease && toWaitFor && platform::signalAndWait(*toRelease, *toWaitFor)) return;
+    if (toRelease) toRelease->signal();
+    if (toWaitFor) toWaitFor->wait(platform::infinite);
 }
 
 } // namespace
@@ -38,9 +38,9 @@ void ZelCondition::wait(ZelMutex& mutex) {
         const platform::CriticalSectionLock hold(lock);
         ++waiters;
     }
-    releaseAndWait(*mutex.handle, *semaphore);
+    releaseAndWait(mutex.handle.get(), semaphore.get());
     if (leave()) {
-        releaseAndWait(*allGone, *mutex.handle);
+        releaseAndWait(allGone.get(), mutex.handle.get());
     } else {
         mutex.lock();
     }
@@ -60,7 +60,7 @@ void ZelCondition::signal() {
     lock.enter();
     const bool somebody = waiters > 0;
     lock.leave();
-    if (somebody) semaphore->signal();
+    if (somebody && semaphore) semaphore->signal();
 }
 
 void ZelCondition::broadcast() {
@@ -68,7 +68,7 @@ void ZelCondition::broadcast() {
         const platform::CriticalSectionLock hold(lock);
         if (waiters < 1) return;
         broadcasting = true;
-        semaphore->raise(waiters);
+        if (semaphore) semaphore->raise(waiters);
     }
-    allGone->wait(platform::infinite);
+    if (allGone) allGone->wait(platform::infinite);
 }

@@ -9,6 +9,7 @@
 #include <memory>
 
 /// All waiters use the same mutex. A wait may end without its condition, so test that in a loop.
+/// Where the system refuses an object, waits for it return at once.
 class ZelCondition {
 public:
     ZelCondition();

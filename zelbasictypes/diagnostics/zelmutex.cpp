@@ -30,13 +30,13 @@ bool ZelMutex::tryLock() { return waitOn(handle, 0); }
 bool ZelMutex::lockFor(double seconds) { return waitOn(handle, millisecondsOf(seconds)); }
 
 bool ZelNamedMutex::create(const char* name) {
-    if (handle) return false;
+    if (handle || !name) return false;
     handle = platform::createNamedMutex(name);
     return handle != nullptr;
 }
 
 bool ZelNamedMutex::open(const char* name) {
-    if (handle) return false;
+    if (handle || !name) return false;
     handle = platform::openNamedMutex(name);
     return handle != nullptr;
 }

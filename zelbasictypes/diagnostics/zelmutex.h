@@ -24,7 +24,7 @@ private:
     std::unique_ptr<platform::Waitable> handle;
 };
 
-/// Every operation is false while the object isn't open.
+/// Every operation is false while the object isn't open, and a null name opens nothing.
 class ZelNamedMutex {
 public:
     /// Makes the mutex of that name, or opens it where another process has it. False, with the old

@@ -19,10 +19,14 @@ namespace {
 /// What a thread's store gives away when it is full, and gets when it is empty.
 std::uint32_t exchanged(std::uint32_t index) { return ThreadStore::roomOf(index) / 2; }
 
+/// It doubles once more within 32 bits without a sign.
+constexpr std::int32_t greatestClass = 0x40000000;
+
 } // namespace
 
 BucketMemoryPool::BucketMemoryPool(std::int32_t step, std::int32_t linear, std::int32_t greatest)
-    : granularity(step), linearMax((linear + step - 1) / step * step), bucketMax(greatest) {
+    : granularity(step), linearMax((linear + step - 1) / step * step),
+      bucketMax(std::min(greatest, greatestClass)) {
     slot(linearMax / granularity + 1);
     const PoolLock hold;
     BucketMemoryPool* current = zelCurrentPool().pool();

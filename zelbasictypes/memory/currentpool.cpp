@@ -4,7 +4,9 @@
 
 #include "component/objects/countservice.h"
 #include "platform/sync.h"
+#include "zelbasictypes/diagnostics/outofmemory.h"
 #include "zelbasictypes/memory/memoryblock.h"
+#include "zelbasictypes/memory/quietlookup.h"
 #include "zelbasictypes/memory/threadstore.h"
 
 #include <algorithm>
@@ -24,17 +26,20 @@ platform::CriticalSection& poolLock() {
     return *lock;
 }
 
-/// The shared pool of the host, or null. Called without the lock, as the host may use locks of its
-/// own; an allocation that the look-up itself makes doesn't look again.
-BucketMemoryPool* findShared() {
-    static thread_local bool looking = false;
-    if (looking) return nullptr;
-    looking = true;
+/// Made during start-up: who allocates later may have no memory left.
+[[maybe_unused]] const platform::CriticalSection& madeAtStart = poolLock();
+
+BucketMemoryPool* lookUpShared() {
     void* service = nullptr;
     zelFindService(IBucketMemoryPool::interfaceName, &service);
-    auto* shared = zelQuery<BucketMemoryPool>(static_cast<IBucketMemoryPool*>(service));
-    looking = false;
-    return shared;
+    return zelQuery<BucketMemoryPool>(static_cast<IBucketMemoryPool*>(service));
+}
+
+/// The shared pool of the host, or null. Called without the lock, as the host may use locks of its
+/// own.
+BucketMemoryPool* findShared() {
+    static thread_local bool looking = false;
+    return zelLookUpQuietly(looking, lookUpShared);
 }
 
 /// While the pool may still change, an allocation keeps the lock, so that its pool stays alive.
@@ -99,9 +104,11 @@ void CurrentPool::settleOn(BucketMemoryPool* shared) {
 void CurrentPool::makeProvisional() {
     provisional_ = true;
     sinceCheck_ = 0;
-    replace(new BucketMemoryPool(BucketMemoryPool::standardGranularity,
-                                 BucketMemoryPool::standardLinearMax,
-                                 BucketMemoryPool::standardBucketMax));
+    auto* pool = new (std::nothrow)
+        BucketMemoryPool(BucketMemoryPool::standardGranularity, BucketMemoryPool::standardLinearMax,
+                         BucketMemoryPool::standardBucketMax);
+    if (!pool) zelReportOutOfMemory(sizeof *pool);
+    replace(pool);
 }
 
 bool CurrentPool::isCheckDue() {

@@ -4,6 +4,7 @@
 
 #include "component/objects/sptr.h"
 #include "platform/sync.h"
+#include "zelbasictypes/memory/quietlookup.h"
 
 #include <atomic>
 
@@ -11,9 +12,16 @@ namespace {
 
 constinit std::atomic<IZelMManager*> found{nullptr};
 
+platform::CriticalSection& guard() {
+    static platform::CriticalSection section;
+    return section;
+}
+
+/// Made during start-up: who asks later may have no memory left.
+[[maybe_unused]] const platform::CriticalSection& madeAtStart = guard();
+
 IZelMManager* lookUp() {
-    static platform::CriticalSection guard;
-    const platform::CriticalSectionLock hold(guard);
+    const platform::CriticalSectionLock hold(guard());
     static IPtr<IZelMManager> kept;
     if (!kept) {
         kept = SPtr<IZelMManager>();
@@ -25,6 +33,7 @@ IZelMManager* lookUp() {
 } // namespace
 
 IZelMManager* zelMemoryManager() {
+    static thread_local bool looking = false;
     IZelMManager* manager = found.load(std::memory_order_acquire);
-    return manager ? manager : lookUp();
+    return manager ? manager : zelLookUpQuietly(looking, lookUp);
 }

@@ -6,11 +6,26 @@
 #include "zelbasictypes/files/filedevice.h"
 #include "zelbasictypes/files/fileoperations.h"
 
-bool ZelSpillFile::findName() { return makeTempName(name); }
+#include <new>
+
+// Where a file is wanted memory is short, and names take some.
+
+bool ZelSpillFile::findName() {
+    try {
+        return makeTempName(name);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
 
 bool ZelSpillFile::open() {
     namespace flag = platform::open_flag;
-    file = zeldevice::open(name, flag::binary | flag::create | flag::readWrite | flag::temporary);
+    try {
+        file =
+            zeldevice::open(name, flag::binary | flag::create | flag::readWrite | flag::temporary);
+    } catch (const std::bad_alloc&) {
+        file = -1;
+    }
     return file != -1;
 }
 
