@@ -56,7 +56,6 @@ inline constexpr std::int32_t denyNone = 64;
 } // namespace share
 
 /// Of a file that is made. Who else may use it is up to the user's own settings.
-inline constexpr std::int32_t readPermission = 0x100;
 inline constexpr std::int32_t readWritePermission = 0x180;
 
 /// A directory is denied.

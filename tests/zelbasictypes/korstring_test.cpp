@@ -78,6 +78,13 @@ TEST(KorString, DropsABorrowedNarrowFormWhenTheTextChanges) {
     EXPECT_EQ(narrowAfter([](KorString& t) { t.assign("new"); }), "new");
     EXPECT_EQ(narrowAfter([](KorString& t) { t = KorString("new"); }), "new");
     EXPECT_EQ(narrowAfter([](KorString& t) { t.replaceAll("x", "o"), t.append(""); }), "narrow");
+    EXPECT_EQ(narrowAfter([](KorString& t) { t.append(""), t.truncate(2); }), "wi");
+    EXPECT_EQ(narrowAfter([](KorString& t) {
+                  const KorString arg("x");
+                  const KorString* const args[] = {&arg};
+                  t = KorString::borrow(u"%1y", "narrow"), t.append(""), t.substitute(args);
+              }),
+              "xy");
     KorString other("other");
     EXPECT_EQ(narrowAfter([&other](KorString& t) { t.swapText(other); }), "other");
     EXPECT_STREQ(other.toNarrow(), "wide");

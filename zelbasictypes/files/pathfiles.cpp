@@ -55,8 +55,8 @@ bool makeWithParents(const KorString& path) {
     return true;
 }
 
-/// A link to a directory goes as the link that it is, where the system lets it: what it points at
-/// lies elsewhere.
+/// A link to a directory goes as the link that it is, where the system lets it, be it as a file or
+/// as an empty directory: what it points at lies elsewhere.
 void removeBelow(const KorString& directory) {
     std::vector<KorString> files;
     std::vector<KorString> directories;
@@ -68,7 +68,7 @@ void removeBelow(const KorString& directory) {
     }
     for (const KorString& file : files) removeFile(file);
     for (const KorString& below : directories) {
-        if (removeFile(below) != 0) removeDirectory(below, true);
+        if (removeFile(below) != 0 && !removeDirectory(below, false)) removeDirectory(below, true);
     }
 }
 

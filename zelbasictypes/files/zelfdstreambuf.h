@@ -41,8 +41,8 @@ public:
     /// `area` stays the caller's and must outlive its use here. What waits is dropped.
     virtual ZelFdStreambuf* setBuffer(char* area, std::int64_t bytes);
 
-    /// As `sgetn`: the number read, 0 also on failure; of the writing ones, -1 is a failure.
-    /// Both read `count` bytes into memory that has room for them, whatever `capacity` says.
+    /// As `sgetn`: the number read, 0 also on failure. Both read `count` bytes into memory that has
+    /// room for them, whatever `capacity` says.
     virtual std::streamsize readBlock(char* out, std::int64_t capacity, std::streamsize count);
     virtual std::streamsize readBlockInto(char* out, std::int64_t capacity, std::streamsize count);
 

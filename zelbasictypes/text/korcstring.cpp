@@ -20,6 +20,7 @@ KorCString::KorCString(const char16_t* text, std::int32_t length) {
     if (!text) return;
     const std::u16string_view units = zeltext::limitedView(text, length);
     buffer = zeltext::makeRoom<char>(static_cast<std::int64_t>(units.size()));
+    if (!buffer.data) return;
     std::transform(units.begin(), units.end(), buffer.data,
                    [](char16_t unit) { return static_cast<char>(unit); });
 }

@@ -69,6 +69,7 @@ const char* KorString::toUtf8() const {
         return utf8.data;
     }
     provideRoom(utf8, zeltext::utf8Length(units.data(), units.size()));
+    if (!utf8.data) return "";
     zeltext::encodeUtf8(units, utf8.data);
     return utf8.data;
 }

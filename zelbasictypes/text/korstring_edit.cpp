@@ -69,6 +69,7 @@ void KorString::remove(std::int32_t pos, std::int32_t count) {
 void KorString::truncate(std::int32_t n) {
     if (n < 0 || !text.isOwned() || zeltext::boundedLength(text.data, n) < n) return;
     text.data[n] = 0;
+    forgetNarrowForm();
 }
 
 void KorString::replaceAll(const KorString& from, const KorString& to) {

@@ -36,4 +36,5 @@ void KorString::substitute(const KorString* const* args) {
     const zeltext::Buffer<char16_t> filled = zeltext::compose(pieces.data(), pieces.size());
     text.release();
     text = filled;
+    forgetNarrowForm();
 }
