@@ -8,6 +8,7 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
@@ -56,8 +57,17 @@ void ClientControlThread::run() {
     const bool isConnectedNow = connectToServer();
     attempted = true;
     if (!isConnectedNow) return;
-    if (!stopRequested) readFrames();
+    if (!stopRequested) converse();
     endConnection();
+}
+
+/// A frame that finds no memory ends the conversation.
+void ClientControlThread::converse() {
+    try {
+        readFrames();
+    } catch (const std::bad_alloc&) {
+        return;
+    }
 }
 
 bool ClientControlThread::connectToServer() {

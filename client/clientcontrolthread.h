@@ -5,7 +5,8 @@
 // The thread connects, announces itself with an OKMessage and then waits for frames, each of which
 // it hands on by a signal. It ends when it can't connect, when it is destroyed, and through
 // criticalSignal at the end of the connection, at a failure of the system, and at a frame whose
-// count is negative or above CADImport::longestFrameBytes. It can be started again after that.
+// count is negative or above CADImport::longestFrameBytes; without a word, where a frame finds no
+// memory. It can be started again after that.
 #pragma once
 
 #include "client/framereader.h"
@@ -74,6 +75,7 @@ private:
     bool connectToServer();
     void greet();
     void send(const QByteArray& frame);
+    void converse();
     void readFrames();
     void handOn(const FrameReader& frame);
     void endConnection();

@@ -9,6 +9,7 @@
 #include "client/librarytext.h"
 #include "client/runlog.h"
 #include "component/objects/services/iguibusystate.h"
+#include "component/objects/sptr.h"
 #include "platform/clock.h"
 
 #include <QElapsedTimer>
@@ -25,29 +26,45 @@ constexpr unsigned lastFramesMs = 1000; ///< for reading what a server that has 
 
 } // namespace
 
+/// Asks the host at every fifth turn whether the user wants to stop, when it has a busy state.
+class TessoraCADImporterClient::TurnQuestion {
+public:
+    explicit TurnQuestion(IGuiBusyState* busy) : busy_(busy) {}
+
+    bool isAnsweredYes() {
+        return ++turn_ % turnsPerQuestion == 0 && busy_ && busy_->isCancelled();
+    }
+
+private:
+    IGuiBusyState* busy_;
+    int turn_ = 0;
+};
+
 /// Sees the server's end at once.
-void TessoraCADImporterClient::pauseForATurn() {
+void TessoraCADImporterClient::pauseForATurn(TurnQuestion& question) {
     if (serverRuns()) {
         serverProcess.waitForFinished(turnMs);
     } else {
         platform::sleep(turnMs);
     }
+    if (question.isAnsweredYes()) setEscaped();
 }
 
 /// Comes back when it is known whether the connection stands; a thread that has one already keeps
 /// it.
-void TessoraCADImporterClient::attemptConnection(std::int32_t waitTimeMs) {
+void TessoraCADImporterClient::attemptConnection(std::int32_t waitTimeMs, TurnQuestion& question) {
     const auto [host, port] = controlAddress();
     controlThread->setWaitTime(waitTimeMs);
     controlThread->setServerAddress(host, port);
     controlThread->start(QThread::HighPriority);
-    do pauseForATurn();
+    do pauseForATurn(question);
     while (controlThread->isRunning() && !controlThread->hasAttempted());
 }
 
 bool TessoraCADImporterClient::findListeningServer() {
     if (!isConnectedRun()) return false;
-    attemptConnection(probeMs);
+    TurnQuestion none(nullptr);
+    attemptConnection(probeMs, none);
     if (controlThread->isRunning() && controlThread->isConnected()) return true;
     while (controlThread->isRunning()) platform::sleep(turnMs);
     return false;
@@ -55,10 +72,12 @@ bool TessoraCADImporterClient::findListeningServer() {
 
 /// A server takes its time until it listens, and a refusal comes at once.
 void TessoraCADImporterClient::connectToServer() {
+    const IPtr<IGuiBusyState> busy = SPtr<IGuiBusyState>();
+    TurnQuestion question(busy.iface);
     QElapsedTimer timer;
     timer.start();
     for (;;) {
-        attemptConnection(noLimit);
+        attemptConnection(noLimit, question);
         if (!serverRuns()) return noteServerEnd();
         if (controlThread->isConnected()) return;
         controlThread->wait();
@@ -73,11 +92,8 @@ bool TessoraCADImporterClient::isConversationOver(bool wasConnected) const {
 
 void TessoraCADImporterClient::waitForConversation(IGuiBusyState* busy) {
     const bool wasConnected = controlThread->isConnected();
-    for (int turn = 1; serverRuns() && !isConversationOver(wasConnected); ++turn) {
-        serverProcess.waitForFinished(turnMs);
-        const bool isQuestionDue = turn % turnsPerQuestion == 0;
-        if (isQuestionDue && busy && busy->isCancelled()) setEscaped();
-    }
+    TurnQuestion question(busy);
+    while (serverRuns() && !isConversationOver(wasConnected)) pauseForATurn(question);
     if (serverRuns()) partWithServer();
     if (!serverRuns()) noteServerEnd();
 }

@@ -15,8 +15,7 @@ constexpr std::int32_t yes = 1;
 std::optional<std::int32_t> show(Kind kind, const char* key) {
     const SPtr<IGuiSimpleDlg> dialog;
     if (!dialog) return {};
-    const KorString title = KorString::borrow(u" ", " ");
-    return dialog->show(kind, zelTranslate(key), title, false, false, false);
+    return dialog->show(kind, zelTranslate(key), KorString::sharedTitle(), false, false, false);
 }
 
 } // namespace

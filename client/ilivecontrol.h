@@ -11,7 +11,8 @@ public:
 
     /// Gives the client a control thread, which connects when a run starts. The answer, a new
     /// object without a reference, stands for it: it keeps the client alive, and its end, which
-    /// mustn't come during a run, ends the thread and the connection. Null while the client has
-    /// one already. With `traceFrames` each frame goes to the trace files (clientcontrolthread.h).
+    /// mustn't come during a run, ends the thread and the connection. Later runs keep a connection
+    /// that stands, whatever address they name. Null while the client has one already. With
+    /// `traceFrames` each frame goes to the trace files (clientcontrolthread.h).
     virtual IZelUnknown* attachControlThread(bool traceFrames) = 0;
 };

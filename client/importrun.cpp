@@ -16,6 +16,7 @@
 #include <QFile>
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
@@ -35,11 +36,24 @@ KorString outputBaseName(const std::list<KorString>& arguments) {
 
 } // namespace
 
+/// Nothing that was thrown leaves it: a run without memory is one that failed.
 bool TessoraCADImporterClient::importModel(const KorString& environmentFile,
                                            const KorString& serverProgram,
                                            const std::list<KorString>& arguments,
                                            IZelImportTarget* target, void*, void*,
                                            std::list<KorString>& exportedFiles) {
+    try {
+        return runImport(environmentFile, serverProgram, arguments, target, exportedFiles);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
+bool TessoraCADImporterClient::runImport(const KorString& environmentFile,
+                                         const KorString& serverProgram,
+                                         const std::list<KorString>& arguments,
+                                         IZelImportTarget* target,
+                                         std::list<KorString>& exportedFiles) {
     decimalComma = isDecimalComma();
     creator.reset();
     if (!target) return false;
@@ -49,19 +63,18 @@ bool TessoraCADImporterClient::importModel(const KorString& environmentFile,
 
     finishesBefore = finishes;
 
-    bool imported = false;
     IPtr<IGuiBusyState> busy;
-    if (!hasServerHost() || findListeningServer() ||
-        startServer(environmentFile, serverProgram, arguments)) {
-        sendControlMessage(CADImport::SendNextModelMessage());
-        busy = SPtr<IGuiBusyState>();
-        waitForServer(busy.iface);
-        exportedFiles.clear();
-        imported = isConnectedRun() ? takeResultFiles(exportedFiles)
-                                    : collectResults(outputBaseName(arguments), exportedFiles);
+    const EnvironmentLoan loan(savedEnvironment);
+    if (hasServerHost() && !findListeningServer() &&
+        !startServer(environmentFile, serverProgram, arguments)) {
+        return false;
     }
-    restoreEnvironment(savedEnvironment);
-    return imported;
+    sendControlMessage(CADImport::SendNextModelMessage());
+    busy = SPtr<IGuiBusyState>();
+    waitForServer(busy.iface);
+    exportedFiles.clear();
+    return isConnectedRun() ? takeResultFiles(exportedFiles)
+                            : collectResults(outputBaseName(arguments), exportedFiles);
 }
 
 /// False when the run ends here, with the user told why. A host without a dialog cannot be told,
@@ -72,11 +85,13 @@ bool TessoraCADImporterClient::startServer(const KorString& environmentFile,
     if (serverRuns()) return !showNotice("It couldn't be connected to the running server.");
     const QStringList words = serverArguments(arguments);
     loadEnvironmentFile(environmentFile, savedEnvironment);
-    if (!launch(serverProgram, words) &&
-        showNotice("The CAD Importer server could not be started")) {
-        return false;
+    const bool isLaunched = launch(serverProgram, words);
+    if (!isLaunched && showNotice("The CAD Importer server could not be started")) return false;
+    if (isConnectedRun()) {
+        connectToServer();
+    } else if (!isLaunched) {
+        logServerEnd(serverProcess);
     }
-    if (isConnectedRun()) connectToServer();
     return true;
 }
 

@@ -35,8 +35,9 @@ public:
     virtual void setEscaped() = 0;
     /// Notes that the server has finished.
     virtual void setFinished() = 0;
-    /// Takes "-ControlSocket", "-DataSocket" and "-ResultFile" out of the list; while a server
-    /// runs on a control connection, sends the list to it instead.
+    /// Takes "-ControlSocket", "-DataSocket" and "-ResultFile" out of the list. While a server
+    /// runs, the list goes to it over the control connection instead, and is lost where there is
+    /// none.
     virtual void setParameters(const std::list<KorString>& parameters) = 0;
     /// Both set the one host of the server; the last call decides. An empty host means that no
     /// server is started and the model file already there is read.

@@ -7,7 +7,9 @@
 Q_LOGGING_CATEGORY(runLog, "brix.run")
 
 void logServerEnd(const QProcess& server) {
-    if (server.exitStatus() == QProcess::CrashExit) {
+    if (server.error() == QProcess::FailedToStart) {
+        qCWarning(runLog, "the server could not be started");
+    } else if (server.exitStatus() == QProcess::CrashExit) {
         qCWarning(runLog, "the server crashed");
     } else if (server.exitCode() != 0) {
         qCWarning(runLog, "the server ended with exit code %d", server.exitCode());

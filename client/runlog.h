@@ -9,6 +9,6 @@ class QProcess;
 /// "brix.run".
 Q_DECLARE_LOGGING_CATEGORY(runLog)
 
-/// Says how a server ended that didn't end well. A crash shows nothing and ends no run, so that
-/// only the log tells it from a server that left nothing of its own will.
+/// Says how a server ended that didn't end well, or never began. A crash shows nothing and ends no
+/// run, so that only the log tells it from a server that left nothing of its own will.
 void logServerEnd(const QProcess& server);

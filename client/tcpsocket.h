@@ -51,8 +51,8 @@ public:
     void setHostName(const char* host);
     /// The host is a name. The initial choice.
     void useHostName() { numeric = false; }
-    /// The host is up to four groups of at most 15 digits with "." between them, each cut to one
-    /// byte. Anything else is not found, fewer than four groups too. Beyond its form the system
+    /// The host is four groups of at most 15 digits with "." between them, each cut to one byte.
+    /// Anything else is not found. Beyond its form the system
     /// must know a host of that address.
     void useNumericAddress() { numeric = true; }
 

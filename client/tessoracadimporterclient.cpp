@@ -19,7 +19,7 @@
 
 namespace {
 
-const ZelTClassItemFactory<TessoraCADImporterClient> itemFactory{
+ZelTClassItemFactory<TessoraCADImporterClient> itemFactory{
     "TessoraCADImporterClient", nullptr,
     ZelGuid{0x53DE97AC, 0x2769, 0x4D39, {0xAD, 0xBD, 0x37, 0x31, 0x20, 0xB9, 0x81, 0x8F}}};
 

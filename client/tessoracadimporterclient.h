@@ -101,8 +101,12 @@ public slots:
 
 private:
     friend class LiveControl;
+    class TurnQuestion;
 
     void attach(ClientControlThread* thread);
+    bool runImport(const KorString& environmentFile, const KorString& serverProgram,
+                   const std::list<KorString>& arguments, IZelImportTarget* target,
+                   std::list<KorString>& exportedFiles);
     bool startServer(const KorString& environmentFile, const KorString& serverProgram,
                      const std::list<KorString>& arguments);
     QStringList serverArguments(const std::list<KorString>& arguments) const;
@@ -111,13 +115,13 @@ private:
     bool isConnectedRun() const { return !controlThread.isNull(); }
     bool findListeningServer();
     void connectToServer();
-    void attemptConnection(std::int32_t waitTimeMs);
+    void attemptConnection(std::int32_t waitTimeMs, TurnQuestion& question);
     void waitForConversation(IGuiBusyState* busy);
     bool isConversationOver(bool wasConnected) const;
     void partWithServer();
     void noteServerEnd();
     bool takeResultFiles(std::list<KorString>& exportedFiles);
-    void pauseForATurn();
+    void pauseForATurn(TurnQuestion& question);
     std::pair<QString, std::uint16_t> controlAddress() const;
     bool hasServerHost() const { return !controlAddress().first.isEmpty(); }
     bool collectResults(const KorString& outputBaseName, std::list<KorString>& exportedFiles);

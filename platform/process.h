@@ -11,7 +11,8 @@
 namespace platform {
 
 /// Runs `callback` on a thread of its own each time the user or the system asks this process to
-/// stop. Replaces an earlier callback. Call it once, early, before other threads start.
+/// stop, in a way that its starter hasn't told it to ignore. Replaces an earlier callback. Call it
+/// once, early, before other threads start.
 void onInterrupt(std::function<void()> callback);
 
 /// Direct children that still run.
@@ -22,7 +23,8 @@ std::int32_t terminateChildren(bool force = false);
 std::uint32_t parentProcessId();
 /// False also for one that has ended and that its parent hasn't collected yet.
 bool isProcessAlive(std::uint32_t processId);
-/// Runs `callback` on a thread of its own within a quarter of a second of the parent's death.
+/// Runs `callback` on a thread of its own within a quarter of a second of the parent's death. Call
+/// it early: on POSIX a parent that is gone already isn't missed.
 void onParentDeath(std::function<void()> callback);
 
 /// Turns a crash into the one line "PROGRAM: crashed (KIND) while DESCRIPTION" on standard error,
@@ -45,5 +47,7 @@ std::u16string executablePath();
 
 /// Whether standard input is a terminal, so that somebody can be asked.
 bool isInputTerminal();
+/// Whether standard input has something to read, or has ended, within that time.
+bool waitForInput(std::uint32_t milliseconds);
 
 } // namespace platform

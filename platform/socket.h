@@ -8,7 +8,7 @@
 // On every system a write to a peer that has closed is a failure like others, no call ends because
 // a signal came, and handles are not passed on to child processes.
 //
-// A limit is in seconds with their fraction; 0 is none. No call throws.
+// A limit is in seconds with their fraction; 0 is none. No call throws but for want of memory.
 #pragma once
 
 #include <atomic>

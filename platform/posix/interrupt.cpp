@@ -50,11 +50,18 @@ void watchPipe() {
     }
 }
 
+/// As a program is that runs on without its terminal.
+bool isIgnored(int signal) {
+    struct sigaction inherited {};
+    return ::sigaction(signal, nullptr, &inherited) == 0 && inherited.sa_handler == SIG_IGN;
+}
+
 void installHandlers() {
     struct sigaction action {};
     action.sa_handler = passInterruptOn;
     action.sa_flags = SA_RESTART;
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) ::sigaction(signal, &action, nullptr);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+        if (!isIgnored(signal)) ::sigaction(signal, &action, nullptr);
 }
 
 } // namespace

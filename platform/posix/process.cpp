@@ -10,6 +10,8 @@
 #include <cstdlib>
 #include <dirent.h>
 #include <fstream>
+#include <iterator>
+#include <poll.h>
 #include <sstream>
 #include <sys/resource.h>
 #include <thread>
@@ -33,15 +35,14 @@ struct ProcessState {
     pid_t parent = 0;
 };
 
-/// The program's name stands in brackets in the kernel's line and may hold anything.
+/// The program's name stands in brackets in front and may hold anything.
 ProcessState stateOf(const std::string& process) {
     ProcessState result;
     std::ifstream file("/proc/" + process + "/stat");
-    std::string line;
-    std::getline(file, line);
-    const std::size_t bracket = line.rfind(')');
-    if (bracket == line.npos) return result;
-    std::istringstream rest(line.substr(bracket + 1));
+    const std::string text(std::istreambuf_iterator<char>(file), {});
+    const std::size_t bracket = text.rfind(')');
+    if (bracket == text.npos) return result;
+    std::istringstream rest(text.substr(bracket + 1));
     rest >> result.state >> result.parent;
     return result;
 }
@@ -116,5 +117,10 @@ std::u16string executablePath() {
 }
 
 bool isInputTerminal() { return ::isatty(STDIN_FILENO) == 1; }
+
+bool waitForInput(std::uint32_t milliseconds) {
+    pollfd input{STDIN_FILENO, POLLIN, 0};
+    return ::poll(&input, 1, static_cast<int>(milliseconds)) > 0;
+}
 
 } // namespace platform

@@ -76,4 +76,8 @@ bool isInputTerminal() {
     return ::GetConsoleMode(::GetStdHandle(STD_INPUT_HANDLE), &mode);
 }
 
+bool waitForInput(std::uint32_t milliseconds) {
+    return ::WaitForSingleObject(::GetStdHandle(STD_INPUT_HANDLE), milliseconds) == WAIT_OBJECT_0;
+}
+
 } // namespace platform

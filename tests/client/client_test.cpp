@@ -7,13 +7,15 @@
 #include "cadimport/modelling/izelcadimporter.h"
 #include "cadimport/modelling/izelcoordinatesystem.h"
 #include "cadimport/topologymessages.h"
-#include "component/objects/services/idatastore.h"
 #include "component/objects/services/iguibusystate.h"
 #include "component/objects/services/iguisimpledlg.h"
 #include "component/objects/services/imacromgr.h"
 #include "host/modelling/modellingcomponent.h"
 #include "tests/cadimport/samplemessages.h"
 #include "tests/support/fakemanager.h"
+#ifndef _WIN32
+#include "tests/support/commalocale.h"
+#endif
 #include "tests/support/variables.h"
 #include "zelbasictypes/sets/bitvector.h"
 
@@ -25,7 +27,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <functional>
 #include <sstream>
+#include <utility>
 
 using testsupport::FakeManager;
 
@@ -265,6 +269,42 @@ TEST_F(ImportTest, ReadsWhatACrashedServerLeft) {
     EXPECT_FALSE(exists("part.direct"));
 }
 
+#ifndef _WIN32
+TEST_F(ImportTest, AsksForSatWhereTheUserWritesADecimalComma) {
+    const testsupport::CommaLocale comma;
+    if (!comma.isThere()) GTEST_SKIP() << "no locale with a comma is installed or can be made";
+    comma.choose();
+    write("part.igs", "x");
+    write("part.sat", "x");
+    EXPECT_TRUE(run(words({"-FakeReport", reportPath()})));
+    EXPECT_TRUE(report().contains("-sat"));
+    EXPECT_FALSE(report().contains("-igs"));
+    ASSERT_EQ(exported.size(), 1u);
+    EXPECT_TRUE(std::string(exported.front().toNarrow()).ends_with("part.sat"));
+}
+#endif
+
+TEST_F(ImportTest, RefusesASecondRunWhileTheServerOfTheFirstWorks) {
+    class Impatient : public BusyState {
+    public:
+        bool isCancelled() override {
+            if (again) succeeded |= std::exchange(again, nullptr)();
+            return BusyState::isCancelled();
+        }
+        std::function<bool()> again;
+        bool succeeded = false;
+    };
+    IPtr<Dialog> dialog(new Dialog);
+    manager.offer("IGuiSimpleDlg", dialog.iface);
+    const IPtr<Impatient> busy(new Impatient);
+    busy->again = [this] { return run(words()); };
+    manager.offer("IGuiBusyState", busy.iface);
+    run(words({"-FakeSleep", "800"}));
+    EXPECT_GE(busy->questions, 1);
+    EXPECT_FALSE(busy->succeeded);
+    EXPECT_EQ(dialog->shown.back(), "1 It couldn't be connected to the running server.");
+}
+
 TEST_F(ImportTest, AsksTwiceASecondWhetherToStopAndWaitsForTheServerAllTheSame) {
     IPtr<BusyState> busy(new BusyState);
     manager.offer("IGuiBusyState", busy.iface);
@@ -435,7 +475,7 @@ TEST_F(OptionScanTest, StepsOverAValueThatLooksLikeAnOption) {
 }
 
 TEST_F(ImportTest, ActsOnNoFrameWithoutAControlThread) {
-    EXPECT_NO_FATAL_FAILURE(client->controlMessageProcessing("junk"));
+    client->controlMessageProcessing("junk");
     client->sendControlMessage(CADImport::SendNextModelMessage());
     QByteArray record;
     QDataStream stream(&record, QIODevice::WriteOnly);

@@ -163,6 +163,14 @@ TEST_F(ConnectedRunTest, NotesAWishToStopAndGoesOn) {
     EXPECT_EQ(exported, Words{"kept"});
 }
 
+TEST_F(ConnectedRunTest, AsksTheUserAlsoWhileTheServerDoesNotListen) {
+    IPtr<Cancelled> busy(new Cancelled);
+    manager.offer("IGuiBusyState", busy.iface);
+    EXPECT_FALSE(run({"-FakeSleep", "2300"}));
+    EXPECT_GE(busy->questions, 3);
+    EXPECT_LE(busy->questions, 5);
+}
+
 TEST_F(ConnectedRunTest, TakesAServerThatListensAlreadyAsItIs) {
     const loopback::Listener listener(5, port);
     EXPECT_FALSE(run({"-FakeReport", "REPORT"}));
