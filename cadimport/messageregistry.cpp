@@ -7,6 +7,8 @@
 #include "cadimport/surfacemessages.h"
 #include "cadimport/topologymessages.h"
 
+#include <memory>
+
 namespace CADImport {
 namespace {
 
@@ -25,9 +27,9 @@ MessageRegistry& messageRegistry() {
 Message* createMessage(const MessageRegistry& registry, const QString& wireName,
                        QDataStream& stream) {
     const MessageFactory factory = registry.value(wireName, nullptr);
-    Message* message = factory ? factory() : nullptr;
+    std::unique_ptr<Message> message(factory ? factory() : nullptr);
     if (message) message->read(stream);
-    return message;
+    return message.release();
 }
 
 const QString OKMessage::wireName = enter(QStringLiteral("OK"), OKMessage::create);

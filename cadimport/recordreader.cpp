@@ -10,6 +10,7 @@
 #include <QtEndian>
 
 #include <cstring>
+#include <utility>
 #include <vector>
 
 namespace CADImport {
@@ -90,6 +91,7 @@ struct RecordReader::Private {
     RecordWindow window;
     QDataStream stream;
     WireNames names;
+    KnownClass* spacious = nullptr; ///< the class whose kept object has more room than most need
 };
 
 /// Consumes the name. One that is null, of odd length or cut reads as the empty name, which stands
@@ -120,10 +122,13 @@ std::unique_ptr<Message> RecordReader::next() {
 }
 
 const Message* RecordReader::look() {
+    if (d->spacious) std::exchange(d->spacious, nullptr)->kept.reset();
     KnownClass* known = d->nextClass();
     if (!known) return nullptr;
     if (!known->kept) known->kept.reset(known->factory());
+    const qint64 start = d->window.consumed();
     if (known->kept) known->kept->read(d->stream);
+    if (d->window.consumed() - start > RecordWindow::capacity) d->spacious = known;
     return known->kept.get();
 }
 

@@ -36,7 +36,8 @@ public:
     /// was consumed, and the next one is taken from wherever that leaves the reader.
     std::unique_ptr<Message> next();
     /// The same for those who only look: an object that the reader keeps for the class, to be read
-    /// into again at the next call. It costs half the time.
+    /// into again at the next call. It costs half the time. One that was longer than the window
+    /// isn't kept.
     const Message* look();
     /// Bytes consumed so far.
     qint64 position() const;

@@ -2,7 +2,9 @@
 // The Creator against the reference host's modelling component, whose trace tells every call.
 #include "cadimport/creator.h"
 
+#include "cadimport/modelling/curves.h"
 #include "component/manageraccess.h"
+#include "component/objects/queryinterface.h"
 #include "host/modelling/modellingcomponent.h"
 #include "zelbasictypes/sets/bitvector.h"
 
@@ -127,6 +129,9 @@ TEST_F(CreatorTest, HandsTheNumbersOfEveryShapeAcrossInTheHostsOrder) {
     arc.radius = 4;
     arc.endAngle = 5;
     auto ellipse = withIdentifier<CreateEllipse>(3);
+    ellipse.center = {7, 8, 9};
+    ellipse.normal = {0, 0, 1};
+    ellipse.direction = {0, 1, 0};
     ellipse.littleHalfAxis = 1;
     ellipse.bigHalfAxis = 2;
     ellipse.endAngle = 3;
@@ -153,7 +158,7 @@ TEST_F(CreatorTest, HandsTheNumbersOfEveryShapeAcrossInTheHostsOrder) {
         (Lines{
             R"(["IZelLine#1","define",[[0,0,0],[1,0,0],null,0]])",
             R"(["IZelArc#1","define",[[1,2,3],4,[0,0,1],[1,0,0],0,5,null,0]])",
-            R"(["IZelEllipse#1","define",[[0,0,0],[0,0,0],[0,0,0],2,1,0,3,null,0]])",
+            R"(["IZelEllipse#1","define",[[7,8,9],[0,0,1],[0,1,0],2,1,0,3,null,0]])",
             R"(["IZelPlane#1","define",[[1,2,3],[0,0,1],[1,0,0],[0,4],[5,6]]])",
             R"(["IZelCylinder#1","define",[[1,2,3],[0,0,1],[1,0,0],7,[0,4],[5,6],[0,4],[5,6]]])",
             R"(["IZelCone#1","define",[[1,2,3],[0,0,1],[1,0,0],0.5,[0,4],[5,6],[0,4],[5,6]]])",
@@ -277,6 +282,8 @@ TEST_F(CreatorTest, PutsTheBoxOfAShellInOrderAndScalesIt) {
         R"(3.4028234663852886e+38],[-3.4028234663852886e+38,-3.4028234663852886e+38,)"
         R"(-3.4028234663852886e+38]]]])";
     EXPECT_EQ(boxOf({{limit, 1, 2}, {-limit, 3, 4}}), empty);
+    EXPECT_EQ(boxOf({{limit, 0, 0}, {1, 1, 1}}),
+              R"(["importer","setShellBox",[[[1,0,0],[3.4028234663852886e+38,1,1]]]])");
     close();
     open(1);
     calls();
@@ -372,7 +379,71 @@ TEST_F(CreatorTest, KeepsTheScaleOfAModelWhenTheNextOneIsInvalid) {
     EXPECT_EQ(calls().size(), 2u) << "define and transform";
 }
 
-TEST_F(CreatorTest, FinishesAModelThatNeverBegan) {
+TEST_F(CreatorTest, FinishesAModelThatNeverBeganAndEndsItsIdentifiers) {
+    give(line(1));
+    calls();
     close();
     EXPECT_EQ(calls().front(), R"(["importer","finishModel",[]])");
+    EXPECT_TRUE(creator->models().empty()) << "there is no entry for it";
+    give(edge(2, 1));
+    EXPECT_EQ(calls().at(1), R"(["importer","setEdgeFace",[2,0,7]])");
+}
+
+TEST_F(CreatorTest, TellsTheAccuracyAndWhetherItIsAbsolute) {
+    for (const bool absolute : {true, false}) {
+        NewModel message;
+        message.absolute = absolute;
+        message.accuracy = 0.5;
+        message.unit = 25.4;
+        give(message);
+        EXPECT_EQ(calls(), Lines{absolute ? R"(["importer","beginModel",[true,0.5]])"
+                                          : R"(["importer","beginModel",[false,0.5]])"});
+    }
+}
+
+TEST_F(CreatorTest, PassesOverWhatTheHostCannotMake) {
+    host::rootManager().withdraw("IZelLine");
+    host::rootManager().withdraw("IZelCoordinateSystem");
+    open(1);
+    calls();
+    give(line(1));
+    auto system = withIdentifier<CreateCoordinateSystem>(1);
+    system.xDirection = {1, 0, 0};
+    system.yDirection = {0, 1, 0};
+    give(system);
+    EXPECT_TRUE(calls().empty());
+    std::list<IZelFeature*> features;
+    std::list<BitVector*> masks;
+    creator->coordinateSystems(features, masks);
+    EXPECT_TRUE(features.empty());
+    EXPECT_TRUE(masks.empty());
+    give(edge(4, 1));
+    EXPECT_EQ(calls().at(1), R"(["importer","setEdgeFace",[4,0,7]])");
+}
+
+/// A line of a host that knows neither curves nor features.
+class BareLine : public IZelLine {
+public:
+    explicit BareLine(int& defined) : defined_(defined) {}
+    void qi(const char* name, void** result, std::int32_t) override {
+        zelAnswerQuery<IZelLine>(this, className(), name, result);
+    }
+    const char* className() override { return "BareLine"; }
+    void reserved1() override {}
+    void define(const ZelVector3&, const ZelVector3&, const void*, double) override { ++defined_; }
+
+private:
+    int& defined_;
+};
+
+TEST_F(CreatorTest, FilesAnObjectWithoutTheInterfaceOfItsTableAsNoneAndScalesNothingOfIt) {
+    int defined = 0;
+    host::rootManager().offerMaker("IZelLine", [&] { return new BareLine(defined); });
+    open(1);
+    calls();
+    give(line(1));
+    EXPECT_EQ(defined, 1);
+    EXPECT_TRUE(calls().empty());
+    give(edge(4, 1));
+    EXPECT_EQ(calls().at(1), R"(["importer","setEdgeCurve",[4,null]])");
 }

@@ -149,6 +149,19 @@ TEST(Dump, OfANurbsSurfaceCountsEveryRowByTheFirst) {
               "\t)\n</CreateNURBSSurface>\n");
 }
 
+TEST(Dump, OfASplineSaysWhetherItIsRational) {
+    const auto lineOf = [](const std::string& dump) {
+        const std::size_t start = dump.find("\trational");
+        return dump.substr(start, dump.find('\n', start) - start);
+    };
+    for (const bool rational : {true, false}) {
+        const std::string expected = rational ? "\trational=true " : "\trational=false";
+        const auto change = [&](auto& m) { m.rational = rational; };
+        EXPECT_EQ(lineOf(dumped<CreateNURBSSurface>(change)), expected);
+        EXPECT_EQ(lineOf(dumped<CreateNURBSCurve>(change)), expected);
+    }
+}
+
 TEST(Dump, OfACurveIsTheFormOfOldTraces) {
     EXPECT_EQ(dumped<CreateLine>([](auto& m) {
                   m.endPoint = {1, 2, 3};

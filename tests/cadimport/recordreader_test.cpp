@@ -147,6 +147,23 @@ TEST(RecordReader, AgreesOnAnyCountOfAnyList) {
     }
 }
 
+TEST(RecordReader, KeepsNoRoomOfALongRecord) {
+    CreateGroup group;
+    group.components = QList<int>(1'000'000, 7);
+    QByteArray file = sample::record(group);
+    group.components = {1};
+    file += sample::record(group) + sample::record(group);
+    QBuffer device(&file);
+    device.open(QIODevice::ReadOnly);
+    RecordReader records(device);
+    const auto next = [&] { return static_cast<const CreateGroup*>(records.look()); };
+    EXPECT_EQ(next()->components.size(), 1'000'000);
+    const CreateGroup* small = next();
+    EXPECT_EQ(small->components.size(), 1);
+    EXPECT_LT(small->components.capacity(), 1000);
+    EXPECT_EQ(next(), small) << "small ones are read into again";
+}
+
 TEST(RecordReader, AgreesOnDamagedFiles) {
     sample::Random random(10);
     const QByteArray sound = everyClass(random, 2);
