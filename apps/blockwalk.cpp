@@ -145,7 +145,7 @@ void BlockWalk::step() {
         sink_.damage(at_, "this block was never ended");
         block.end = innermostEnd();
         enter(block);
-    } else if (kind) {
+    } else if (kind && (holdsBlocks(block.tag) || block.version == 0)) {
         misfit(block);
     } else {
         passPlain();
@@ -157,7 +157,8 @@ bool BlockWalk::isUnended(const Block& block) const {
     return block.length == 0 && block.tag != 0 && open_.back().unended;
 }
 
-/// A block of a known kind whose length can't be right.
+/// A block of a known kind whose length can't be right. Values are of version 0, which keeps most
+/// bare numbers out of here.
 void BlockWalk::misfit(const Block& block) {
     const std::uint64_t room = innermostEnd() - at_;
     std::string what = std::string("a block of the kind \"") + blockKind(block.tag)->name +

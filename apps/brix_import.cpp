@@ -10,7 +10,10 @@
 #include <QFile>
 
 #include <clocale>
+#include <cstdint>
 #include <iostream>
+#include <optional>
+#include <string>
 
 namespace {
 
@@ -22,23 +25,38 @@ bool writeFile(const QString& fileName, const std::string& text) {
            file.flush();
 }
 
-/// False when the report can't be written.
+/// False when the report can't be written. What it would have told is told as a table then.
 bool writeReport(const apps::ImportCommand& command, const host::RunOutcome& outcome) {
-    if (!command.json) {
-        std::cout << host::tableReport(outcome) << std::flush;
-    } else if (command.jsonFile.isEmpty()) {
-        std::cout << host::jsonReport(outcome) << std::flush;
-    } else if (!writeFile(command.jsonFile, host::jsonReport(outcome))) {
-        std::cerr << "brix-import: the report can't be written: " << command.jsonFile.toStdString()
-                  << std::endl;
-        return false;
+    const std::string report =
+        command.json ? host::jsonReport(outcome) : host::tableReport(outcome);
+    bool isWritten = false;
+    if (command.jsonFile.isEmpty()) {
+        isWritten = bool(std::cout << report << std::flush);
+    } else {
+        isWritten = writeFile(command.jsonFile, report);
     }
-    return std::cout.good();
+    if (!isWritten) {
+        const QString where =
+            command.jsonFile.isEmpty() ? QStringLiteral("standard output") : command.jsonFile;
+        std::cerr << "brix-import: the report can't be written: " << where.toStdString() << '\n'
+                  << host::tableReport(outcome) << std::flush;
+    }
+    return isWritten;
+}
+
+/// A line of the user's; nothing at the end of the input or at an interrupt.
+std::optional<std::string> askTerminal() {
+    constexpr std::uint32_t turnMs = 50;
+    while (std::cin.rdbuf()->in_avail() <= 0 && !platform::waitForInput(turnMs)) {
+        if (host::interruptCount() > 0) return {};
+    }
+    std::string line;
+    return std::getline(std::cin, line) ? std::optional(line) : std::nullopt;
 }
 
 int run(const apps::ImportCommand& command) {
-    const host::RunSurroundings surroundings{std::cerr,
-                                             platform::isInputTerminal() ? &std::cin : nullptr};
+    const host::RunSurroundings surroundings{
+        std::cerr, platform::isInputTerminal() ? host::LineReader(askTerminal) : nullptr};
     const host::RunOutcome outcome = host::runImport(command.options, surroundings);
     const host::ExitStatus status = host::exitStatus(outcome);
     if (!outcome.reason.empty()) std::cerr << "brix-import: " << outcome.reason << std::endl;

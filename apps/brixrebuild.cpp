@@ -69,7 +69,8 @@ int work(const Arguments& arguments) {
 int main(int argc, char** argv) {
     platform::onParentDeath([] { platform::exitNow(host::workerOrphaned); });
     Arguments arguments;
-    CLI::App app("Builds the solids of a record; brix-import runs it");
+    CLI::App app("Builds the solids of a record; brix-import runs it", "brix-rebuild");
+    app.set_version_flag("--version", "brix-rebuild " BRIX_VERSION);
     describe(app, arguments);
     try {
         app.parse(argc, argv);

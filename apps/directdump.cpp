@@ -6,6 +6,7 @@
 #include <CLI/CLI.hpp>
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
 #include <functional>
@@ -99,11 +100,16 @@ class CountOutput : public Output {
 class Rewriting : public Output {
 public:
     explicit Rewriting(const std::string& fileName) : file_(QString::fromStdString(fileName)) {
-        if (file_.open(QIODevice::WriteOnly)) stream_.setDevice(&file_);
+        const QFileInfo target(file_.fileName());
+        const bool isPlace = target.isFile() || !target.exists();
+        if (isPlace && file_.open(QIODevice::WriteOnly)) stream_.setDevice(&file_);
         stream_.setVersion(CADImport::streamVersion);
     }
     bool isOpen() const { return file_.isOpen(); }
-    std::string problem() const { return file_.errorString().toStdString(); }
+    std::string problem() const {
+        return isOpen() || file_.error() != QFileDevice::NoError ? file_.errorString().toStdString()
+                                                                 : "it is no file";
+    }
     void add(const Message& message, qint64) override {
         stream_ << message.name();
         message.write(stream_);

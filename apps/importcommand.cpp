@@ -4,6 +4,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <QFileInfo>
+
 #include <algorithm>
 #include <initializer_list>
 
@@ -83,8 +85,10 @@ void addOutput(CLI::App& parser, Words& words) {
 }
 
 constexpr const char* exitStatusHelp =
-    "Exit status: 0 the whole model arrived, 1 nothing was imported, 2 wrong use, 3 module or\n"
-    "server unusable, 4 arrived with losses, each named in the report.";
+    "Exit status: 0 the whole model arrived, 1 nothing was imported, 2 wrong use, or a file "
+    "beside\n"
+    "the model can't be read or written, 3 module or server unusable, 4 arrived with losses, each\n"
+    "named in the report.";
 
 QStringList toQStrings(const std::vector<std::string>& texts) {
     QStringList list;
@@ -128,6 +132,17 @@ bool endsAsOneOf(std::initializer_list<const char*> endings, const std::string& 
     });
 }
 
+bool areSame(const std::string& a, const std::string& b) {
+    const QString place = QFileInfo(QString::fromStdString(a)).canonicalFilePath();
+    return !place.isEmpty() && place == QFileInfo(QString::fromStdString(b)).canonicalFilePath();
+}
+
+bool replacesModel(const Words& words) {
+    const auto outputs = {words.picture, words.exportFile, words.trace, words.json};
+    return std::any_of(outputs.begin(), outputs.end(),
+                       [&](const std::string& file) { return areSame(file, words.model); });
+}
+
 const char* problemOf(const Words& words) {
     if (!words.picture.empty() && !endsAsOneOf({".png"}, words.picture)) {
         return "--picture takes a file that ends in .png";
@@ -141,6 +156,7 @@ const char* problemOf(const Words& words) {
     if (words.noServer && words.live) return "--live needs a server";
     if (words.traceFrames && !words.live) return "--trace-frames needs --live";
     if (!words.noServer && words.model.empty()) return "MODEL is missing";
+    if (replacesModel(words)) return "a file to be written is MODEL itself";
     return nullptr;
 }
 

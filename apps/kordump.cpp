@@ -18,7 +18,8 @@ using apps::Block;
 enum Status { sound = 0, unusable = 1, wrongUse = 2, damaged = 3 };
 
 constexpr const char* exitStatusHelp =
-    "Numbers that stand between blocks have no frame: they are shown as plain bytes.\n"
+    "Numbers that stand between blocks have no frame: they are shown as plain bytes, but one that\n"
+    "happens to look like the beginning of a block is taken for one, or for a damaged one.\n"
     "Exit status: 0 the file is sound, 1 it can't be read or something can't be written,\n"
     "2 wrong use, 3 it stops making sense somewhere; what does make sense is shown.";
 

@@ -33,6 +33,8 @@ private:
     QString result(const char* extension) const {
         return options_.outputBaseName + QLatin1String(extension);
     }
+    QStringList results() const;
+    void refuseInputAmongResults() const;
     void removeEarlierResults() const;
     TopoDS_Shape readShape();
     void leaveModel(const TopoDS_Shape& shape);
@@ -45,17 +47,32 @@ private:
     Report report_;
 };
 
-void Run::removeEarlierResults() const {
-    for (const char* extension : {".direct", ".direct.partial", ".report.json"}) {
-        QFile::remove(result(extension));
+QStringList Run::results() const {
+    QStringList files{result(".direct"), result(".direct.partial"), result(".report.json")};
+    if (options_.igs) files << result(".igs");
+    return files;
+}
+
+/// An IGES file may be both: it would be gone before it is read.
+void Run::refuseInputAmongResults() const {
+    const QString input = QFileInfo(options_.inputFile).canonicalFilePath();
+    for (const QString& file : results()) {
+        if (!input.isEmpty() && QFileInfo(file).canonicalFilePath() == input) {
+            throw Failure(ExitCode::wrongUse,
+                          options_.inputFile.toStdString() + " would be replaced by a result");
+        }
     }
-    if (options_.igs) QFile::remove(result(".igs"));
+}
+
+void Run::removeEarlierResults() const {
+    for (const QString& file : results()) QFile::remove(file);
 }
 
 TopoDS_Shape Run::readShape() {
     const std::string path = options_.inputFile.toStdString();
     const QFileInfo input(options_.inputFile);
-    if (!input.isFile()) throw Failure(ExitCode::unreadable, path + " isn't there");
+    if (!input.exists()) throw Failure(ExitCode::unreadable, path + " isn't there");
+    if (!input.isFile()) throw Failure(ExitCode::unreadable, path + " is no file");
     const auto reader = makeReader(input.fileName().toStdString());
     if (!reader)
         throw Failure(ExitCode::unsupported, path + " is in a format that isn't supported");
@@ -117,6 +134,7 @@ void Run::leaveReport() {
 
 /// A run that fails after the model was written leaves no model: its exit says that there is none.
 void Run::perform() {
+    refuseInputAmongResults();
     removeEarlierResults();
     const TopoDS_Shape shape = readShape();
     leaveModel(shape);

@@ -9,6 +9,7 @@
 #include <QDeadlineTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 #include <QTemporaryDir>
 
 namespace host {
@@ -39,6 +40,22 @@ QString failureOf(WorkerEnd end) {
     default:
         return "the program that rebuilds solids kept dying";
     }
+}
+
+/// Into the place of a file only when it is whole. What is no file, such as a device, is left
+/// alone.
+bool copyOver(const QString& from, const QString& to) {
+    constexpr qint64 pieceBytes = 1 << 20;
+    const QFileInfo target(to);
+    if (target.exists() && !target.isFile()) return false;
+    QFile source(from);
+    QSaveFile file(to);
+    if (!source.open(QIODevice::ReadOnly) || !file.open(QIODevice::WriteOnly)) return false;
+    while (!source.atEnd()) {
+        const QByteArray piece = source.read(pieceBytes);
+        if (piece.isEmpty() || file.write(piece) != piece.size()) return false;
+    }
+    return file.commit();
 }
 
 bool isStage(const std::string& what) { return what == "picture" || what == "export"; }
@@ -134,8 +151,7 @@ private:
             outcome_.exportWritten && deliver(exportName(), options_.exportFile, "export");
     }
     bool deliver(const QString& from, const QString& to, const char* what) {
-        QFile::remove(to);
-        if (QFile::rename(from, to)) return true;
+        if (copyOver(from, to)) return true;
         outcome_.dropped.push_back({what, 0, "the file could not be written: " + to.toStdString()});
         return false;
     }

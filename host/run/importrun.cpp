@@ -123,8 +123,16 @@ std::string ImportRun::makeSettings() {
     return {};
 }
 
+/// Of a file that is named at all.
+bool isReadable(const QString& file) {
+    return file.isEmpty() || (QFileInfo(file).isFile() && QFile(file).open(QIODevice::ReadOnly));
+}
+
 std::string ImportRun::makePlaces() {
     if (!temporary_.isValid()) return "no temporary directory can be made";
+    if (!isReadable(options_.environmentFile)) {
+        return "the environment file can't be read: " + options_.environmentFile.toStdString();
+    }
     outputBase_ = options_.outputBase.isEmpty() ? temporary_.filePath(QStringLiteral("model"))
                                                 : options_.outputBase;
     if (!options_.traceFile.isEmpty()) {
@@ -227,7 +235,7 @@ bool ImportRun::readWhatWasNamed(std::list<KorString>& files) {
 }
 
 bool ImportRun::callImport() {
-    const RunWatch watch(services_.busyState, outcome_.name, surroundings_.messages);
+    const RunWatch watch(services_, outcome_.name, surroundings_.messages);
     const ComponentLog log;
     std::list<KorString> files;
     bool result = importModel(optionList(), files);

@@ -4,16 +4,16 @@
 
 #include "host/run/importoptions.h"
 #include "host/run/runoutcome.h"
+#include "host/services/simpledialog.h"
 
-#include <functional>
 #include <iosfwd>
 
 namespace host {
 
 /// The world around a run. Streams outlive it.
 struct RunSurroundings {
-    std::ostream& messages;           ///< notices, questions, progress
-    std::istream* terminal = nullptr; ///< where questions are answered; null when nobody is there
+    std::ostream& messages; ///< notices, questions, progress
+    LineReader terminal{};  ///< where questions are answered; null when nobody is there
 };
 
 /// Blocks until the import and the rebuilding are done; counted interrupts end it early. The root

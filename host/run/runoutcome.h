@@ -13,9 +13,9 @@
 namespace host {
 
 enum class ExitStatus {
-    complete = 0, ///< the whole model arrived
-    nothing = 1,  ///< nothing was imported
-    wrongUse = 2,
+    complete = 0,   ///< the whole model arrived
+    nothing = 1,    ///< nothing was imported
+    wrongUse = 2,   ///< or a file beside the model can't be read or written
     unusable = 3,   ///< module or server can't be used
     withLosses = 4, ///< something is missing, and named
 };

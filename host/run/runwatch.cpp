@@ -18,8 +18,9 @@ constexpr auto progressPause = 5s;
 
 } // namespace
 
-RunWatch::RunWatch(const IPtr<BusyState>& busyState, std::string what, std::ostream& progress)
-    : busyState_(busyState), what_(std::move(what)), progress_(progress) {
+RunWatch::RunWatch(const Services& services, std::string what, std::ostream& progress)
+    : busyState_(services.busyState), dialog_(services.dialog), what_(std::move(what)),
+      progress_(progress) {
     showProgress();
     thread_ = std::thread([this] { watch(); });
 }
@@ -32,7 +33,7 @@ RunWatch::~RunWatch() {
 void RunWatch::watch() {
     while (!done_) {
         passInterruptsOn();
-        if (Clock::now() >= nextProgress_) showProgress();
+        if (Clock::now() >= nextProgress_ && !dialog_->isAsking()) showProgress();
         std::this_thread::sleep_for(turn);
     }
 }

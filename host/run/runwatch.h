@@ -4,7 +4,7 @@
 #pragma once
 
 #include "component/objects/iptr.h"
-#include "host/services/busystate.h"
+#include "host/services/services.h"
 
 #include <atomic>
 #include <chrono>
@@ -16,10 +16,11 @@ namespace host {
 
 /// A thread of its own from construction to destruction. The first interrupt makes the busy state
 /// say so and asks the server, as any child process of ours, to stop; two seconds later, or at the
-/// second interrupt, it is killed. `progress` gets a line at once and one every few seconds.
+/// second interrupt, it is killed. `progress` gets a line at once and one every few seconds, but
+/// for those while the dialog asks.
 class RunWatch {
 public:
-    RunWatch(const IPtr<BusyState>& busyState, std::string what, std::ostream& progress);
+    RunWatch(const Services& services, std::string what, std::ostream& progress);
     RunWatch(const RunWatch&) = delete;
     RunWatch& operator=(const RunWatch&) = delete;
     ~RunWatch();
@@ -32,6 +33,7 @@ private:
     void showProgress();
 
     IPtr<BusyState> busyState_;
+    IPtr<SimpleDialog> dialog_;
     const std::string what_;
     std::ostream& progress_;
     const Clock::time_point start_ = Clock::now();

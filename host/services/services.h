@@ -13,10 +13,10 @@ namespace host {
 class ComponentManager;
 
 struct ServiceOptions {
-    std::ostream& messages; ///< where notices, errors and questions go; outlives the services
-    std::istream* terminal = nullptr; ///< where questions are answered, when there is one
-    std::optional<bool> answer;       ///< answers every question
-    IPtr<SettingsStore> settings;     ///< null for an empty one
+    std::ostream& messages;       ///< where notices, errors and questions go; outlives the services
+    LineReader terminal;          ///< where questions are answered, when there is somebody
+    std::optional<bool> answer;   ///< answers every question
+    IPtr<SettingsStore> settings; ///< null for an empty one
 };
 
 /// The services that the host itself goes on using.

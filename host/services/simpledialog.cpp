@@ -5,7 +5,6 @@
 #include "component/objects/queryinterface.h"
 #include "host/text.h"
 
-#include <istream>
 #include <ostream>
 
 namespace host {
@@ -31,10 +30,12 @@ std::int32_t SimpleDialog::show(std::int32_t kind, const KorString& text, const 
 bool SimpleDialog::ask(const std::string& text) {
     if (answer_) return *answer_;
     if (!terminal_) return false;
+    isAsking_ = true;
     out_ << text << " [y/N] " << std::flush;
-    std::string line;
-    std::getline(*terminal_, line);
-    const QString word = QString::fromStdString(line).trimmed().toLower();
+    const std::optional<std::string> line = terminal_();
+    if (!line) out_ << std::endl;
+    isAsking_ = false;
+    const QString word = QString::fromStdString(line.value_or("")).trimmed().toLower();
     return word == QLatin1String("y") || word == QLatin1String("yes");
 }
 

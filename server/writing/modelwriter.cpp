@@ -19,9 +19,6 @@
 namespace server {
 namespace {
 
-/// The version of the protocol's streams.
-constexpr int streamVersion = QDataStream::Qt_4_1;
-
 TopoDS_Compound together(const std::vector<Body>& bodies) {
     TopoDS_Compound all;
     BRep_Builder builder;
@@ -75,7 +72,7 @@ CADImport::CreateBody writeShellsOf(const Body& body, const ShellPlanning& plann
 
 void writeModel(const std::vector<Body>& bodies, QDataStream& stream, Progress& progress,
                 Report& report) {
-    stream.setVersion(streamVersion);
+    stream.setVersion(CADImport::streamVersion);
     const TopoDS_Compound all = together(bodies);
     MessageSink sink(stream, report);
     sink.write(newModel(all, report.unit.millimetres));

@@ -100,6 +100,19 @@ TEST_F(ComponentTest, NamesATraceThatCouldNotBeWritten) {
     EXPECT_EQ(result.json()["dropped"][0]["what"], "trace");
 }
 
+TEST_F(ComponentTest, TellsTheLossesWhereTheReportCanNotBeWritten) {
+    if (!QFile::exists("/dev/full")) GTEST_SKIP() << "no device here that is always full";
+    {
+        ModelFile file(base + ".direct");
+        file.begin(1), file.addSphere();
+    }
+    process.setStandardOutputFile("/dev/full");
+    const ImportResult result = importFile();
+    EXPECT_EQ(result.status, 2);
+    EXPECT_TRUE(result.says("the report can't be written: standard output")) << result.errors;
+    EXPECT_TRUE(result.says("cut off before its end")) << result.errors;
+}
+
 TEST_F(ComponentTest, LeavesAModelFileThatIsNoFile) {
     ASSERT_TRUE(QDir().mkdir(base + ".direct"));
     const ImportResult result = importFile();

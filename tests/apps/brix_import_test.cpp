@@ -82,6 +82,24 @@ TEST_F(BrixImportTest, EndsWithStatusThreeWhenTheServerCannotBeStarted) {
     EXPECT_TRUE(silent.says("no such file")) << silent.errors;
 }
 
+TEST_F(BrixImportTest, SaysOfAServerThatNobodyWasToldOfThatItCouldNotBeStarted) {
+    if (!HOST_HEARS_COMPONENT) GTEST_SKIP() << "the host doesn't hear the component here";
+    QFile server(directory.filePath("server"));
+    ASSERT_TRUE(server.open(QIODevice::WriteOnly));
+    server.write("#!/no/such/interpreter\n");
+    server.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    server.close();
+    QFile model(directory.filePath("part.step"));
+    ASSERT_TRUE(model.open(QIODevice::WriteOnly));
+    for (const QStringList& more : {QStringList(), QStringList("--live")}) {
+        const ImportResult result = run(QStringList{model.fileName(), "--server", server.fileName(),
+                                                    "--without", "IGuiSimpleDlg"} +
+                                        more);
+        EXPECT_EQ(result.status, 1);
+        EXPECT_TRUE(result.says("the server could not be started and")) << result.errors;
+    }
+}
+
 TEST_F(BrixImportTest, EndsWithStatusThreeAndAReasonForAModuleThatIsNone) {
     const std::pair<const char*, const char*> modules[] = {
         {"/no/such/module", "the module is missing"},
@@ -97,6 +115,8 @@ TEST_F(BrixImportTest, EndsWithStatusThreeAndAReasonForAModuleThatIsNone) {
 TEST_F(BrixImportTest, RefusesSettingsServicesAndTracesThatCannotBe) {
     const QStringList wrong[] = {{"--set", "no equals"},
                                  {"--settings", "/no/such/file"},
+                                 {"--environment", "/no/such/file"},
+                                 {"--environment", directory.path()},
                                  {"--without", "INothing"},
                                  {"--trace", "/no/such/directory/trace"}};
     for (const QStringList& words : wrong) {

@@ -123,6 +123,7 @@ TEST_F(DirectDump, RefusesWhatItCannotDo) {
     EXPECT_EQ(missing.output, "");
     EXPECT_EQ(run({directory.path()}).status, 1);
     EXPECT_EQ(run({write(vertexRecord(1)), "--rewrite", path("no/such/place")}).status, 1);
+    EXPECT_EQ(run({write(vertexRecord(1)), "--rewrite", directory.path()}).status, 1);
     EXPECT_EQ(run({}).status, 2);
     EXPECT_EQ(run({"a", "b"}).status, 2);
     EXPECT_EQ(run({"a", "--json", "--count"}).status, 2);

@@ -2,6 +2,9 @@
 // The command line of brix-import.
 #include "apps/importcommand.h"
 
+#include <QFile>
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
 
 namespace apps {
@@ -72,6 +75,17 @@ TEST_F(ImportCommandTest, TakesTheModelAndEveryOption) {
     EXPECT_FALSE(options.noServer || options.live || options.traceFrames);
     EXPECT_TRUE(command.json);
     EXPECT_EQ(command.jsonFile, "r.json");
+}
+
+TEST_F(ImportCommandTest, RefusesToWriteOverTheModel) {
+    QTemporaryDir directory;
+    QFile model(directory.filePath("part.step"));
+    ASSERT_TRUE(model.open(QIODevice::WriteOnly));
+    const QString same = directory.filePath("./part.step");
+    for (const char* option : {"--export", "--trace", "--json"}) {
+        EXPECT_FALSE(parse({model.fileName(), option, same}).command) << option;
+        EXPECT_NE(errors.find("MODEL itself"), errors.npos) << errors;
+    }
 }
 
 TEST_F(ImportCommandTest, WritesJsonToStandardOutputWithoutAFile) {

@@ -211,6 +211,13 @@ TEST_F(ServerProcess, RemovesTheResultsOfAnEarlierRunBeforeItFails) {
     EXPECT_TRUE(results().isEmpty());
 }
 
+TEST_F(ServerProcess, RefusesAnInputThatAResultWouldReplace) {
+    fill("out.igs", "a model");
+    EXPECT_EQ(import(path("out.igs"), {"-igs", "on"}), 2);
+    EXPECT_TRUE(errors_.contains("would be replaced by a result"));
+    EXPECT_EQ(contents("out.igs"), "a model");
+}
+
 /// Copies that share nothing, so that a run takes long enough to be stopped.
 TopoDS_Compound copies(const TopoDS_Shape& shape, int count) {
     TopoDS_Compound all;

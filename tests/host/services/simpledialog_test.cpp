@@ -11,29 +11,27 @@ namespace {
 
 class SimpleDialogTest : public HostTest {
 protected:
-    std::int32_t ask(std::optional<bool> answer, std::istream* terminal) {
-        const IPtr<SimpleDialog> dialog(new SimpleDialog(answer, terminal, out));
+    std::int32_t ask(std::optional<bool> answer, LineReader terminal) {
+        const IPtr<SimpleDialog> dialog(new SimpleDialog(answer, std::move(terminal), out));
         return dialog->show(3, text("Go on?"), text(" "), false, false, false);
     }
     std::ostringstream out;
 };
 
 TEST_F(SimpleDialogTest, TakesTheAnswerGivenBeforehandAndAsksNobody) {
-    std::istringstream terminal("yes\n");
     EXPECT_EQ(ask(true, nullptr), 1);
-    EXPECT_EQ(ask(false, &terminal), 0);
+    EXPECT_EQ(ask(false, [] { return "yes"; }), 0);
     EXPECT_EQ(out.str(), "");
 }
 
 TEST_F(SimpleDialogTest, DeclinesWithoutATerminal) { EXPECT_EQ(ask({}, nullptr), 0); }
 
 TEST_F(SimpleDialogTest, AsksTheTerminal) {
-    const std::pair<const char*, std::int32_t> lines[] = {
-        {"y\n", 1}, {" YES \n", 1}, {"yes", 1}, {"n\n", 0}, {"\n", 0}, {"", 0}, {"yesterday\n", 0}};
-    for (const auto& [line, expected] : lines) {
-        std::istringstream terminal(line);
-        EXPECT_EQ(ask({}, &terminal), expected) << line;
-    }
+    const std::pair<const char*, std::int32_t> lines[] = {{"y", 1}, {" YES ", 1}, {"yes\r", 1},
+                                                          {"n", 0}, {"", 0},      {"yesterday", 0}};
+    for (const auto& [line, expected] : lines)
+        EXPECT_EQ(ask({}, [line = line] { return line; }), expected) << line;
+    EXPECT_EQ(ask({}, [] { return std::nullopt; }), 0);
     EXPECT_EQ(out.str().substr(0, 13), "Go on? [y/N] ");
 }
 
