@@ -12,8 +12,10 @@ function(brix_defaults target)
   target_include_directories(${target} PUBLIC
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/brix>)
+  # Files that are compiled together may have names of their own that are alike.
   target_compile_options(${target} PRIVATE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor
+    -Wall -Wextra -Wpedantic -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor
+    $<$<NOT:$<BOOL:${CMAKE_UNITY_BUILD}>>:-Wshadow>
     $<$<BOOL:${BRIX_WARNINGS_AS_ERRORS}>:-Werror>)
 endfunction()
 

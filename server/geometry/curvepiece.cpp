@@ -9,7 +9,7 @@
 namespace server {
 namespace {
 
-constexpr double pi = std::numbers::pi;
+using std::numbers::pi;
 
 gp_XYZ onFrame(const gp_Ax2& frame, double x, double y) {
     return frame.XDirection().XYZ() * x + frame.YDirection().XYZ() * y;

@@ -21,7 +21,7 @@ namespace server {
 namespace {
 
 constexpr double angular = 1e-9;
-constexpr double pi = std::numbers::pi;
+using std::numbers::pi;
 
 Handle(Geom_Curve) untrimmed(Handle(Geom_Curve) curve) {
     while (auto trimmed = Handle(Geom_TrimmedCurve)::DownCast(curve)) curve = trimmed->BasisCurve();

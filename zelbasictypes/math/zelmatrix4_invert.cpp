@@ -236,7 +236,7 @@ bool eliminateInTwo(const ZelMatrix4& matrix, ZelMatrix4& out) {
 } // namespace
 
 bool ZelMatrix4::invert(ZelMatrix4& out) const {
-    Square square{load(m), load(m + 4), load(m + 8), load(m + 12)};
+    Square square{.row = {load(m), load(m + 4), load(m + 8), load(m + 12)}};
     if (!(isAffine() ? invertAffine(square) : invertAll(square))) return false;
     if (!isFinite(square)) return eliminateInTwo(*this, out);
     store(out.m, square.row[0]);
