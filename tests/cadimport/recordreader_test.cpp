@@ -149,7 +149,7 @@ TEST(RecordReader, AgreesOnAnyCountOfAnyList) {
 
 TEST(RecordReader, KeepsNoRoomOfALongRecord) {
     CreateGroup group;
-    group.components = QList<int>(1'000'000, 7);
+    for (int i = 0; i < 1'000'000; ++i) group.components << i;
     QByteArray file = sample::record(group);
     group.components = {1};
     file += sample::record(group) + sample::record(group);
@@ -160,7 +160,9 @@ TEST(RecordReader, KeepsNoRoomOfALongRecord) {
     EXPECT_EQ(next()->components.size(), 1'000'000);
     const CreateGroup* small = next();
     EXPECT_EQ(small->components.size(), 1);
+#if QT_VERSION_MAJOR > 5 // whose lists don't tell
     EXPECT_LT(small->components.capacity(), 1000);
+#endif
     EXPECT_EQ(next(), small) << "small ones are read into again";
 }
 
