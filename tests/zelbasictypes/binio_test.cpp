@@ -225,13 +225,6 @@ TEST(BinIO, SeekingAndReadingBackLoseNothing) {
     EXPECT_EQ(back, bytes("00 00 00 01 01 02 03 04"));
 }
 
-TEST(BinIO, VersionIsTheNewestUntilSet) {
-    BinOutputMemory output;
-    EXPECT_EQ(output.version(), 0u);
-    EXPECT_TRUE(output.setVersion(9));
-    EXPECT_EQ(output.version(), 9u);
-}
-
 /// Turns bits over by the position of each byte, so that any cut of a file can be undone.
 class Mask : public BinIO_Scrambler {
 public:
