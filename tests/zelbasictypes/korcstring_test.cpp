@@ -5,10 +5,8 @@
 #include "tests/zelbasictypes/assertioncounter.h"
 #include "zelbasictypes/text/korstring.h"
 
-#include <climits>
 #include <gtest/gtest.h>
 #include <sstream>
-#include <stdexcept>
 
 namespace {
 
@@ -24,6 +22,7 @@ TEST(KorCString, TellsNullFromEmpty) {
     EXPECT_EQ(null.compare(KorCString()), 0);
     EXPECT_EQ(null.hash(), 0u);
     EXPECT_EQ(empty.hash(), 5381u);
+    EXPECT_EQ(KorCString::concat(nullptr), KorCString());
 }
 
 TEST(KorCString, HashesBytesAsSignedValues) {
@@ -31,10 +30,7 @@ TEST(KorCString, HashesBytesAsSignedValues) {
     EXPECT_EQ(KorCString("\xE9").hash(), 5381u * 33 - 23);
 }
 
-TEST(KorCString, OrdersBytesAsUnsignedValues) {
-    EXPECT_EQ(KorCString("\x80").compare("\x7F"), 1);
-    EXPECT_EQ(KorCString("a").compare("ab"), -1);
-}
+TEST(KorCString, OrdersBytesAsUnsignedValues) { EXPECT_EQ(KorCString("\x80").compare("\x7F"), 1); }
 
 TEST(KorCString, SharesABorrowedTextAndCopiesAnOwnedOne) {
     static const char literal[] = "IDataStore";
@@ -50,24 +46,6 @@ TEST(KorCString, SharesABorrowedTextAndCopiesAnOwnedOne) {
     EXPECT_EQ(copy, owned);
 }
 
-TEST(KorCString, NeverWritesIntoABorrowedText) {
-    char storage[] = "aXbXc";
-    const auto changed = [&storage](auto change) {
-        KorCString text = KorCString::borrow(storage);
-        change(text);
-        EXPECT_TRUE(text.isOwned());
-        EXPECT_STREQ(storage, "aXbXc");
-        return text;
-    };
-    EXPECT_EQ(changed([](KorCString& t) { t.toLower(); }), "axbxc");
-    EXPECT_EQ(changed([](KorCString& t) { t.toUpper(); }), "AXBXC");
-    EXPECT_EQ(changed([](KorCString& t) { t.reverse(); }), "cXbXa");
-    EXPECT_EQ(changed([](KorCString& t) { t.setAt(0, 'z'); }), "zXbXc");
-    EXPECT_EQ(changed([](KorCString& t) { t.replaceChar('X', '-'); }), "a-b-c");
-    EXPECT_EQ(changed([](KorCString& t) { t.replaceRange(1, 1, "-"); }), "a-bXc");
-    EXPECT_EQ(changed([](KorCString& t) { t.append('d'); }), "aXbXcd");
-}
-
 TEST(KorCString, KeepsItsBlockWhenAReplacementHasTheSameLength) {
     KorCString text("one two");
     const char* block = text.c_str();
@@ -76,21 +54,7 @@ TEST(KorCString, KeepsItsBlockWhenAReplacementHasTheSameLength) {
     EXPECT_EQ(text.c_str(), block);
 }
 
-TEST(KorCString, TakesTheLowEightBitsOfWideUnits) {
-    EXPECT_EQ(KorCString(u"a\u0142b"), "aBb");
-    EXPECT_EQ(KorCString(u"abc", 2), "ab");
-    EXPECT_EQ(KorCString(u"abc", INT_MAX), "abc");
-}
-
-TEST(KorCString, Concatenates) {
-    const char* const parts[] = {"a", "", "bc", nullptr};
-    EXPECT_EQ(KorCString::concat("a", "b"), "ab");
-    EXPECT_EQ(KorCString::concat("a", KorCString(), "c"), "ac");
-    EXPECT_EQ(KorCString::concat(parts), "abc");
-    EXPECT_EQ(KorCString::concat(nullptr), KorCString());
-    EXPECT_EQ(KorCString::concat(KorCString(), KorCString()), "");
-    EXPECT_EQ(KorCString::concat("n", INT_MIN), "n-2147483648");
-}
+TEST(KorCString, TakesTheLowEightBitsOfWideUnits) { EXPECT_EQ(KorCString(u"a\u0142b"), "aBb"); }
 
 TEST(KorCString, ReportsANegativeStart) {
     AssertionCounter assertions;
@@ -102,24 +66,9 @@ TEST(KorCString, ReportsANegativeStart) {
     EXPECT_EQ(assertions.last, "start >= 0");
 }
 
-TEST(KorCString, FindsAnEmptyPartAtTheEnds) {
-    const KorCString text("abc");
-    EXPECT_EQ(text.find("", INT_MAX), 0);
-    EXPECT_EQ(KorCString().find(""), 0);
-    EXPECT_EQ(text.rfind(""), 3);
-    EXPECT_EQ(text.find('\0'), -1);
-    EXPECT_EQ(text.rfind('\0'), -1);
-}
-
-TEST(KorCString, DoesNotSearchInsertedTextAgain) {
-    KorCString text("aaa");
-    text.replaceAll("a", "aa");
-    EXPECT_EQ(text, "aaaaaa");
-    text.replaceAll("aa", "");
-    EXPECT_EQ(text, "");
-    KorCString overlapping("aaaaa");
-    overlapping.replaceAll("aa", "b");
-    EXPECT_EQ(overlapping, "bba");
+TEST(KorCString, DoesNotFindItsTerminator) {
+    EXPECT_EQ(KorCString("abc").find('\0'), -1);
+    EXPECT_EQ(KorCString("abc").rfind('\0'), -1);
 }
 
 TEST(KorCString, LeavesTheTextWhenAReplacementIsNull) {
@@ -172,15 +121,6 @@ TEST(KorCString, TakesTheUtf8FormAndItsBlock) {
     EXPECT_STREQ(wide.toUtf8(), "\xC3\xA9t\xC3\xA9");
 }
 
-TEST(KorCString, TakesTheFormOfTheTextAsItIsNow) {
-    KorString wide(u"ab");
-    wide.toUtf8();
-    wide.append(u'c');
-    KorCString text;
-    text.takeUtf8(wide);
-    EXPECT_EQ(text, "abc");
-}
-
 TEST(KorCString, WritesNothingForNull) {
     std::ostringstream stream;
     stream << KorCString() << KorCString("a") << KorString(u"b\u0142c");
@@ -188,11 +128,7 @@ TEST(KorCString, WritesNothingForNull) {
 }
 
 TEST(KorCString, AcceptsPartsOfItself) {
-    KorCString text("abcdef");
-    text.append(text);
-    EXPECT_EQ(text, "abcdefabcdef");
-    text.assign(text.c_str() + 4, 4);
-    EXPECT_EQ(text, "efab");
+    KorCString text("efab");
     text.replaceRange(1, 0, text);
     EXPECT_EQ(text, "eefabfab");
     text.replaceAll("f", text);

@@ -1,45 +1,23 @@
 // SPDX-License-Identifier: Apache-2.0
 // The narrow string against std::string: random operations, compared after each.
-#include "tests/zelbasictypes/textmodel.h"
-#include "zelbasictypes/text/korcstring.h"
-#include "zelbasictypes/text/korstring.h"
+#include "tests/zelbasictypes/textwalk.h"
 
 #include <gtest/gtest.h>
 #include <sstream>
 
 namespace {
 
-KorCString kor(const std::string& s) { return KorCString(s.c_str()); }
-
-class NarrowModel : public testing::TestWithParam<unsigned> {
+class NarrowModel : public textmodel::TextWalk<KorCString, char> {
 protected:
-    // Each changes the text and the model in the same way.
-    void append() {
-        const std::string piece = source.piece();
-        text.append(kor(piece)), model += piece;
-        isNull = false;
-    }
-    void appendUnit() { text.append('c'), model += 'c'; }
-    void appendItself() { text.append(text), model += model; }
     void replaceRange() {
         const std::int32_t at = place(), n = place();
         const std::string with = source.piece();
         text.replaceRange(at, n, kor(with));
         model = textmodel::replacedRange(model, at, n, with);
     }
-    void replaceAll() {
-        const std::string from = source.text(2), to = source.text(3);
-        text.replaceAll(kor(from), kor(to));
-        model = textmodel::replacedAll(model, from, to);
-    }
     void replaceChar() {
         text.replaceChar('a', 'd');
         std::replace(model.begin(), model.end(), 'a', 'd');
-    }
-    void setAt() {
-        if (model.empty()) return;
-        const auto at = static_cast<std::size_t>(source.below(static_cast<int>(model.size())));
-        text.setAt(static_cast<std::int32_t>(at), 'X'), model[at] = 'X';
     }
     void reverse() { text.reverse(), std::reverse(model.begin(), model.end()); }
     void turnCase() {
@@ -53,11 +31,6 @@ protected:
         text = text.simplify('_'), model = textmodel::simplified(model, '_');
         isNull = false;
     }
-    void fit() {
-        const std::int32_t width = source.below(80), mode = source.below(3), dots = source.below(5);
-        text = text.fit(width, mode, dots), model = textmodel::fitted(model, width, mode, dots);
-        if (width <= dots) isNull = false;
-    }
     void assign() {
         const std::string piece = source.piece();
         const std::int32_t n = place();
@@ -67,18 +40,8 @@ protected:
     void assignItsPart() {
         if (model.empty()) return;
         const std::int32_t n = place();
-        const auto at = static_cast<std::size_t>(source.below(static_cast<int>(model.size())));
+        const std::size_t at = placeInside();
         text.assign(text.c_str() + at, n), model = textmodel::left(model.substr(at), n);
-    }
-    void make() {
-        const std::string piece = source.piece();
-        const std::int32_t n = place();
-        if (source.below(2))
-            text = KorCString(piece.c_str(), n);
-        else
-            text = KorCString(std::u16string(piece.begin(), piece.end()).c_str(), n);
-        model = textmodel::left(piece, n);
-        isNull = false;
     }
     void concat() {
         const std::string a = source.piece(), b = source.piece();
@@ -94,20 +57,16 @@ protected:
         text = KorCString::concat(text, number), model += std::to_string(number);
         isNull = false;
     }
-    void copyAndMove() {
-        KorCString copy = text, moved = std::move(copy);
-        ASSERT_EQ(copy.c_str(), nullptr);
-        text = KorCString();
-        text.swap(moved);
-    }
-    void borrow() { lent = model, text = KorCString::borrow(lent.c_str()), isNull = false; }
-    void becomeNull() { text = KorCString(), model.clear(), isNull = true; }
     void readLine() {
         std::istringstream stream(model + "\nnext");
         ASSERT_TRUE(text.readLine(stream));
         isNull = false;
     }
-    void takeUtf8() { text.takeUtf8(KorString(text)), isNull = false; }
+    void takeUtf8() {
+        KorString wide(text);
+        if (source.below(2)) wide.toUtf8(), wide.append(u'c'), model += 'c'; // the form is outdated
+        text.takeUtf8(wide), isNull = false;
+    }
 
     using Step = void (NarrowModel::*)();
     static constexpr Step steps[] = {
@@ -120,18 +79,8 @@ protected:
         &NarrowModel::copyAndMove,  &NarrowModel::borrow,       &NarrowModel::becomeNull,
         &NarrowModel::readLine,     &NarrowModel::takeUtf8};
 
-    void step() {
-        (this->*steps[source.below(std::size(steps))])();
-        if (!model.empty()) isNull = false;
-        if (model.size() > 300) text.assign("b"), model = "b";
-    }
-
-    void check() {
-        ASSERT_EQ(text.view(), model);
-        ASSERT_EQ(text.c_str() == nullptr, isNull);
-        const std::vector<char> exact = textmodel::exactCopy(model);
-        const KorCString copy = KorCString::borrow(exact.data());
-        const std::string part = source.text(3);
+    void checkCopy(const KorCString& copy) override {
+        const std::string part = this->part();
         const std::int32_t start = std::max(place(), 0);
         ASSERT_EQ(copy.find(kor(part), start), textmodel::find(model, part, start)) << part;
         ASSERT_EQ(copy.find('c', start), textmodel::find<std::string>(model, "c", start));
@@ -143,18 +92,9 @@ protected:
         ASSERT_EQ(copy == text, !isNull);
         ASSERT_EQ(copy.hash() == text.hash(), !isNull);
     }
-
-    std::int32_t place() { return source.place(model.size()); }
-
-    textmodel::Source<char> source{GetParam()};
-    std::string model, lent;
-    bool isNull = true; ///< the text is null: it was made so, and nothing made it a text since
-    KorCString text;
 };
 
-TEST_P(NarrowModel, AgreesAfterEachOperation) {
-    for (int i = 0; i < 6000 && !HasFatalFailure(); ++i) step(), check();
-}
+TEST_P(NarrowModel, AgreesAfterEachOperation) { walk(steps); }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, NarrowModel, testing::Range(1u, 5u));
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Every operation that takes a position, a length or a limit, at places in and far outside the
-// text, of every size that a register of text may end in. The texts are copies without a byte to
-// spare, so that a sanitizer sees a step outside.
+// Every operation that takes a place, a length or a limit and makes a text, at places in and far
+// outside the text, of every size that a register of text may end in. The texts are copies without
+// a byte to spare, so that a sanitizer sees a step outside.
 #include "tests/zelbasictypes/textmodel.h"
 #include "zelbasictypes/text/korcstring.h"
 #include "zelbasictypes/text/korstring.h"
@@ -29,28 +29,6 @@ protected:
     const KorCString korNarrow = KorCString::borrow(exactNarrow.data());
     const KorString korWide = KorString::borrow(exactWide.data());
 };
-
-TEST_P(TextBounds, HoldForSearches) {
-    const std::string narrowPart = narrow.substr(narrow.size() / 2);
-    const std::u16string widePart = wide.substr(wide.size() / 2);
-    for (const std::int32_t at : placesAround(wide.size())) {
-        SCOPED_TRACE(at);
-        if (at >= 0) {
-            EXPECT_EQ(korNarrow.find(narrowPart.c_str(), at),
-                      textmodel::find(narrow, narrowPart, at));
-            EXPECT_EQ(korNarrow.find('b', at), textmodel::find<std::string>(narrow, "b", at));
-        }
-        EXPECT_EQ(korWide.find(KorString(widePart.c_str()), at),
-                  textmodel::find(wide, widePart, at));
-        EXPECT_EQ(korWide.find(u'b', at), textmodel::find<std::u16string>(wide, u"b", at));
-        EXPECT_EQ(korWide.rfind(KorString(widePart.c_str()), at),
-                  textmodel::rfind(wide, widePart, at));
-        EXPECT_EQ(korWide.rfind(u'b', at), textmodel::rfind<std::u16string>(wide, u"b", at));
-        const bool allOrSome = at < 0 || static_cast<std::size_t>(at) <= wide.size();
-        EXPECT_EQ(korWide.startsWith(korWide, at), allOrSome);
-        EXPECT_FALSE(korWide.isDigitAt(at) || korWide.isSpaceAt(at));
-    }
-}
 
 TEST_P(TextBounds, HoldForLimits) {
     for (const std::int32_t n : placesAround(wide.size())) {

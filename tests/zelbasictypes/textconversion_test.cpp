@@ -25,49 +25,27 @@ TEST(Utf8, ComesBackForEveryUnit) {
     EXPECT_EQ(KorString::fromUtf8(text.toUtf8()), text);
 }
 
-TEST(Utf8, ComesBackWithAForeignUnitAnywhere) {
-    for (std::size_t size = 0; size < 70; ++size) {
-        for (std::size_t at = 0; at < size; ++at) {
-            std::u16string units(size, u'x');
-            units[at] = at % 2 ? 0x00E9 : 0xD800;
-            const std::vector<char16_t> exact(units.c_str(), units.c_str() + size + 1);
-            const KorString text = KorString::borrow(exact.data());
-            const std::string bytes = text.toUtf8();
-            const std::vector<char> exactBytes(bytes.c_str(), bytes.c_str() + bytes.size() + 1);
-            ASSERT_EQ(KorString::fromUtf8(exactBytes.data()), text) << size << ' ' << at;
-            ASSERT_EQ(std::string(text.toNarrow()), std::string(size - 1, 'x'));
-        }
-    }
-}
-
 TEST(Utf8, RefusesTheWholeOfABadText) {
     const char* const bad[] = {
         "\xC3",         "ab\xC3",       "\xE2\x82",         "\xE2",     "\xC1\xBF", "\xC0\x80",
         "\xE0\x9F\xBF", "\xE0\x80\x80", "\xF0\x9F\x98\x80", "a\xF8xxx", "\xFF",     "good\xFE",
     };
     for (const char* text : bad) {
-        const std::string source(text);
-        const std::vector<char> exact(source.c_str(), source.c_str() + source.size() + 1);
-        const KorString result = KorString::fromUtf8(exact.data());
+        const KorString result = KorString::fromUtf8(text);
         EXPECT_EQ(result, "") << text;
         EXPECT_FALSE(result.isNull()) << text;
     }
     EXPECT_FALSE(KorString::fromUtf8(nullptr).isNull());
 }
 
-TEST(Utf8, DoesNotCheckTheFormOfFollowingBytes) {
-    EXPECT_EQ(KorString::fromUtf8("\xC3)"), KorString(u"\u00e9"));
-    EXPECT_EQ(KorString::fromUtf8("\xE1\xC1x").at(0), 0x1000 | 0x01 << 6 | 0x38);
-    EXPECT_EQ(KorString::fromUtf8("a\x81z"), KorString(u"a\u0001z"));
-}
-
-/// A random text of runs, each of units below a limit of its own, from ASCII to all.
+/// A random text of runs, one in two a short one, each of units below a limit of its own, from
+/// ASCII to all.
 std::u16string randomRuns(std::mt19937& random) {
     static const unsigned limits[] = {0x80, 0x80, 0x800, 0x10000};
     std::u16string text;
     for (auto run = random() % 6; run > 0; --run) {
         const unsigned limit = limits[random() % 4];
-        for (auto i = random() % 100; i > 0; --i)
+        for (auto i = random() % (random() % 2 ? 100 : 3); i > 0; --i)
             text += static_cast<char16_t>(1 + random() % (limit - 1));
     }
     return text;
@@ -75,14 +53,16 @@ std::u16string randomRuns(std::mt19937& random) {
 
 TEST(Utf8, AgreesWithPlainConversionsOfRandomText) {
     std::mt19937 random(3);
-    for (int i = 0; i < 3000; ++i) {
+    for (int i = 0; i < 6000; ++i) {
         const std::u16string units = randomRuns(random);
         const std::vector<char16_t> exact = textmodel::exactCopy(units);
         const KorString text = KorString::borrow(exact.data());
-        const std::string bytes = plain::toUtf8(units);
+        std::string bytes = plain::toUtf8(units);
         ASSERT_EQ(std::string(text.toUtf8()), bytes);
         const std::vector<char> exactBytes = textmodel::exactCopy(bytes);
         ASSERT_EQ(KorString::fromUtf8(exactBytes.data()).view(), units);
+        std::erase_if(bytes, [](char c) { return (c & 0x80) != 0; });
+        ASSERT_EQ(std::string(text.toNarrow()), bytes) << "the narrow form is ASCII";
     }
 }
 

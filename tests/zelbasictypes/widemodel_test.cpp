@@ -1,33 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 // The wide string, without a host, against std::u16string: random operations, compared after each.
-#include "tests/zelbasictypes/textmodel.h"
-#include "zelbasictypes/text/korcstring.h"
-#include "zelbasictypes/text/korstring.h"
+#include "tests/zelbasictypes/textwalk.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-using Text = std::u16string;
-
-KorString kor(const Text& s) { return KorString(s.c_str()); }
-std::string narrow(const Text& s) { return std::string(s.begin(), s.end()); }
-
-class WideModel : public testing::TestWithParam<unsigned> {
+class WideModel : public textmodel::TextWalk<KorString, char16_t> {
 protected:
-    // Each changes the text and the model in the same way.
-    void append() {
-        const Text piece = source.piece();
-        text.append(kor(piece)), model += piece;
-        isNull = false;
-    }
-    void appendUnit() { text.append(u'c'), model += u'c'; }
-    void appendItself() { text.append(text), model += model; }
-    void setAt() {
-        if (model.empty()) return;
-        const auto at = static_cast<std::size_t>(source.below(static_cast<int>(model.size())));
-        text.setAt(static_cast<std::int32_t>(at), u'X'), model[at] = u'X';
-    }
     void remove() {
         const std::int32_t at = place(), n = place();
         text.remove(at, n), model = textmodel::replacedRange(model, at, n, Text());
@@ -43,10 +23,6 @@ protected:
         text = text.replaced(start, end, kor(with));
         model = textmodel::replaced(model, start, end, with);
         isNull = false;
-    }
-    void replaceAll() {
-        const Text from = source.text(2), to = source.text(3);
-        text.replaceAll(kor(from), kor(to)), model = textmodel::replacedAll(model, from, to);
     }
     void substitute() {
         const KorString argument = kor(source.text(5));
@@ -74,44 +50,34 @@ protected:
             text = text.toUpper(), model = textmodel::turnedCase(model, 'a');
     }
     void stripSpace() { text = text.stripSpace(), std::erase(model, u' '); }
-    void fit() {
-        const std::int32_t width = source.below(80), mode = source.below(3), dots = source.below(5);
-        text = text.fit(width, mode, dots), model = textmodel::fitted(model, width, mode, dots);
-        if (width <= dots) isNull = false;
-    }
     void assign() {
-        lent = source.piece();
+        kept = lent = source.piece();
         const std::int32_t n = place();
         if (source.below(2)) // with n of 0 the whole is borrowed
             text.assign(lent.c_str(), n), model = n == 0 ? lent : textmodel::left(lent, n);
         else
-            text.assign(narrow(lent).c_str(), n), model = textmodel::left(lent, n);
+            text.assign(otherWidth(lent).c_str(), n), model = textmodel::left(lent, n);
         isNull = false;
     }
     void assignItsPart() {
         if (model.empty()) return;
         const std::int32_t n = std::max(place(), 1);
-        const auto at = static_cast<std::size_t>(source.below(static_cast<int>(model.size())));
+        const std::size_t at = placeInside();
         text.assign(text.c_str() + at, n), model = textmodel::left(model.substr(at), n);
     }
-    void make() {
-        const Text piece = source.piece();
-        const std::int32_t n = place();
-        text = source.below(2) ? KorString(piece.c_str(), n) : KorString(narrow(piece).c_str(), n);
-        model = textmodel::left(piece, n);
-        isNull = false;
-    }
-    void copyAndMove() {
-        KorString copy = text, moved = std::move(copy);
-        ASSERT_TRUE(copy.isNull());
-        text = KorString();
-        text.swap(moved);
+    /// The wide text is borrowed or our own, its narrow form is borrowed: a change must forget it.
+    void borrowBoth() {
+        borrow();
+        lentNarrow = otherWidth(lent);
+        text = KorString::borrow(lent.c_str(), lentNarrow.c_str());
+        if (source.below(2)) text.append("");
     }
     void swapText() {
         const Text piece = source.piece();
         KorString other = kor(piece);
         text.toNarrow(), text.swapText(other);
         ASSERT_EQ(other.view(), model);
+        ASSERT_EQ(std::string(other.toNarrow()), otherWidth(model));
         model = piece, isNull = false;
     }
     void copyInto() {
@@ -119,38 +85,29 @@ protected:
         other.toUtf8(), other = text;
         text = other;
     }
-    void borrow() { lent = model, text = KorString::borrow(lent.c_str()), isNull = false; }
-    void becomeNull() { text = KorString(), model.clear(), isNull = true; }
     void throughUtf8() { text = KorString::fromUtf8(text.toUtf8()), isNull = false; }
 
     using Step = void (WideModel::*)();
     static constexpr Step steps[] = {
-        &WideModel::append,     &WideModel::appendUnit,  &WideModel::appendItself,
-        &WideModel::setAt,      &WideModel::remove,      &WideModel::remove,
-        &WideModel::truncate,   &WideModel::replaced,    &WideModel::replaced,
-        &WideModel::replaceAll, &WideModel::substitute,  &WideModel::mid,
-        &WideModel::leftOrFrom, &WideModel::turnCase,    &WideModel::stripSpace,
-        &WideModel::fit,        &WideModel::assign,      &WideModel::assignItsPart,
-        &WideModel::make,       &WideModel::copyAndMove, &WideModel::swapText,
-        &WideModel::copyInto,   &WideModel::borrow,      &WideModel::becomeNull,
-        &WideModel::throughUtf8};
+        &WideModel::append,      &WideModel::appendUnit,  &WideModel::appendItself,
+        &WideModel::setAt,       &WideModel::remove,      &WideModel::remove,
+        &WideModel::truncate,    &WideModel::replaced,    &WideModel::replaced,
+        &WideModel::replaceAll,  &WideModel::substitute,  &WideModel::mid,
+        &WideModel::leftOrFrom,  &WideModel::turnCase,    &WideModel::stripSpace,
+        &WideModel::fit,         &WideModel::assign,      &WideModel::assignItsPart,
+        &WideModel::make,        &WideModel::copyAndMove, &WideModel::swapText,
+        &WideModel::copyInto,    &WideModel::borrow,      &WideModel::becomeNull,
+        &WideModel::throughUtf8, &WideModel::borrowBoth};
 
-    void step() {
-        (this->*steps[source.below(std::size(steps))])();
-        if (!model.empty()) isNull = false;
-        if (model.size() > 300) text.assign("b"), model = u"b";
-    }
-
-    void check() {
-        ASSERT_EQ(text.view(), model);
-        ASSERT_EQ(text.isNull(), isNull);
-        const std::vector<char16_t> exact = textmodel::exactCopy(model);
-        const KorString copy = KorString::borrow(exact.data());
+    void checkCopy(const KorString& copy) override {
         ASSERT_EQ(copy, text);
+        if (source.below(2)) {
+            ASSERT_EQ(std::string(text.toNarrow()), otherWidth(model));
+        }
         ASSERT_EQ(copy.hash(), text.hash());
-        ASSERT_EQ(std::string(copy.toNarrow()), narrow(model));
-        checkSearches(copy, source.text(3), place());
-        checkOrder(copy, source.text(3), source.below(5));
+        ASSERT_EQ(std::string(copy.toNarrow()), otherWidth(model));
+        checkSearches(copy, part(), place());
+        checkOrder(copy, part(), source.below(2) ? source.below(5) : place());
     }
 
     void checkSearches(const KorString& copy, const Text& part, std::int32_t at) {
@@ -171,25 +128,19 @@ protected:
         const int order = model.compare(other);
         ASSERT_EQ(copy.compare(kor(other)), (order > 0) - (order < 0));
         ASSERT_EQ(copy == kor(other), model == other);
-        ASSERT_EQ(copy == narrow(other).c_str(), model == other);
+        ASSERT_EQ(copy == otherWidth(other).c_str(), model == other);
         ASSERT_EQ(copy < kor(other), model < other);
-        const auto count = static_cast<std::size_t>(n);
+        const std::size_t count = n < 0 ? other.size() : static_cast<std::size_t>(n);
+        ASSERT_EQ(copy.startsWith(copy, n), n < 0 || model.size() >= count);
         ASSERT_EQ(copy.startsWith(kor(other), n),
                   std::min(model.size(), other.size()) >= count &&
                       model.substr(0, count) == other.substr(0, count));
     }
 
-    std::int32_t place() { return source.place(model.size()); }
-
-    textmodel::Source<char16_t> source{GetParam()};
-    Text model, lent;
-    bool isNull = true; ///< the text is null: it was made so, and nothing made it a text since
-    KorString text;
+    std::string lentNarrow;
 };
 
-TEST_P(WideModel, AgreesAfterEachOperation) {
-    for (int i = 0; i < 6000 && !HasFatalFailure(); ++i) step(), check();
-}
+TEST_P(WideModel, AgreesAfterEachOperation) { walk(steps); }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, WideModel, testing::Range(1u, 5u));
 
