@@ -3,41 +3,15 @@
 #include "platform/directory.h"
 
 #include "platform/file.h"
+#include "tests/platform/foundnames.h"
 #include "tests/support/scratch.h"
 
 #include <gtest/gtest.h>
 
-#include <set>
 #include <string>
 
 namespace platform::test {
 namespace {
-
-using Names = std::set<std::u16string>;
-
-Names entries(const std::u16string& directory) {
-    Names result;
-    std::u16string name;
-    DirectorySearch* search = findFirst(directory.c_str(), name);
-    if (!search) return result;
-    do {
-        EXPECT_TRUE(result.insert(name).second) << "found twice";
-    } while (findNext(search, name));
-    findClose(search);
-    return result;
-}
-
-TEST(Directory, ListsEveryEntryOnceWithTheDots) {
-    const Scratch scratch;
-    EXPECT_EQ(entries(scratch.path()), (Names{u".", u".."}));
-    scratch.write("file", "");
-    scratch.write(".hidden", "");
-    std::filesystem::create_directory(scratch.root / "below");
-    scratch.write("below/deeper", "");
-    const Names expected{u".", u"..", u"file", u".hidden", u"below"};
-    EXPECT_EQ(entries(scratch.path()), expected);
-    EXPECT_EQ(entries(scratch.path() + u"\\"), expected);
-}
 
 TEST(Directory, ThatIsNoneCannotBeSearched) {
     const Scratch scratch;
@@ -75,8 +49,8 @@ TEST(Directory, TellsTheStateOfWhatItFound) {
 }
 
 TEST(Directory, WithoutANameIsTheRoot) {
-    EXPECT_FALSE(entries(u"").empty());
-    EXPECT_EQ(entries(u""), entries(u"\\"));
+    EXPECT_FALSE(foundNames(u"").empty());
+    EXPECT_EQ(foundNames(u""), foundNames(u"\\"));
 }
 
 } // namespace

@@ -86,23 +86,5 @@ TEST(Stream, MayBeTemporary) {
     EXPECT_FALSE(scratch.has("file"));
 }
 
-TEST(Stream, TakesADescriptorOver) {
-    const Scratch scratch;
-    const Descriptor file = open(scratch.path(u"file").c_str(),
-                                 open_flag::writeOnly | open_flag::create | open_flag::binary);
-    std::FILE* stream = streamOf(file, "wb");
-    ASSERT_NE(stream, nullptr);
-    std::fputs("text", stream);
-    std::fclose(stream);
-    EXPECT_EQ(scratch.read("file"), "text");
-
-    const Descriptor again = open(scratch.path(u"file").c_str(), open_flag::readOnly);
-    EXPECT_EQ(streamOf(again, "z"), nullptr);
-    std::FILE* both = streamOf(again, "r+b");
-    ASSERT_NE(both, nullptr) << "what the descriptor doesn't allow fails later";
-    EXPECT_EQ(std::fgetc(both), 't');
-    std::fclose(both);
-}
-
 } // namespace
 } // namespace platform::test

@@ -22,6 +22,19 @@ bool onAnotherThread(const std::function<bool()>& question) {
     return answer;
 }
 
+/// Four threads count together, each step of theirs through `inTurn`.
+template <class InTurn> void expectKeptApart(InTurn inTurn) {
+    int count = 0;
+    std::vector<std::thread> threads;
+    for (int t = 0; t < 4; ++t) {
+        threads.emplace_back([&] {
+            for (int i = 0; i < 2000; ++i) inTurn([&] { ++count; });
+        });
+    }
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_EQ(count, 8000);
+}
+
 TEST(Mutex, IsItsOwnersUntilGivenBackAsOftenAsTaken) {
     const auto mutex = makeMutex();
     const auto canOthersTake = [&] {
@@ -40,19 +53,11 @@ TEST(Mutex, IsItsOwnersUntilGivenBackAsOftenAsTaken) {
 
 TEST(Mutex, KeepsThreadsApart) {
     const auto mutex = makeMutex();
-    int count = 0;
-    std::vector<std::thread> threads;
-    for (int t = 0; t < 4; ++t) {
-        threads.emplace_back([&] {
-            for (int i = 0; i < 2000; ++i) {
-                mutex->wait(infinite);
-                ++count;
-                mutex->signal();
-            }
-        });
-    }
-    for (std::thread& thread : threads) thread.join();
-    EXPECT_EQ(count, 8000);
+    expectKeptApart([&](auto step) {
+        mutex->wait(infinite);
+        step();
+        mutex->signal();
+    });
 }
 
 TEST(Waiting, LastsAsLongAsAsked) {
@@ -143,19 +148,11 @@ TEST(CriticalSection, KeepsThreadsApartWithAnySpinCount) {
     for (const std::int32_t spins : {-1, 0, 4000}) {
         CriticalSection section(spins);
         EXPECT_EQ(section.spinCount(), spins);
-        int count = 0;
-        std::vector<std::thread> threads;
-        for (int t = 0; t < 4; ++t) {
-            threads.emplace_back([&] {
-                for (int i = 0; i < 2000; ++i) {
-                    const CriticalSectionLock once(section);
-                    const CriticalSectionLock again(section);
-                    ++count;
-                }
-            });
-        }
-        for (std::thread& thread : threads) thread.join();
-        EXPECT_EQ(count, 8000);
+        expectKeptApart([&](auto step) {
+            const CriticalSectionLock once(section);
+            const CriticalSectionLock again(section);
+            step();
+        });
     }
 }
 

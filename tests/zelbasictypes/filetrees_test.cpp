@@ -36,7 +36,7 @@ protected:
         directory.write("from/sub/deep/leaf", "leaf");
     }
     KorString path(const std::string& name) const { return directory.path(name); }
-    std::string narrow(const std::string& name) const { return (directory.root / name).string(); }
+    std::string narrow(const std::string& name) const { return directory.narrow(name); }
     Tree tree(const std::string& name) const { return treeOf(directory.root / name); }
     /// False, and the test is to be skipped, where there are no links.
     bool link(const std::string& name, const std::string& to) const {

@@ -49,21 +49,11 @@ TEST(KorPattern, MatchesWholeTexts) {
         const char* text;
         bool expected;
     } const cases[] = {
-        {"a*c", "ac", true},    {"a*c", "abbc", true},
-        {"a*c", "ab", false},   {"*", "", true},
-        {"***", "", true},      {"?", "", false},
-        {"", "", true},         {"", "a", false},
-        {"a", "aa", false},     {"aa", "a", false},
-        {"*.*", "a.b", true},   {"*.*", "ab", false},
-        {"[a-c]x", "bx", true}, {"[a-c]x", "cx", true},
-        {"[a-c]x", "-x", true}, {"[a-c]x", "dx", false},
-        {"[abc]", "b", true},   {"[]", "]", false},
-        {"[]a]", "a", false},   {"[a", "a", false},
-        {"[a", "[a", true},     {"[ab]", "[ab]", true},
-        {"[a-]", "-", true},    {"[a-]", "a", false},
-        {"[-a]", "-", true},    {"[c-a]", "b", false},
-        {"[Z-]", "]", true},    {"*[0-9]", "part12", true},
-        {"?*?", "a", false},    {"?*?", "ab", true},
+        {"a*c", "abbc", true},  {"a*c", "ab", false},   {"*", "", true},
+        {"?", "", false},       {"", "", true},         {"a", "aa", false},
+        {"[a-c]x", "bx", true}, {"[a-c]x", "-x", true}, {"[a-c]x", "dx", false},
+        {"[]", "]", false},     {"[a", "[a", true},     {"[ab]", "[ab]", true},
+        {"[a-]", "-", true},    {"[c-a]", "b", false},  {"[Z-]", "]", true},
         {"a*", "a*", true},
     };
     for (const auto& c : cases)

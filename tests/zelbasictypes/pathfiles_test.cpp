@@ -32,7 +32,7 @@ protected:
         }
         return found;
     }
-    std::string narrow(const std::string& name) const { return (directory.root / name).string(); }
+    std::string narrow(const std::string& name) const { return directory.narrow(name); }
 
     TemporaryDirectory directory;
 };
@@ -133,10 +133,10 @@ TEST_F(PathFiles, WalksOneDirectory) {
     directory.makeDirectory("d/sub/below");
     directory.makeDirectory("empty");
     directory.write("d/file", "12345");
-    directory.write("d/b", "1");
+    directory.write("d/.b", "1");
     const std::string umlaut = "d/\xC3\xA4";
     directory.write(umlaut, "");
-    Entries expected{{"sub", "d"}, {"file", "f5"}, {"b", "f1"}, {"\xC3\xA4", "f0"}};
+    Entries expected{{"sub", "d"}, {"file", "f5"}, {".b", "f1"}, {"\xC3\xA4", "f0"}};
     EXPECT_EQ(walk("d", true), expected);
     expected.insert({{".", "d dot"}, {"..", "d dots"}});
     EXPECT_EQ(walk("d", false), expected);

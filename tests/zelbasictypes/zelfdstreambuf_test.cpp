@@ -24,7 +24,15 @@ protected:
     KorString path(const std::string& name = "file") const { return directory.path(name); }
     std::string contents(const std::string& name = "file") const { return directory.read(name); }
 
+    /// Opens the buffer on a file of that content.
+    void openOn(const std::string& content, std::int32_t how = both) {
+        directory.write("file", content);
+        buffer.open(path(), how);
+    }
+
+    static constexpr std::int32_t both = mode::in | mode::out | mode::binary;
     TemporaryDirectory directory;
+    ZelFdStreambuf buffer;
 };
 
 } // namespace
@@ -32,7 +40,6 @@ protected:
 TEST_F(FdStreambuf, AnOpenBufferKeepsItsFile) {
     directory.write("file", "abc");
     directory.write("other", "xyz");
-    ZelFdStreambuf buffer;
     EXPECT_EQ(buffer.close(), nullptr);
     EXPECT_EQ(buffer.pubseekoff(0, std::ios_base::beg), std::streampos(-1));
     ASSERT_EQ(buffer.open(path(), mode::readBinary), &buffer);
@@ -47,9 +54,7 @@ TEST_F(FdStreambuf, AnOpenBufferKeepsItsFile) {
 }
 
 TEST_F(FdStreambuf, CharactersOfOneDirectionShutTheOtherOutUntilASeek) {
-    directory.write("file", "abcdef");
-    ZelFdStreambuf buffer;
-    buffer.open(path(), mode::in | mode::out | mode::binary);
+    openOn("abcdef");
     EXPECT_EQ(buffer.sgetc(), 'a');
     EXPECT_EQ(buffer.sputc('X'), endOfData);
     EXPECT_EQ(buffer.pubseekoff(2, std::ios_base::beg), std::streampos(2));
@@ -89,9 +94,7 @@ TEST_F(FdStreambuf, ReadsEveryByteAndThenTheEnd) {
 }
 
 TEST_F(FdStreambuf, PutsBackWhatItHasRead) {
-    directory.write("file", "abc");
-    ZelFdStreambuf buffer;
-    buffer.open(path(), mode::readBinary);
+    openOn("abc", mode::readBinary);
     EXPECT_EQ(buffer.sgetc(), 'a');
     EXPECT_EQ(buffer.in_avail(), 3);
     buffer.sbumpc();
@@ -107,26 +110,25 @@ TEST_F(FdStreambuf, PutsBackWhatItHasRead) {
 TEST_F(FdStreambuf, WritesCharactersByTheFullBuffer) {
     const std::pair<std::int64_t, std::size_t> cases[] = {{0, 1024}, {1, 1}, {2, 2}, {7, 7}};
     for (const auto& [wanted, step] : cases) {
-        ZelFdStreambuf buffer;
-        if (wanted) buffer.setBufferSize(wanted);
-        ASSERT_EQ(buffer.open(path(), mode::writeBinary), &buffer);
+        ZelFdStreambuf sized;
+        if (wanted) sized.setBufferSize(wanted);
+        ASSERT_EQ(sized.open(path(), mode::writeBinary), &sized);
         std::string all;
         for (std::size_t i = 0; i < 2 * step + 1; ++i) {
             all += static_cast<char>('a' + i % 26);
-            ASSERT_EQ(buffer.sputc(all.back()), all.back());
+            ASSERT_EQ(sized.sputc(all.back()), all.back());
             ASSERT_EQ(contents().size(), all.size() / step * step) << wanted;
         }
-        EXPECT_EQ(buffer.pubsync(), 0);
+        EXPECT_EQ(sized.pubsync(), 0);
         EXPECT_EQ(contents(), all);
-        buffer.sputc('!');
-        buffer.close();
+        sized.sputc('!');
+        sized.close();
         EXPECT_EQ(contents(), all + "!");
     }
 }
 
 TEST_F(FdStreambuf, WorksOnABufferOfTheCaller) {
     char area[4];
-    ZelFdStreambuf buffer;
     EXPECT_EQ(buffer.setBuffer(area, sizeof area), &buffer);
     buffer.setBufferSize(100);
     buffer.open(path(), mode::writeBinary);
@@ -137,16 +139,13 @@ TEST_F(FdStreambuf, WorksOnABufferOfTheCaller) {
 
 TEST_F(FdStreambuf, AModeWithoutDirectionIsAnAssertion) {
     const AssertionCounter assertions;
-    ZelFdStreambuf buffer;
     EXPECT_EQ(buffer.open(path(), mode::binary | mode::trunc), nullptr);
     EXPECT_EQ(assertions.last, "0");
     EXPECT_FALSE(directory.has("file"));
 }
 
 TEST_F(FdStreambuf, SeeksToAnyPositionOrNowhere) {
-    directory.write("file", "abcdef");
-    ZelFdStreambuf buffer;
-    buffer.open(path(), mode::in | mode::out | mode::binary);
+    openOn("abcdef");
     struct {
         std::int64_t position;
         std::int64_t arrives; ///< -1 when the device refuses, and stays where it was
@@ -173,9 +172,7 @@ TEST_F(FdStreambuf, SeeksToAnyPositionOrNowhere) {
 }
 
 TEST_F(FdStreambuf, CountsASeekFromTheDevicesPosition) {
-    directory.write("file", std::string(1000, 'a') + std::string(1000, 'b'));
-    ZelFdStreambuf buffer;
-    buffer.open(path(), mode::readBinary);
+    openOn(std::string(1000, 'a') + std::string(1000, 'b'), mode::readBinary);
     EXPECT_EQ(buffer.sgetc(), 'a');
     EXPECT_EQ(buffer.in_avail(), 1024);
     EXPECT_EQ(buffer.pubseekoff(0, std::ios_base::cur), std::streampos(1024));
@@ -186,9 +183,8 @@ TEST_F(FdStreambuf, CountsASeekFromTheDevicesPosition) {
 
 TEST_F(FdStreambuf, MovesBlocksPastTheBuffer) {
     directory.write("file", "abcdefgh");
-    ZelFdStreambuf buffer;
     buffer.setBufferSize(3);
-    buffer.open(path(), mode::in | mode::out | mode::binary);
+    buffer.open(path(), both);
     char block[8] = {};
     EXPECT_EQ(buffer.sgetc(), 'a');
     EXPECT_EQ(buffer.sgetn(block, 2), 2);
@@ -211,14 +207,13 @@ TEST_F(FdStreambuf, MovesBlocksPastTheBuffer) {
 
 TEST_F(FdStreambuf, CutsCountsThatAreNone) {
     directory.write("file", "abc");
-    ZelFdStreambuf buffer;
     char block[8] = {};
     EXPECT_EQ(buffer.sgetn(block, 1), 0) << "not open";
     EXPECT_EQ(buffer.sputn(block, 1), -1);
     EXPECT_EQ(buffer.sputc('x'), endOfData);
     EXPECT_EQ(buffer.sgetc(), endOfData);
     EXPECT_EQ(buffer.sungetc(), endOfData);
-    buffer.open(path(), mode::in | mode::out | mode::binary);
+    buffer.open(path(), both);
     EXPECT_EQ(buffer.sgetn(block, -1), 0);
     EXPECT_EQ(buffer.sgetn(block, 0), 0);
     EXPECT_EQ(buffer.sputn(block, -1), 0);
@@ -231,15 +226,15 @@ TEST_F(FdStreambuf, TakesOnlyBufferSizesThatAreSome) {
     for (const std::int64_t size :
          {std::int64_t{-1}, std::numeric_limits<std::int64_t>::min(), largest}) {
         directory.write("file", "");
-        ZelFdStreambuf buffer;
-        buffer.setBufferSize(size);
-        buffer.open(path(), mode::writeBinary);
-        for (int i = 0; i < 1025; ++i) buffer.sputc('x');
+        ZelFdStreambuf sized;
+        sized.setBufferSize(size);
+        sized.open(path(), mode::writeBinary);
+        for (int i = 0; i < 1025; ++i) sized.sputc('x');
         EXPECT_EQ(contents().size(), 1024U) << size;
     }
     ZelFdStreambuf none;
     none.setBufferSize(0);
-    none.open(path(), mode::in | mode::out | mode::binary);
+    none.open(path(), both);
     EXPECT_EQ(none.sputc('y'), 'y');
     EXPECT_EQ(contents()[0], 'y') << "each character is written alone";
     none.pubseekpos(0);
@@ -248,9 +243,7 @@ TEST_F(FdStreambuf, TakesOnlyBufferSizesThatAreSome) {
 }
 
 TEST_F(FdStreambuf, ThatWasTakenAwayIsMissedByNobody) {
-    directory.write("file", "abc");
-    ZelFdStreambuf buffer;
-    buffer.open(path(), mode::in | mode::out | mode::binary);
+    openOn("abc");
     EXPECT_EQ(buffer.sgetc(), 'a');
     buffer.freeBuffer();
     EXPECT_EQ(buffer.sgetc(), endOfData);
@@ -269,7 +262,6 @@ TEST_F(FdStreambuf, ThatWasTakenAwayIsMissedByNobody) {
 TEST_F(FdStreambuf, KeepsWhatItCouldNotWriteAndNothingMore) {
     directory.write("file", "");
     char area[6] = {'-', '-', '-', '-', '#', '#'};
-    ZelFdStreambuf buffer;
     buffer.setBuffer(area, 4);
     const std::int32_t fd = platform::open(path().c_str(), platform::open_flag::readOnly);
     ASSERT_EQ(buffer.attach(fd, mode::out), &buffer);

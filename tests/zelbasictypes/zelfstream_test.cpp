@@ -78,8 +78,7 @@ TEST_F(ZelFile, AFailedOpenIsSeenInTheStateAndMayBeTriedAgain) {
     file.clear();
     file.open(path(), mode::readBinary);
     EXPECT_EQ(file.get(), 'a');
-    const std::string narrow = (directory.root / "file").string();
-    ZelIfstream other(narrow.c_str(), mode::readBinary);
+    ZelIfstream other(directory.narrow("file").c_str(), mode::readBinary);
     EXPECT_EQ(other.get(), 'a');
 }
 
@@ -102,9 +101,7 @@ TEST_F(ZelFile, CopiesFilesOfAnyLength) {
         directory.write("copy", std::string(20000, 'x'));
         EXPECT_TRUE(copyFile(path(), path("copy")));
         EXPECT_EQ(contents("copy"), data);
-        const std::string from = (directory.root / "file").string();
-        const std::string to = (directory.root / "narrow").string();
-        EXPECT_TRUE(copyFile(from.c_str(), to.c_str()));
+        EXPECT_TRUE(copyFile(directory.narrow("file").c_str(), directory.narrow("narrow").c_str()));
         EXPECT_EQ(contents("narrow"), data);
     }
     EXPECT_FALSE(copyFile(path("missing"), path("copy")));
@@ -119,7 +116,7 @@ TEST_F(ZelFile, ACopyOntoItselfLeavesTheFileAlone) {
     directory.write("file", "abc");
     directory.makeDirectory("d");
     EXPECT_TRUE(copyFile(path(), path()));
-    const std::string narrow = (directory.root / "file").string();
+    const std::string narrow = directory.narrow("file");
     EXPECT_TRUE(copyFile(narrow.c_str(), narrow.c_str()));
     EXPECT_TRUE(copyFile(path(), path("d/../file")));
     std::error_code failed;

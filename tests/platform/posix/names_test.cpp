@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Names that are any bytes: each has a wide form that leads back to it.
-#include "platform/directory.h"
 #include "platform/file.h"
+#include "tests/platform/foundnames.h"
 #include "tests/support/scratch.h"
 
 #include <gtest/gtest.h>
@@ -15,15 +15,9 @@
 namespace platform::test {
 namespace {
 
-std::set<std::u16string> entries(const std::u16string& directory) {
-    std::set<std::u16string> result;
-    std::u16string name;
-    DirectorySearch* search = findFirst(directory.c_str(), name);
-    while (search) {
-        if (name != u"." && name != u"..") result.insert(name);
-        if (!findNext(search, name)) break;
-    }
-    findClose(search);
+NameSet entries(const std::u16string& directory) {
+    NameSet result = foundNames(directory);
+    result.erase(u"."), result.erase(u"..");
     return result;
 }
 
@@ -46,12 +40,6 @@ struct Mapped {
     const char* bytes;
     std::u16string units;
 };
-
-std::u16string units(std::initializer_list<unsigned> values) {
-    std::u16string result;
-    for (const unsigned value : values) result += static_cast<char16_t>(value);
-    return result;
-}
 
 TEST_F(Names, HaveTheWideFormThatIsTold) {
     const Mapped table[] = {
