@@ -3,22 +3,14 @@
 // a stream that holds all bytes and through one that hands them out in pieces, whose size the first
 // byte chooses; and the walk of kor-dump must show every byte of the file once.
 #include "apps/blockjson.h"
+#include "fuzz/require.h"
 #include "tests/zelbasictypes/streams.h"
 #include "zelbasictypes/data/zelblocktags.h"
 #include "zelbasictypes/data/zelfile.h"
 #include "zelbasictypes/text/korcstring.h"
 #include "zelbasictypes/text/korstring.h"
 
-#include <cstdio>
-#include <cstdlib>
-
 namespace {
-
-void require(bool holds, const char* what) {
-    if (holds) return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
 
 class Trace {
 public:

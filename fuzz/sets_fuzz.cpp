@@ -3,21 +3,13 @@
 // all at once or in pieces, and a set that was written must come back the same; an index array must
 // hold the numbers that stand there. The first byte chooses the size of the pieces and what is
 // done with the sets in between. No seeds are needed: sets get their identity word from here.
+#include "fuzz/require.h"
 #include "tests/zelbasictypes/modelbytes.h"
 #include "tests/zelbasictypes/streams.h"
 #include "zelbasictypes/sets/blockbitvector.h"
 #include "zelbasictypes/sets/indexarray.h"
 
-#include <cstdio>
-#include <cstdlib>
-
 namespace {
-
-void require(bool holds, const char* what) {
-    if (holds) return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
 
 template <class Set> std::vector<std::int32_t> bitsOf(const Set& set) {
     std::vector<std::int32_t> bits;
