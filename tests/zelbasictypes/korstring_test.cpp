@@ -68,14 +68,16 @@ TEST(KorString, KeepsABorrowedNarrowFormAsLongAsTheTextStays) {
     EXPECT_STREQ(text.toNarrow(), "side");
 }
 
-TEST(KorString, LeavesABorrowedTextAloneWhenFilled) {
+TEST(KorString, FillsOnlyATextOfItsOwnAndForgetsItsNarrowForm) {
     char16_t storage[] = u"a%1b";
-    KorString text = KorString::borrow(storage);
+    KorString text = KorString::borrow(storage, "narrow");
     const KorString arg("x");
     const KorString* const args[] = {&arg};
     text.substitute(args);
     EXPECT_EQ(text.c_str(), storage);
     EXPECT_EQ(text, "a%1b");
+    text.append(""), text.substitute(args);
+    EXPECT_STREQ(text.toNarrow(), "axb");
 }
 
 TEST(KorString, ReusesALargeEnoughBlock) {
