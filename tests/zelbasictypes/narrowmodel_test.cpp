@@ -33,8 +33,8 @@ protected:
     }
     void assign() {
         const std::string piece = source.piece();
-        const std::int32_t n = place();
-        text.assign(piece.c_str(), n), model = textmodel::left(piece, n);
+        const std::int32_t n = place(piece);
+        text.assign(textmodel::exactCopy(piece).data(), n), model = textmodel::left(piece, n);
         isNull = false;
     }
     void assignItsPart() {

@@ -73,15 +73,6 @@ TEST(PathText, NormalFormHasBackslashesAndNoneAtTheEnd) {
     });
 }
 
-TEST(PathText, HasPiecesThatCostNothing) {
-    for (const auto& [piece, expected] :
-         {std::pair{&pathBackslash(), "\\"}, {&pathSlash(), "/"}, {&pathFullStop(), "."}}) {
-        EXPECT_TRUE(*piece == expected);
-        EXPECT_FALSE(piece->isOwned());
-        EXPECT_STREQ(piece->toNarrow(), expected);
-    }
-}
-
 TEST(PathText, JoinsWithOneBackslash) {
     const Case cases[] = {
         {u"c:\\a", u"c:\\a\\b", u"b"},

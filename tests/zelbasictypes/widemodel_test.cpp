@@ -51,12 +51,13 @@ protected:
     }
     void stripSpace() { text = text.stripSpace(), std::erase(model, u' '); }
     void assign() {
-        kept = lent = source.piece();
-        const std::int32_t n = place();
+        lend(source.piece());
+        const std::int32_t n = place(kept);
         if (source.below(2)) // with n of 0 the whole is borrowed
-            text.assign(lent.c_str(), n), model = n == 0 ? lent : textmodel::left(lent, n);
+            text.assign(lent.data(), n), model = n == 0 ? kept : textmodel::left(kept, n);
         else
-            text.assign(otherWidth(lent).c_str(), n), model = textmodel::left(lent, n);
+            text.assign(textmodel::exactCopy(otherWidth(kept)).data(), n),
+                model = textmodel::left(kept, n);
         isNull = false;
     }
     void assignItsPart() {
@@ -68,8 +69,8 @@ protected:
     /// The wide text is borrowed or our own, its narrow form is borrowed: a change must forget it.
     void borrowBoth() {
         borrow();
-        lentNarrow = otherWidth(lent);
-        text = KorString::borrow(lent.c_str(), lentNarrow.c_str());
+        lentNarrow = otherWidth(kept);
+        text = KorString::borrow(lent.data(), lentNarrow.c_str());
         if (source.below(2)) text.append("");
     }
     void swapText() {
