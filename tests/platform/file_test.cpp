@@ -200,7 +200,7 @@ TEST_F(File, StatusTellsKindSizeAndTime) {
 }
 
 TEST_F(File, AnswersNarrowAndWidePathsAlike) {
-    const std::string narrow = scratch.narrow("file"), directory = scratch.narrow("directory");
+    const std::string narrow = scratch.narrow("file");
     const Descriptor file = open(narrow.c_str(), making);
     ASSERT_GE(file, 0);
     close(file);
@@ -208,14 +208,8 @@ TEST_F(File, AnswersNarrowAndWidePathsAlike) {
         EXPECT_EQ(access(narrow.c_str(), mode), 0) << mode;
         EXPECT_EQ(access(scratch.path(u"file").c_str(), mode), 0) << mode;
     }
-    FileStatus status;
-    EXPECT_EQ(stat(narrow.c_str(), &status), 0);
-    EXPECT_EQ(makeDirectory(directory.c_str()), 0);
-    EXPECT_EQ(rename(narrow.c_str(), (directory + "/moved").c_str()), 0);
-    EXPECT_EQ(removeDirectory(directory.c_str()), -1) << "not empty";
-    EXPECT_EQ(unlink((directory + "\\moved").c_str()), 0) << "either separator";
-    EXPECT_EQ(removeDirectory(directory.c_str()), 0);
-    EXPECT_FALSE(scratch.has("directory"));
+    EXPECT_EQ(unlink((scratch.root.string() + "\\file").c_str()), 0) << "either separator";
+    EXPECT_FALSE(scratch.has("file"));
 }
 
 TEST_F(File, IsKnownUnderAllItsNames) {

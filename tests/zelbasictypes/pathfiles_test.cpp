@@ -92,8 +92,9 @@ TEST_F(PathFiles, RemovesDirectoriesWithWhatIsBelow) {
     EXPECT_FALSE(removeDirectory(directory.path("top"), true));
     EXPECT_FALSE(removeDirectory(KorString(), true));
 
-    directory.makeDirectory("narrow/a");
+    directory.makeDirectory("narrow/a/b");
     EXPECT_FALSE(removeDirectory(narrow("narrow").c_str(), false));
+    EXPECT_TRUE(removeDirectory(narrow("narrow/a/b").c_str(), false));
     EXPECT_TRUE(removeDirectory(narrow("narrow").c_str(), true));
     EXPECT_TRUE(directory.isEmpty());
 }
