@@ -3,42 +3,14 @@
 // what the first look-up found holds for the life of the process.
 #include "zelbasictypes/text/strsupport.h"
 
-#include "component/objects/services/izelstrsupport.h"
 #include "tests/support/fakemanager.h"
-#include "zelbasictypes/text/korcstring.h"
-#include "zelbasictypes/text/korstring.h"
+#include "tests/zelbasictypes/oddsupport.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <thread>
 
 namespace {
-
-/// Answers that no fall-back gives.
-class OddSupport : public virtual IZelStrSupport {
-public:
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IZelStrSupport>(this, className(), name, result);
-    }
-    const char* className() override { return "OddSupport"; }
-
-    void toNarrow(KorCString& out, const KorString& text) override {
-        if (text == "none") return;
-        out = KorCString::concat("narrow ", text.length());
-    }
-    std::int32_t compare(const KorString& a, const KorString& b) override {
-        return 100 * (b.length() - a.length());
-    }
-    bool isSpace(char16_t c) override { return c == u'_'; }
-    bool isDigit(char16_t c) override { return c == u'\u0663'; }
-    bool contains(const KorString&, const KorString&, bool caseSensitive) override {
-        return !caseSensitive;
-    }
-    void stripSpace(char16_t* text) override { text[1] = 0; }
-    void simplify(char16_t* text) override { std::replace(text, text + 3, u'a', u'_'); }
-    void toLower(char16_t* text) override { text[0] = u'l'; }
-    void toUpper(char16_t* text) override { text[0] = u'u'; }
-};
 
 /// Orders strings while it is asked for the service, as a host that keeps its services in a map.
 class OrderingManager : public testsupport::FakeManager {
