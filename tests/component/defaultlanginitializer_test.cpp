@@ -26,12 +26,4 @@ TEST(DefaultLangInitializer, FollowsTheHostsTranslator) {
     EXPECT_NE(getTranslator(), translator);
 }
 
-TEST(DefaultLangInitializer, AnswersToItsNames) {
-    DefaultLangInitializer hook;
-    EXPECT_EQ(zelQuery<IZelCompLangInitializer>(&hook), &hook);
-    void* own = nullptr;
-    hook.qi("DefaultLangInitializer", &own);
-    EXPECT_EQ(own, &hook);
-}
-
 } // namespace

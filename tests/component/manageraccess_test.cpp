@@ -2,9 +2,8 @@
 // Looking up and counting through the host's manager, its scopes included.
 #include "component/manageraccess.h"
 
-#include "component/izelcomponentmanager.h"
 #include "component/objects/countservice.h"
-#include "component/objects/queryinterface.h"
+#include "tests/support/fakemanager.h"
 #include "zelbasictypes/data/zelguid.h"
 
 #include <gtest/gtest.h>
@@ -16,15 +15,9 @@ namespace {
 int marks[3]; // what lookups yield: the address tells who answered
 
 /// Knows one service, whose name is also that of the one interface it makes instances with.
-class Manager : public IZelComponentManager {
+class Manager : public testsupport::FakeManager {
 public:
     Manager(const char* known, void* answer) : known_(known), answer_(answer) {}
-    ~Manager() override { zelSetManager(nullptr); }
-
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IZelComponentManager>(this, className(), name, result);
-    }
-    const char* className() override { return "Manager"; }
     std::int32_t createInstance(const ZelGuid&, const KorCString& name, void** out) override {
         return getService(name, out);
     }
@@ -33,7 +26,6 @@ public:
         *out = answer_;
         return 1;
     }
-    std::int32_t status() override { return 0; }
     void incrementCount(std::int32_t* count) override { *count += 10; }
     bool decrementCount(std::int32_t* count) override { return (*count -= 10) == 5; }
     IZelComponentManager* findManager(const KorCString& scope, std::int32_t reserved) override {
@@ -53,7 +45,10 @@ enum class Call { Service, Instance };
 
 class ManagerAccess : public testing::TestWithParam<Call> {
 protected:
-    ManagerAccess() { root.lab = &lab; }
+    ManagerAccess() {
+        root.lab = &lab;
+        zelSetManager(&root);
+    }
     ~ManagerAccess() override { zelSetScopeName(KorCString()); }
 
     std::int32_t find(const char* name) {
@@ -73,6 +68,7 @@ protected:
 };
 
 TEST_P(ManagerAccess, WithoutManagerNothingIsFound) {
+    zelSetManager(nullptr);
     found = &marks[2];
     EXPECT_EQ(zelGetService("clock", &found), 0);
     EXPECT_EQ(zelCreateInstance(ZelGuid(), "clock", &found), 0);
@@ -82,7 +78,6 @@ TEST_P(ManagerAccess, WithoutManagerNothingIsFound) {
 }
 
 TEST_P(ManagerAccess, RootAnswersWithoutScope) {
-    zelSetManager(&root);
     EXPECT_EQ(find("clock"), 1);
     EXPECT_EQ(found, &marks[0]);
     EXPECT_EQ(find("scale"), 0);
@@ -90,7 +85,6 @@ TEST_P(ManagerAccess, RootAnswersWithoutScope) {
 }
 
 TEST_P(ManagerAccess, ScopeIsAskedFirstAndRootBehindIt) {
-    zelSetManager(&root);
     zelSetScopeName("lab");
     EXPECT_EQ(find("scale"), 1);
     EXPECT_EQ(found, &marks[1]);
@@ -101,14 +95,12 @@ TEST_P(ManagerAccess, ScopeIsAskedFirstAndRootBehindIt) {
 }
 
 TEST_P(ManagerAccess, RootAnswersForAScopeWithoutManager) {
-    zelSetManager(&root);
     zelSetScopeName("attic");
     EXPECT_EQ(find("clock"), 1);
     EXPECT_EQ(found, &marks[0]);
 }
 
 TEST_P(ManagerAccess, NamedScopeIsAskedAlone) {
-    zelSetManager(&root);
     EXPECT_EQ(findIn("scale", "lab"), 1);
     EXPECT_EQ(found, &marks[1]);
     EXPECT_EQ(findIn("clock", "lab"), 0);
@@ -142,7 +134,6 @@ TEST(CountService, CountsPlainlyBeforeThereIsAManager) {
 
 TEST(CountService, LeavesCountingToTheManager) {
     Manager root("", nullptr);
-    zelSetManager(&root);
     std::int32_t count = 5;
     zelIncrement(&count);
     EXPECT_EQ(count, 15);

@@ -3,13 +3,13 @@
 #include "component/entrypoint.h"
 #include "component/izelcompinternal.h"
 #include "component/izelcomponent.h"
-#include "component/izelcomponentmanager.h"
 #include "component/objects/iptr.h"
-#include "component/objects/queryinterface.h"
 #include "component/objects/services/izelrandom.h"
 #include "component/objectwalk.h"
 #include "platform/module.h"
 #include "tests/component/iticket.h"
+#include "tests/support/fakemanager.h"
+#include "tests/support/service.h"
 
 #include <gtest/gtest.h>
 
@@ -20,41 +20,24 @@ namespace {
 
 const ZelGuid ticketId{0x71C4E700, 1, 2, {3, 4, 5, 6, 7, 8, 9, 10}};
 
-class Sevens : public IZelRandom {
+class Sevens : public testsupport::Service<IZelRandom> {
 public:
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IZelRandom>(this, className(), name, result);
-    }
-    const char* className() override { return "Sevens"; }
     void seed(std::int32_t) override {}
     std::int32_t below(std::int32_t limit) override { return limit - 1; }
 };
 
 /// Notes the counts that change through it.
-class Manager : public IZelComponentManager {
+class Manager : public testsupport::FakeManager {
 public:
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IZelComponentManager>(this, className(), name, result);
-    }
-    const char* className() override { return "Manager"; }
-    std::int32_t createInstance(const ZelGuid&, const KorCString&, void**) override { return 0; }
-    std::int32_t getService(const KorCString& name, void** out) override {
-        if (!random || !(name == IZelRandom::interfaceName)) return 0;
-        *out = static_cast<IZelRandom*>(random);
-        return 1;
-    }
-    std::int32_t status() override { return 0; }
     void incrementCount(std::int32_t* count) override {
-        ++*count;
+        FakeManager::incrementCount(count);
         ++increments;
     }
     bool decrementCount(std::int32_t* count) override {
         ++decrements;
-        return --*count == 0;
+        return FakeManager::decrementCount(count);
     }
-    IZelComponentManager* findManager(const KorCString&, std::int32_t) override { return nullptr; }
 
-    Sevens* random = nullptr;
     int increments = 0;
     int decrements = 0;
 };
@@ -87,11 +70,10 @@ class ModuleTest : public testing::Test {
 protected:
     void SetUp() override { ASSERT_NE(host().inside, nullptr); }
 
-    /// An object of the module, which must be there.
-    IZelUnknown* make(const ZelGuid& id, std::int32_t expectedKind) {
+    static IPtr<ITicket> makeTicket() {
         IZelUnknown* object = nullptr;
-        EXPECT_EQ(host().component->createInstance(id, &object), expectedKind);
-        return object;
+        EXPECT_EQ(host().component->createInstance(ticketId, &object), 1);
+        return IPtr<ITicket>(zelQuery<ITicket>(object));
     }
 };
 
@@ -122,10 +104,8 @@ TEST_F(ModuleTest, CountsItsObjectsThroughTheManagerUntilTheLastRelease) {
     const int decrements = host().manager.decrements;
     bool gone = false;
     {
-        const IPtr<IZelUnknown> object(make(ticketId, 1));
-        ASSERT_TRUE(object);
-        auto* ticket = zelQuery<ITicket>(object.iface);
-        ASSERT_NE(ticket, nullptr);
+        const IPtr<ITicket> ticket = makeTicket();
+        ASSERT_TRUE(ticket);
         ticket->flagWhenGone(&gone);
         EXPECT_EQ(host().manager.increments, increments + 1);
         host().component->terminate();
@@ -136,36 +116,28 @@ TEST_F(ModuleTest, CountsItsObjectsThroughTheManagerUntilTheLastRelease) {
 }
 
 TEST_F(ModuleTest, AsksTheHostForServices) {
-    const IPtr<IZelUnknown> object(make(ticketId, 1));
-    auto* ticket = zelQuery<ITicket>(object.iface);
-    ASSERT_NE(ticket, nullptr);
+    const IPtr<ITicket> ticket = makeTicket();
+    ASSERT_TRUE(ticket);
     EXPECT_EQ(ticket->draw(), -1);
     const IPtr<Sevens> random(new Sevens);
-    host().manager.random = random.iface;
+    host().manager.offerNew("IZelRandom", [&] { return random.iface; });
     EXPECT_EQ(ticket->draw(), 6);
-    host().manager.random = nullptr;
+    host().manager.withdraw("IZelRandom");
     EXPECT_EQ(random->refCount(), 1);
-}
-
-TEST_F(ModuleTest, SharesItsSingletonAndRefusesUnknownClasses) {
-    const ZelGuid hook{
-        0xA6C62276, 0x0A76, 0x4531, {0x98, 0x55, 0xA1, 0x96, 0xDF, 0xBE, 0xFF, 0xFC}};
-    EXPECT_EQ(make(hook, 2), make(hook, 2));
-    EXPECT_EQ(make(ZelGuid(), 0), nullptr);
 }
 
 TEST_F(ModuleTest, ObjectsNameTheModuleTheyComeFrom) {
     host().inside->setScopeName("lab");
-    const IPtr<IZelUnknown> object(make(ticketId, 1));
+    const IPtr<ITicket> ticket = makeTicket();
     ZelComponentRecord record;
-    EXPECT_TRUE(zelComponentOf(object.iface, record));
+    EXPECT_TRUE(zelComponentOf(ticket.iface, record));
     EXPECT_STREQ(record.moduleName, "brix");
     EXPECT_STREQ(record.scopeName, "lab");
     EXPECT_EQ(record.componentId, *host().inside->componentId());
     host().inside->setScopeName(KorCString());
 
     std::vector<ZelClassRecord> classes;
-    EXPECT_TRUE(zelListClasses(object.iface, classes));
+    EXPECT_TRUE(zelListClasses(ticket.iface, classes));
     ASSERT_EQ(classes.size(), 2u);
     EXPECT_EQ(classes[0].name, "Ticket");
     EXPECT_EQ(classes[1].name, "ITicket");

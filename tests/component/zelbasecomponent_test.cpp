@@ -11,6 +11,7 @@
 #include "component/objects/services/izelerrorservice.h"
 #include "component/selftests.h"
 #include "tests/support/fakemanager.h"
+#include "tests/support/service.h"
 #include "zelbasictypes/diagnostics/zelassert.h"
 #include "zelbasictypes/text/korstring.h"
 
@@ -23,12 +24,8 @@ namespace {
 
 const ZelModuleIdentity identity{"tested", ZelGuid{0xBEEF, 0, 0, {}}};
 
-class Errors : public IZelErrorService {
+class Errors : public testsupport::Service<IZelErrorService> {
 public:
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IZelErrorService>(this, className(), name, result);
-    }
-    const char* className() override { return "Errors"; }
     void report(const KorString& text, const std::int32_t* kind,
                 const KorCString& source) override {
         reports += std::string(text.toUtf8()) + "/" + std::to_string(*kind) + "/" +
@@ -37,12 +34,8 @@ public:
     std::string reports;
 };
 
-class TestService : public IZelSelfTestService {
+class TestService : public testsupport::Service<IZelSelfTestService> {
 public:
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IZelSelfTestService>(this, className(), name, result);
-    }
-    const char* className() override { return "TestService"; }
     void take(const ZelSelfTest& test) override {
         names += test.name;
         names += test.run() ? "+" : "-";
@@ -60,15 +53,11 @@ protected:
     IPtr<ZelBaseComponent> component{new ZelBaseComponent};
 };
 
-TEST_F(BaseComponent, AnswersToItsFourNames) {
+TEST_F(BaseComponent, AnswersForItsInterfaces) {
     IZelUnknown* root = component.unknown;
     EXPECT_EQ(zelQuery<IZelComponent>(root), component.iface);
     EXPECT_EQ(zelQuery<IZelCompInternal>(root), component.iface);
     EXPECT_EQ(zelQuery<IZelUnknown>(root), root);
-    void* own = nullptr;
-    root->qi("ZelBaseComponent", &own);
-    EXPECT_EQ(own, component.iface);
-    EXPECT_STREQ(root->className(), "ZelBaseComponent");
 }
 
 TEST_F(BaseComponent, SpeaksForTheModule) {
@@ -82,9 +71,6 @@ TEST_F(BaseComponent, SpeaksForTheModule) {
     EXPECT_FALSE(zelBreakEnabled());
     component->setBreakEnabled(true);
     EXPECT_TRUE(component->breakEnabled());
-    EXPECT_EQ(component->componentReserved(), 0);
-    EXPECT_EQ(component->internalReserved3(), 0);
-    EXPECT_TRUE(component->internalReserved4());
 }
 
 TEST_F(BaseComponent, KeepsTheManagerAfterItsEnd) {

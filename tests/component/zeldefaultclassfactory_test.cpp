@@ -105,17 +105,4 @@ TEST(ClassFactory, ListsEachClassOnceAndThenNoMore) {
     EXPECT_EQ(id, idOf(99));
 }
 
-TEST(ClassFactory, FindsEveryClassAfterTheTableHasGrown) {
-    static std::vector<std::unique_ptr<ZelItemFactory>> items;
-    for (std::uint32_t i = 0; i < 150; ++i) {
-        items.push_back(
-            std::make_unique<ZelTClassItemFactory<Thing>>("Many", nullptr, idOf(1000 + i * 131)));
-    }
-    for (std::uint32_t i = 0; i < 150; ++i) {
-        EXPECT_STREQ(zelClassFactory()->className(idOf(1000 + i * 131)), "Many") << i;
-    }
-    EXPECT_STREQ(zelClassFactory()->className(idOf(1)), "Plain");
-    EXPECT_GE(zelClassFactory()->classCount(), 153);
-}
-
 } // namespace

@@ -2,24 +2,20 @@
 // The two smart pointers.
 #include "component/objects/iptr.h"
 
-#include "component/objects/queryinterface.h"
 #include "component/objects/services/izelprogress.h"
 #include "component/objects/sptr.h"
 #include "tests/support/fakemanager.h"
+#include "tests/support/service.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
 /// A counted object that may hold another; `alive` counts both.
-class Link : public IZelProgress {
+class Link : public testsupport::Service<IZelProgress> {
 public:
     explicit Link(int& alive) : alive_(alive) { ++alive_; }
     ~Link() override { --alive_; }
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IZelProgress>(this, className(), name, result);
-    }
-    const char* className() override { return "Link"; }
     void setProgress(double) override {}
 
     IPtr<Link> next;

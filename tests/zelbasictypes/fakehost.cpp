@@ -2,9 +2,7 @@
 // The component manager of the tests.
 #include "tests/zelbasictypes/fakehost.h"
 
-#include "component/izelcomponentmanager.h"
-#include "component/manageraccess.h"
-#include "component/objects/queryinterface.h"
+#include "tests/support/fakemanager.h"
 
 #include <atomic>
 #include <map>
@@ -13,14 +11,8 @@
 
 namespace {
 
-class Manager : public IZelComponentManager {
+class Manager : public testsupport::FakeManager {
 public:
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IZelComponentManager>(this, className(), name, result);
-    }
-    const char* className() override { return "FakeManager"; }
-
-    std::int32_t createInstance(const ZelGuid&, const KorCString&, void**) override { return 0; }
     std::int32_t getService(const KorCString& name, void** out) override {
         if (void (*call)() = whenAsked) call();
         const std::lock_guard hold(mutex);
@@ -30,10 +22,8 @@ public:
         *out = found->second;
         return 1;
     }
-    std::int32_t status() override { return 0; }
     void incrementCount(std::int32_t* count) override { ++std::atomic_ref(*count); }
     bool decrementCount(std::int32_t* count) override { return --std::atomic_ref(*count) == 0; }
-    IZelComponentManager* findManager(const KorCString&, std::int32_t) override { return nullptr; }
 
     std::atomic<void (*)()> whenAsked{nullptr};
     std::mutex mutex;
@@ -47,7 +37,7 @@ Manager& manager() {
     return *one;
 }
 
-const bool installed = (zelSetManager(&manager()), true);
+const bool installed = (manager(), true);
 
 } // namespace
 

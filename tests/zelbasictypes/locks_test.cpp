@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <deque>
 #include <functional>
+#include <mutex>
 #include <string>
 #include <thread>
 #include <utility>
@@ -33,46 +34,47 @@ std::string uniqueName() {
     return testsupport::sharedWithDeathTests("BRIX_TEST_MUTEX", "brix-test-" + std::to_string(now));
 }
 
-/// Threads that wait for a number to reach theirs.
+/// Threads that wait until they are let go.
 class Waiters {
 public:
-    explicit Waiters(int count) {
-        for (int i = 0; i < count; ++i) threads.emplace_back([this] { run(); });
-        while (waiting < count) std::this_thread::yield();
-        // From here on each of them has given the mutex up in its wait.
-        mutex.lock();
-        mutex.unlock();
-    }
     ~Waiters() {
         open(&ZelCondition::broadcast);
         for (std::thread& thread : threads) thread.join();
     }
 
+    void start(int count) {
+        for (int i = 0; i < count; ++i) threads.emplace_back([this] { run(); });
+        while (waiting < count) std::this_thread::yield();
+        // From here on each of them has given the mutex up in its wait.
+        const std::lock_guard hold(mutex);
+    }
     void open(void (ZelCondition::*wake)()) {
-        mutex.lock();
+        const std::lock_guard hold(mutex);
         isOpen = true;
         (condition.*wake)();
-        mutex.unlock();
     }
-    bool reach(int count) const {
-        for (int i = 0; i < 2000 && woken < count; ++i) std::this_thread::sleep_for(1ms);
-        return woken == count;
+    /// Whether there come so many wakes, and no more.
+    bool wereWoken(int times) const {
+        for (int i = 0; i < 2000 && wakes < times; ++i) std::this_thread::sleep_for(1ms);
+        std::this_thread::sleep_for(10ms);
+        return wakes == times;
     }
 
-    std::atomic<int> waiting{0};
-    std::atomic<int> woken{0};
     ZelMutex mutex;
     ZelCondition condition;
 
 private:
     void run() {
-        mutex.lock();
+        const std::lock_guard hold(mutex);
         ++waiting;
-        while (!isOpen) condition.wait(mutex);
-        ++woken;
-        mutex.unlock();
+        while (!isOpen) {
+            condition.wait(mutex);
+            ++wakes;
+        }
     }
 
+    std::atomic<int> waiting{0};
+    std::atomic<int> wakes{0};
     bool isOpen = false;
     std::vector<std::thread> threads;
 };
@@ -111,9 +113,8 @@ TEST(ZelMutex, GuardsACounter) {
     int counter = 0;
     const auto count = [&] {
         for (int i = 0; i < 2000; ++i) {
-            mutex.lock();
+            const std::lock_guard hold(mutex);
             ++counter;
-            mutex.unlock();
         }
     };
     std::thread one(count);
@@ -181,73 +182,36 @@ TEST(ZelCondition, WaitsWithoutItsMutexWhereThatCouldNotBeMade) {
     waiter.join();
 }
 
-TEST(ZelCondition, SignalWakesOneAndLeavesNothingBehind) {
-    ZelMutex mutex;
-    ZelCondition condition;
-    condition.signal();
-    condition.broadcast();
-    std::atomic<int> stage{0};
-    std::thread waiter([&] {
-        mutex.lock();
-        stage = 1;
-        condition.wait(mutex);
-        stage = 2;
-        mutex.unlock();
-    });
-    while (stage < 1) std::this_thread::yield();
-    std::this_thread::sleep_for(20ms);
-    EXPECT_EQ(stage, 1);
-    mutex.lock();
-    condition.signal();
-    mutex.unlock();
-    waiter.join();
-    EXPECT_EQ(stage, 2);
+TEST(ZelCondition, KeepsNoWakeForThoseWhoWaitLater) {
+    Waiters three;
+    three.condition.signal();
+    three.condition.broadcast();
+    three.start(3);
+    EXPECT_TRUE(three.wereWoken(0));
 }
 
-TEST(ZelCondition, BroadcastWakesAllAndComesBack) {
-    Waiters three(3);
-    EXPECT_EQ(three.woken, 0);
+TEST(ZelCondition, SignalWakesOneAndBroadcastTheOthers) {
+    Waiters three;
+    three.start(3);
+    three.open(&ZelCondition::signal);
+    EXPECT_TRUE(three.wereWoken(1));
     three.open(&ZelCondition::broadcast);
-    EXPECT_TRUE(three.reach(3));
+    EXPECT_TRUE(three.wereWoken(3));
 }
 
 /// Were a waiter still to go when the broadcast comes back, the signal behind it would stay for the
-/// one who comes next.
+/// one who comes next: the first that waits again.
 TEST(ZelCondition, BroadcastComesBackWhenAllHaveGone) {
     for (int turn = 0; turn < 50; ++turn) {
-        Waiters three(3);
-        bool over = false;
-        int wakes = 0;
-        three.mutex.lock();
-        three.condition.broadcast();
-        three.condition.signal();
-        three.mutex.unlock();
-        std::thread comesNext([&] {
-            three.mutex.lock();
-            while (!over) {
-                three.condition.wait(three.mutex);
-                ++wakes;
-            }
-            three.mutex.unlock();
-        });
-        std::this_thread::sleep_for(2ms);
-        three.mutex.lock();
-        EXPECT_EQ(wakes, 0);
-        over = true;
-        three.mutex.unlock();
-        three.open(&ZelCondition::broadcast);
-        comesNext.join();
+        Waiters three;
+        three.start(3);
+        {
+            const std::lock_guard hold(three.mutex);
+            three.condition.broadcast();
+            three.condition.signal();
+        }
+        EXPECT_TRUE(three.wereWoken(3));
     }
-}
-
-TEST(ZelCondition, SignalWakesOneOfMany) {
-    Waiters three(3);
-    three.open(&ZelCondition::signal);
-    EXPECT_TRUE(three.reach(1));
-    std::this_thread::sleep_for(20ms);
-    EXPECT_EQ(three.woken, 1);
-    three.open(&ZelCondition::broadcast);
-    EXPECT_TRUE(three.reach(3));
 }
 
 TEST(ZelCondition, PassesItemsFromProducersToConsumers) {
@@ -258,23 +222,17 @@ TEST(ZelCondition, PassesItemsFromProducersToConsumers) {
     int sum = 0;
     const auto consume = [&] {
         for (int i = 0; i < items; ++i) {
-            mutex.lock();
+            const std::lock_guard hold(mutex);
             while (queue.empty()) filled.wait(mutex);
             sum += queue.front();
             queue.pop_front();
-            mutex.unlock();
         }
     };
     const auto produce = [&] {
         for (int i = 1; i <= items; ++i) {
-            mutex.lock();
+            const std::lock_guard hold(mutex);
             queue.push_back(i);
-            if (i % 3) {
-                filled.signal();
-            } else {
-                filled.broadcast();
-            }
-            mutex.unlock();
+            i % 3 ? filled.signal() : filled.broadcast();
         }
     };
     std::vector<std::thread> threads;

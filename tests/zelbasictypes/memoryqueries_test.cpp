@@ -4,6 +4,7 @@
 
 #include "component/objects/services/imemchecker.h"
 #include "component/objects/zelweakref.h"
+#include "tests/support/service.h"
 #include "tests/zelbasictypes/fakehost.h"
 #include "tests/zelbasictypes/samplestore.h"
 #include "zelbasictypes/diagnostics/memlimitlistener.h"
@@ -36,12 +37,8 @@ bool setOfSystem(platform::WorkingSet& set) {
     return machine.tells;
 }
 
-class Checker : public IMemChecker {
+class Checker : public testsupport::Service<IMemChecker> {
 public:
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IMemChecker>(this, className(), name, result);
-    }
-    const char* className() override { return "Checker"; }
     bool isActive() override { return active; }
     std::int32_t status(std::uint64_t* free, std::uint64_t* total, std::uint64_t* swapFree,
                         std::uint64_t* swapTotal, std::uint32_t unit) override {
@@ -59,12 +56,8 @@ public:
 
 /// The library keeps the checker that it found, so one serves all tests, active in some.
 Checker& checker() {
-    static Checker* const one = [] {
-        auto* made = new Checker;
-        made->addRef();
-        return made;
-    }();
-    return *one;
+    static auto* const one = new IPtr<Checker>(new Checker);
+    return *one->iface;
 }
 
 class MemoryQueries : public testing::Test {

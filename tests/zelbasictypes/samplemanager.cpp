@@ -2,14 +2,10 @@
 // Chunks from the heap, counted.
 #include "tests/zelbasictypes/samplemanager.h"
 
-#include "component/objects/queryinterface.h"
+#include "component/objects/iptr.h"
 
 #include <cstdlib>
 #include <cstring>
-
-void SampleManager::qi(const char* name, void** result, std::int32_t) {
-    zelAnswerQuery<IZelMManager>(this, className(), name, result);
-}
 
 void* SampleManager::allocateChunk(std::int32_t bytes, bool zeroFill) {
     if (refusals > 0 && refusals--) return nullptr;
@@ -37,10 +33,6 @@ void SampleManager::reset() {
 }
 
 SampleManager& sampleManager() {
-    static SampleManager* const one = [] {
-        auto* made = new SampleManager;
-        made->addRef();
-        return made;
-    }();
-    return *one;
+    static auto* const one = new IPtr<SampleManager>(new SampleManager);
+    return *one->iface;
 }

@@ -3,14 +3,13 @@
 #pragma once
 
 #include "component/objects/services/izelmmanager.h"
+#include "tests/support/service.h"
 
 #include <functional>
 #include <set>
 
-class SampleManager : public IZelMManager {
+class SampleManager : public testsupport::Service<IZelMManager> {
 public:
-    void qi(const char* name, void** result, std::int32_t reserved = 0) override;
-    const char* className() override { return "SampleManager"; }
     /// Chunks that aren't to be zeroed come full of 0xEE.
     void* allocateChunk(std::int32_t bytes, bool zeroFill) override;
     void freeChunk(void* chunk) override;

@@ -2,9 +2,10 @@
 // Who hears of a failed assertion, and the break flag.
 #include "zelbasictypes/diagnostics/zelassert.h"
 
-#include "component/objects/queryinterface.h"
 #include "component/objects/services/izelasserthandlercb.h"
+#include "tests/support/service.h"
 #include "tests/support/variables.h"
+#include "tests/zelbasictypes/assertioncounter.h"
 #include "tests/zelbasictypes/fakehost.h"
 
 #include <gtest/gtest.h>
@@ -15,12 +16,8 @@
 
 namespace {
 
-class Handler : public IZelAssertHandlerCB {
+class Handler : public testsupport::Service<IZelAssertHandlerCB> {
 public:
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IZelAssertHandlerCB>(this, className(), name, result);
-    }
-    const char* className() override { return "Handler"; }
     void onAssert(const char* expression, const char* file, std::int32_t line) override {
         heard = expression;
         where = std::string(file) + ":" + std::to_string(line);
@@ -37,7 +34,6 @@ protected:
         fakehost::withdrawAll();
     }
     ~ZelAssert() override {
-        zelSetAssertHandler(nullptr, nullptr);
         fakehost::withdrawAll();
         handler.releaseNoDelete();
     }
@@ -64,14 +60,12 @@ TEST_F(ZelAssert, GoesToTheHostAndThenToTheFallBack) {
 
 TEST_F(ZelAssert, PrefersTheModulesOwnHandlerAndThenLooksNothingUp) {
     fakehost::offer<IZelAssertHandlerCB>(&handler);
-    std::string heard;
-    zelSetAssertHandler([](void* context, const char* expression, const char*,
-                           std::int32_t) { *static_cast<std::string*>(context) = expression; },
-                        &heard);
-    EXPECT_EQ(guarded(-5), -1);
-    EXPECT_EQ(heard, "start >= 0");
-    EXPECT_EQ(fakehost::lookUps("IZelAssertHandlerCB"), 0);
-    zelSetAssertHandler(nullptr, nullptr);
+    {
+        const AssertionCounter own;
+        EXPECT_EQ(guarded(-5), -1);
+        EXPECT_EQ(own.last, "start >= 0");
+        EXPECT_EQ(fakehost::lookUps("IZelAssertHandlerCB"), 0);
+    }
     EXPECT_EQ(guarded(-5), -1);
     EXPECT_EQ(handler.heard, "start >= 0");
 }
@@ -91,11 +85,4 @@ TEST(ZelBreakEnabled, IsOffOnlyForAnEnvironmentThatSaysZero) {
     }
     testsupport::clearVariable("ZEL_BREAK_ENABLED");
     EXPECT_EXIT(std::exit(zelBreakEnabled() ? 1 : 0), testing::ExitedWithCode(1), "");
-}
-
-TEST(ZelBreakEnabled, FollowsTheHost) {
-    const bool before = zelBreakEnabled();
-    zelSetBreakEnabled(!before);
-    EXPECT_EQ(zelBreakEnabled(), !before);
-    zelSetBreakEnabled(before);
 }
