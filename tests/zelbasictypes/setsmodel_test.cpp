@@ -2,9 +2,9 @@
 // Long random sequences of operations on a bit vector, a block vector and a plain set, which must
 // hold the same after every step. Sizes stand around words, blocks, chunks and the limits between
 // the two layouts.
-#include "component/objects/queryinterface.h"
 #include "component/objects/services/izelrandom.h"
-#include "zelbasictypes/data/binmemory.h"
+#include "tests/support/service.h"
+#include "tests/zelbasictypes/settest.h"
 #include "zelbasictypes/memory/memorymanager.h"
 #include "zelbasictypes/sets/blockbitvector.h"
 #include "zelbasictypes/sets/indexarray.h"
@@ -21,16 +21,13 @@
 
 namespace {
 
+using settest::combine;
 using Model = std::set<std::int32_t>;
 
 /// Any numbers, but the same for the same seed.
-class Draws : public IZelRandom {
+class Draws : public testsupport::Service<IZelRandom> {
 public:
     explicit Draws(std::uint32_t start) : random_(start) {}
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IZelRandom>(this, className(), name, result);
-    }
-    const char* className() override { return "Draws"; }
     void seed(std::int32_t value) override { random_.seed(static_cast<std::uint32_t>(value)); }
     std::int32_t below(std::int32_t limit) override {
         return static_cast<std::int32_t>(random_() % static_cast<std::uint32_t>(limit));
@@ -50,7 +47,7 @@ struct Triple {
 template <class Set> testing::AssertionResult holds(const Set& set, const Model& model) {
     std::vector<std::int32_t> found;
     set.forEachSet([&](std::int32_t i) { found.push_back(i); });
-    if (!std::equal(found.begin(), found.end(), model.begin(), model.end()))
+    if (!std::ranges::equal(found, model))
         return testing::AssertionFailure() << found.size() << " bits, not " << model.size();
     if (set.count() != static_cast<std::int32_t>(model.size()))
         return testing::AssertionFailure() << "count " << set.count() << ", not " << model.size();
@@ -59,41 +56,16 @@ template <class Set> testing::AssertionResult holds(const Set& set, const Model&
     return testing::AssertionSuccess();
 }
 
-void combine(Model& to, const Model& other, int operation) {
+void combine(Model& to, const Model& other, char operation) {
     Model result;
-    const auto out = std::inserter(result, result.end());
-    const auto a = to.begin(), aEnd = to.end();
-    const auto b = other.begin(), bEnd = other.end();
-    switch (operation) {
-    case 0:
-        std::set_intersection(a, aEnd, b, bEnd, out);
-        break;
-    case 1:
-        std::set_union(a, aEnd, b, bEnd, out);
-        break;
-    case 2:
-        std::set_symmetric_difference(a, aEnd, b, bEnd, out);
-        break;
-    default:
-        std::set_difference(a, aEnd, b, bEnd, out);
-    }
+    const auto by = [&](const auto& algorithm) {
+        algorithm(to, other, std::inserter(result, result.end()));
+    };
+    if (operation == '&') by(std::ranges::set_intersection);
+    if (operation == '|') by(std::ranges::set_union);
+    if (operation == '^') by(std::ranges::set_symmetric_difference);
+    if (operation == '-') by(std::ranges::set_difference);
     to.swap(result);
-}
-
-template <class To, class Other> void combine(To& to, const Other& other, int operation) {
-    switch (operation) {
-    case 0:
-        to &= other;
-        break;
-    case 1:
-        to |= other;
-        break;
-    case 2:
-        to ^= other;
-        break;
-    default:
-        to -= other;
-    }
 }
 
 /// The room of two sets; they differ where the one is to be large and the other one not.
@@ -121,12 +93,19 @@ public:
         } else if (chosen < 15) {
             combineBoth(one, two);
         } else {
-            transform(one, two, chosen);
+            static constexpr Transform transforms[] = {
+                &Play::resize, &Play::complement,       &Play::shift,    &Play::thin,
+                &Play::gather, &Play::removePositions,  &Play::renumber, &Play::permute,
+                &Play::mapped, &Play::travel,           &Play::fillUp,   &Play::thinRandomly,
+                &Play::copy,   &Play::combineWithItself};
+            (this->*transforms[chosen - 15])(one, two);
         }
         check(one, two);
     }
 
 private:
+    using Transform = void (Play::*)(Triple& one, const Triple& two);
+
     std::int32_t below(std::int32_t limit) {
         return static_cast<std::int32_t>(random_() % static_cast<std::uint32_t>(limit));
     }
@@ -173,7 +152,7 @@ private:
 
     /// Each kind with either kind of operand.
     void combineBoth(Triple& one, const Triple& two) {
-        const std::int32_t operation = below(4);
+        const char operation = "&|^-"[below(4)];
         if (below(2)) {
             combine(one.bits, two.bits, operation);
             combine(one.blocks, two.blocks, operation);
@@ -184,59 +163,17 @@ private:
         combine(one.model, two.model, operation);
     }
 
-    void transform(Triple& one, Triple& two, std::int32_t chosen) {
-        switch (chosen) {
-        case 15:
-            resize(one);
-            break;
-        case 16:
-            complement(one);
-            break;
-        case 17:
-            shift(one);
-            break;
-        case 18:
-            thin(one);
-            break;
-        case 19:
-            gather(one, two);
-            break;
-        case 20:
-            removePositions(one, two);
-            break;
-        case 21:
-            renumber(one);
-            break;
-        case 22:
-            permute(one);
-            break;
-        case 23:
-            mapped(one, two);
-            break;
-        case 24:
-            travel(one);
-            break;
-        case 25:
-            fillUp(one);
-            break;
-        case 26:
-            thinRandomly(one);
-            break;
-        case 27:
-            combineWithItself(one);
-            break;
-        default:
-            copy(one, two);
-        }
-    }
-
     /// For what only bit vectors do.
     static void follow(Triple& one) {
         one.blocks = one.bits;
         one.blocks.compact();
     }
+    static void follow(Triple& one, Model& changed) {
+        one.model.swap(changed);
+        follow(one);
+    }
 
-    void resize(Triple& one) {
+    void resize(Triple& one, const Triple&) {
         one.bits.resize(place());
         one.model.erase(one.model.upper_bound(one.bits.maxBit()), one.model.end());
         if (one.bits.maxBit() < BitVector::highestIndex)
@@ -244,7 +181,7 @@ private:
     }
 
     /// All of a small vector, a part of a great one; else the sets would be full most of the time.
-    void complement(Triple& one) {
+    void complement(Triple& one, const Triple&) {
         Model inverse;
         const std::int32_t n = below(std::min(size_, 3000) + 1);
         const bool isWhole = size_ < 5000 && below(2);
@@ -254,56 +191,48 @@ private:
             if (!one.model.count(i)) inverse.insert(i);
         for (const std::int32_t i : one.model)
             if (i < first || (i > last && i <= one.bits.maxBit())) inverse.insert(i);
-        one.model.swap(inverse);
-        follow(one);
+        follow(one, inverse);
     }
 
-    void shift(Triple& one) {
+    void shift(Triple& one, const Triple&) {
         const std::int32_t n = below(100);
         one.bits.shiftUp(n);
         Model shifted;
         for (const std::int32_t i : one.model) shifted.insert(shifted.end(), i + n);
-        one.model.swap(shifted);
-        follow(one);
+        follow(one, shifted);
     }
 
-    void thin(Triple& one) {
+    void thin(Triple& one, const Triple&) {
         const std::int32_t n = below(200);
         const auto total = static_cast<std::int64_t>(one.model.size());
         one.bits.thin(n);
         if (total > n && !one.model.count(0)) {
             std::int64_t sum = total / 2;
-            for (auto i = one.model.begin(); i != one.model.end();) {
+            std::erase_if(one.model, [&](std::int32_t) {
                 sum += n;
-                if (sum < total) {
-                    i = one.model.erase(i);
-                } else {
-                    sum -= total;
-                    ++i;
-                }
-            }
+                const bool goes = sum < total;
+                if (!goes) sum -= total;
+                return goes;
+            });
         }
         follow(one);
     }
 
-    void thinRandomly(Triple& one) {
+    void thinRandomly(Triple& one, const Triple&) {
         Draws draws(3), same(3);
         const double fraction = below(5) / 4.0;
         auto remaining = static_cast<std::int32_t>(one.model.size());
         auto keep = static_cast<std::int32_t>(remaining * fraction + 0.5);
         one.bits.thinRandomly(fraction, &draws);
-        for (auto i = one.model.begin(); i != one.model.end();) {
-            if (same.below(remaining--) < keep) {
-                --keep;
-                ++i;
-            } else {
-                i = one.model.erase(i);
-            }
-        }
+        std::erase_if(one.model, [&](std::int32_t) {
+            const bool stays = same.below(remaining--) < keep;
+            keep -= stays;
+            return !stays;
+        });
         follow(one);
     }
 
-    void fillUp(Triple& one) {
+    void fillUp(Triple& one, const Triple&) {
         const bool isWhole = size_ < 5000 && below(2);
         const std::int32_t n = below(std::min(size_, 3000) + 1) - 1;
         isWhole ? one.bits.setAll() : one.bits.setFirst(n);
@@ -313,8 +242,8 @@ private:
         follow(one);
     }
 
-    void combineWithItself(Triple& one) {
-        const std::int32_t operation = below(4);
+    void combineWithItself(Triple& one, const Triple&) {
+        const char operation = "&|^-"[below(4)];
         combine(one.bits, one.bits, operation);
         combine(one.blocks, one.blocks, operation);
         combine(one.model, Model(one.model), operation);
@@ -331,8 +260,7 @@ private:
         }
         one.bits.gather(two.bits);
         EXPECT_GE(one.bits.maxBit(), next);
-        one.model.swap(gathered);
-        follow(one);
+        follow(one, gathered);
     }
 
     void removePositions(Triple& one, const Triple& two) {
@@ -345,8 +273,7 @@ private:
             const auto before = std::distance(two.model.begin(), two.model.lower_bound(i));
             kept.insert(kept.end(), i - static_cast<std::int32_t>(before));
         }
-        one.model.swap(kept);
-        follow(one);
+        follow(one, kept);
     }
 
     /// Closes gaps, as after a removal of elements.
@@ -356,7 +283,7 @@ private:
             if (below(3) > 0) map.set(i, next++);
     }
 
-    void renumber(Triple& one) {
+    void renumber(Triple& one, const Triple&) {
         IndexArray map(static_cast<std::uint32_t>(one.bits.maxBit()) + 1);
         fill(map);
         std::int32_t last = 1;
@@ -373,7 +300,7 @@ private:
         one.model.swap(moved);
     }
 
-    void permute(Triple& one) {
+    void permute(Triple& one, const Triple&) {
         const std::int32_t size = std::max(below(size_ + 1), 2);
         std::vector<std::int32_t> order(static_cast<std::size_t>(size));
         std::iota(order.begin(), order.end(), 0);
@@ -386,8 +313,7 @@ private:
         for (std::int32_t i = 0; i < size; ++i)
             if (one.model.count(order[static_cast<std::size_t>(i)])) permuted.insert(i);
         permuted.insert(one.model.lower_bound(size), one.model.end());
-        one.model.swap(permuted);
-        follow(one);
+        follow(one, permuted);
     }
 
     void mapped(Triple& one, const Triple& two) {
@@ -397,23 +323,13 @@ private:
             const auto i = static_cast<std::uint32_t>(below(4096));
             map.set(i, static_cast<std::uint32_t>(below(size_ + 1)));
         }
-        switch (operation) {
-        case 0:
-            one.bits.assignMapped(two.bits, map);
-            break;
-        case 1:
-            one.bits.andMapped(two.bits, map);
-            break;
-        case 2:
-            one.bits.orMapped(two.bits, map);
-            break;
-        case 3:
-            one.bits.xorMapped(two.bits, map);
-            break;
-        case 4:
-            one.bits.minusMapped(two.bits, map);
-            break;
-        default:
+        using Combination = void (BitVector::*)(const BitVector&, const BitVector::IndexMap&);
+        static constexpr Combination combinations[] = {
+            &BitVector::assignMapped, &BitVector::andMapped, &BitVector::orMapped,
+            &BitVector::xorMapped, &BitVector::minusMapped};
+        if (operation < 5) {
+            (one.bits.*combinations[operation])(two.bits, map);
+        } else {
             one.bits.complementMapped(map);
         }
         for (IndexArrayIter i(map); !i.atEnd(); i.next()) {
@@ -428,21 +344,14 @@ private:
     }
 
     /// Out to a stream, and back as the other kind.
-    void travel(Triple& one) {
-        BinOutputMemory fromBits, fromBlocks;
+    void travel(Triple& one, const Triple&) {
         const std::uint32_t version = below(2) ? 0 : 12;
-        fromBits.setVersion(version);
-        fromBlocks.setVersion(version);
-        EXPECT_TRUE(one.bits.write(fromBits));
-        EXPECT_TRUE(one.blocks.write(fromBlocks));
-        fromBits.flushBuffer();
-        fromBlocks.flushBuffer();
-        BinInputMemory toBlocks(fromBits.bytes()), toBits(fromBlocks.bytes());
-        EXPECT_TRUE(one.bits.read(toBits));
-        EXPECT_TRUE(one.blocks.read(toBlocks));
+        const Bytes fromBits = settest::written(one.bits, version);
+        EXPECT_TRUE(settest::readInto(one.bits, settest::written(one.blocks, version)));
+        EXPECT_TRUE(settest::readInto(one.blocks, fromBits));
     }
 
-    void copy(Triple& one, Triple& two) {
+    void copy(Triple& one, const Triple& two) {
         switch (below(5)) {
         case 0:
             one.bits = two.bits;
@@ -479,9 +388,8 @@ private:
         if (below(4) == 0) triples_[0].blocks.compact();
         EXPECT_EQ(one.bits == two.bits, one.model == two.model);
         EXPECT_EQ(one.blocks == two.blocks, one.model == two.model);
-        Model common;
-        std::set_intersection(one.model.begin(), one.model.end(), two.model.begin(),
-                              two.model.end(), std::inserter(common, common.end()));
+        Model common = one.model;
+        combine(common, two.model, '&');
         EXPECT_EQ(one.bits.isDisjointFrom(two.bits), common.empty());
         EXPECT_EQ(one.bits.isSubsetOf(two.bits), common.size() == one.model.size());
         for (int i = 0; i < 5; ++i) checkAround(one, place());

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The stream form of both kinds of sets: byte for byte, there and back across the kinds, and from
 // streams that lie or end early, which get no more memory than a little and what they really bring.
-#include "tests/zelbasictypes/modelbytes.h"
-#include "zelbasictypes/data/binmemory.h"
+#include "tests/zelbasictypes/settest.h"
 #include "zelbasictypes/memory/heapseam.h"
 #include "zelbasictypes/memory/memorymanager.h"
 #include "zelbasictypes/sets/blockbitvector.h"
@@ -15,7 +14,8 @@
 
 namespace {
 
-using Bits = std::vector<std::int32_t>;
+using settest::Bits, settest::bitsOf, settest::holding;
+using settest::countOf, settest::readInto, settest::written;
 
 constexpr std::uint32_t wordForm = 0, listForm = 1, unknown = 0xFFFFFFFF;
 
@@ -31,33 +31,7 @@ Bytes stream(std::uint32_t words, std::uint32_t maxBit, std::uint32_t form, std:
     return numbers({0x315E97D6, words, maxBit, form, count}) + numbers(body);
 }
 
-template <class Set> Bytes written(const Set& set, std::uint32_t version = 0) {
-    BinOutputMemory out;
-    out.setVersion(version);
-    EXPECT_TRUE(set.write(out));
-    out.flushBuffer();
-    return out.bytes();
-}
-
-template <class Set> bool readInto(Set& set, const Bytes& from) {
-    BinInputMemory in(from);
-    return set.read(in);
-}
-
-template <class Set> Bits bitsOf(const Set& set) {
-    Bits found;
-    set.forEachSet([&](std::int32_t i) { found.push_back(i); });
-    return found;
-}
-
-template <class Set> Set holding(const Bits& bits, std::int32_t maxBit = 0) {
-    Set set(maxBit);
-    for (const std::int32_t bit : bits) set.set(bit);
-    return set;
-}
-
 std::uint32_t formOf(const Bytes& from) { return bigendian::load<std::uint32_t>(&from[12]); }
-std::uint32_t countOf(const Bytes& from) { return bigendian::load<std::uint32_t>(&from[16]); }
 
 /// All that is asked of the heap while it stands.
 class HeapMeter {
@@ -83,8 +57,17 @@ public:
 
 std::int32_t chunkUnits() { return zelMemoryManager() ? zelMemoryManager()->coreNow() : 0; }
 
-/// The set is as good as any other: it holds these bits, changes, and comes back from a stream.
-template <class Set> void expectSound(Set& set, const Bits& bits) {
+/// A set takes these bits from the stream with little memory, and is as good as any other then: it
+/// holds them, changes, and comes back from a stream.
+template <class Set> void expectRead(const Bytes& from, const Bits& bits) {
+    auto set = holding<Set>({8});
+    const std::int32_t unitsBefore = chunkUnits();
+    {
+        const HeapMeter meter;
+        EXPECT_TRUE(readInto(set, from));
+        EXPECT_LE(HeapMeter::bytes, 1U << 19);
+    }
+    EXPECT_LE(chunkUnits(), unitsBefore + 2);
     EXPECT_EQ(bitsOf(set), bits);
     EXPECT_EQ(set.count(), static_cast<std::int32_t>(bits.size()));
     set.set(70000);
@@ -122,7 +105,7 @@ TEST(SetStream, WritesBlocksThatAreEmptyFullAndStoredAsWords) {
     std::fill(body.begin() + 1024, body.begin() + 2048, ~0U);
     body[2049] = 2;
     EXPECT_EQ(written(blocks, 12), stream(3072, 98303, wordForm, unknown, body));
-    EXPECT_EQ(countOf(written(blocks)), 32769U);
+    EXPECT_EQ(countOf(written(blocks)), 32769);
 }
 
 TEST(SetStream, WritesMissingChunksAsZeros) {
@@ -151,29 +134,22 @@ TEST(SetStream, ChoosesTheFormByRoomCountAndVersion) {
     }
 }
 
-TEST(SetStream, ComesBackAcrossTheKindsAndIsWrittenAgainTheSame) {
+TEST(SetStream, ComesBackWithItsRoomAndIsWrittenAgainTheSame) {
+    const auto check = [](const auto& set, std::uint32_t version) {
+        auto again = holding<std::decay_t<decltype(set)>>({8});
+        EXPECT_TRUE(readInto(again, written(set, version)));
+        again.count();
+        EXPECT_EQ(written(again, version), written(set, version));
+        return again;
+    };
     for (const std::int32_t room : {31, 1056, 100 * 32, 70000, 4096 * 32, 300000}) {
         for (const std::uint32_t version : {0U, 12U}) {
             const Bits bits = {0, 5, 31, room / 2, room - 1, room};
-            BitVector vector(room);
-            BlockBitVector blocks(room);
-            for (const std::int32_t bit : bits) {
-                vector.set(bit);
-                blocks.set(bit);
-            }
-            BitVector fromBlocks, again;
-            BlockBitVector fromBits, blocksAgain;
-            EXPECT_TRUE(readInto(fromBlocks, written(blocks, version)));
-            EXPECT_TRUE(readInto(fromBits, written(vector, version)));
-            EXPECT_TRUE(fromBlocks == vector);
-            EXPECT_TRUE(fromBits == blocks);
-            EXPECT_TRUE(readInto(again, written(vector, version)));
-            EXPECT_TRUE(readInto(blocksAgain, written(blocks, version)));
+            const auto vector = holding<BitVector>(bits, room);
+            const BitVector again = check(vector, version);
             EXPECT_EQ(again.maxBit(), vector.maxBit());
             EXPECT_EQ(again.isLarge(), vector.isLarge());
-            again.count();
-            EXPECT_EQ(written(again, version), written(vector, version));
-            EXPECT_EQ(written(blocksAgain, version), written(blocks, version));
+            check(holding<BlockBitVector>(bits, room), version);
         }
     }
 }
@@ -181,27 +157,26 @@ TEST(SetStream, ComesBackAcrossTheKindsAndIsWrittenAgainTheSame) {
 TEST(SetStream, LeavesTheCountOpenAfterWordsOnly) {
     BitVector vector;
     ASSERT_TRUE(readInto(vector, stream(2, 63, wordForm, 99, {3, 4})));
-    EXPECT_EQ(countOf(written(vector, 12)), unknown);
+    EXPECT_EQ(countOf(written(vector, 12)), -1);
     EXPECT_EQ(vector.count(), 3);
     ASSERT_TRUE(readInto(vector, stream(40, 1279, listForm, 2, {3, 4})));
-    EXPECT_EQ(countOf(written(vector, 12)), 2U);
+    EXPECT_EQ(countOf(written(vector, 12)), 2);
 }
 
 TEST(SetStream, RefusesAnotherTagAndKeepsAnotherVersion) {
-    BitVector vector = holding<BitVector>({4});
-    BlockBitVector blocks = holding<BlockBitVector>({4});
-    for (const Bytes& wrong : {numbers({0x315E98D6, 1, 31, 0, 1, 2}), bytes("31 5E 97"), Bytes()}) {
-        EXPECT_FALSE(readInto(vector, wrong));
-        EXPECT_FALSE(readInto(blocks, wrong));
-    }
-    EXPECT_EQ(bitsOf(vector), Bits{4});
-    EXPECT_EQ(bitsOf(blocks), Bits{4});
-
     const Bytes newer = numbers({0x315E97D7, 1, 31, wordForm, 1, 2});
-    EXPECT_TRUE(readInto(vector, newer));
-    EXPECT_TRUE(readInto(blocks, newer));
-    EXPECT_EQ(bitsOf(vector), Bits{1});
-    EXPECT_EQ(bitsOf(blocks), Bits{1});
+    const auto check = [&](auto& set) {
+        for (const Bytes& wrong :
+             {numbers({0x315E98D6, 1, 31, 0, 1, 2}), bytes("31 5E 97"), Bytes()})
+            EXPECT_FALSE(readInto(set, wrong));
+        EXPECT_EQ(bitsOf(set), Bits{4});
+        EXPECT_TRUE(readInto(set, newer));
+        EXPECT_EQ(bitsOf(set), Bits{1});
+    };
+    auto blocks = holding<BlockBitVector>({4});
+    check(blocks);
+    auto vector = holding<BitVector>({4});
+    check(vector);
     vector.count();
     EXPECT_EQ(written(vector), newer);
 }
@@ -228,38 +203,22 @@ TEST(SetStream, TakesFromLyingStreamsWhatIsThere) {
         {"one index twice", stream(2, 63, listForm, 2, {3, 3}), {3}}};
     for (const Case& each : cases) {
         SCOPED_TRACE(each.what);
-        BitVector vector = holding<BitVector>({8});
-        BlockBitVector blocks = holding<BlockBitVector>({8});
-        const std::int32_t unitsBefore = chunkUnits();
-        {
-            const HeapMeter meter;
-            EXPECT_TRUE(readInto(vector, each.bytes));
-            EXPECT_TRUE(readInto(blocks, each.bytes));
-            EXPECT_LE(HeapMeter::bytes, 1U << 20);
-        }
-        EXPECT_LE(chunkUnits(), unitsBefore + 2);
-        expectSound(vector, each.bits);
-        expectSound(blocks, each.bits);
+        expectRead<BitVector>(each.bytes, each.bits);
+        expectRead<BlockBitVector>(each.bytes, each.bits);
     }
 }
 
 TEST(SetStream, TakesTheWholeElementsOfAStreamThatIsCut) {
-    const Bytes lists = stream(40, 1279, listForm, 4, {0, 40, 300, 1279});
-    const Bytes words = stream(3, 95, wordForm, 3, {1, 1 << 8, 1U << 31});
-    const Bits listed = {0, 40, 300, 1279}, inWords = {0, 40, 95};
-    for (const bool isList : {true, false}) {
-        const Bytes& whole = isList ? lists : words;
-        const Bits& all = isList ? listed : inWords;
+    const std::pair<Bytes, Bits> cases[] = {
+        {stream(40, 1279, listForm, 4, {0, 40, 300, 1279}), {0, 40, 300, 1279}},
+        {stream(3, 95, wordForm, 3, {1, 1 << 8, 1U << 31}), {0, 40, 95}}};
+    for (const auto& [whole, all] : cases) {
         for (std::size_t length = 4; length <= whole.size(); ++length) {
-            SCOPED_TRACE(testing::Message() << isList << ", " << length << " bytes");
+            SCOPED_TRACE(testing::Message() << all.back() << ", " << length << " bytes");
             const Bytes cut(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
             const Bits there(all.begin(), all.begin() + (length < 20 ? 0 : (length - 20) / 4));
-            BitVector vector = holding<BitVector>({8});
-            BlockBitVector blocks = holding<BlockBitVector>({8});
-            EXPECT_TRUE(readInto(vector, cut));
-            EXPECT_TRUE(readInto(blocks, cut));
-            expectSound(vector, there);
-            expectSound(blocks, there);
+            expectRead<BitVector>(cut, there);
+            expectRead<BlockBitVector>(cut, there);
         }
     }
 }
