@@ -21,6 +21,7 @@
 #include <limits>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #if __has_include(<sys/resource.h>)
@@ -149,29 +150,28 @@ TEST_F(KorRealloc, KeepsTheOldBlockWhenItCannotShrinkIt) {
     EXPECT_EQ(block, before);
 }
 
-TEST_F(KorRealloc, LowersItsWishByHalves) {
-    fill(10);
-    scarcity.greatestResize = elementsOf(70);
-    EXPECT_EQ(grow(50, 100), 62);
-    EXPECT_EQ(scarcity.resizes, (Sizes{100, 75, 62}));
-    EXPECT_EQ(sampleManager().asked, 0);
-}
-
-TEST_F(KorRealloc, AsksTheManagerFromTheThirdLowerWishOn) {
-    fill(10);
-    scarcity.greatestResize = elementsOf(20);
-    sampleManager().left = 2;
-    EXPECT_EQ(grow(50, 100), 56);
-    EXPECT_EQ(scarcity.resizes, (Sizes{100, 75, 62, 56, 56, 56}));
-    EXPECT_EQ(sampleManager().asked, 2);
-}
-
-TEST_F(KorRealloc, TriesOnceMoreBehindARefusalAndThenDropsTheManager) {
-    fill(10);
-    scarcity.greatestResize = elementsOf(50);
-    EXPECT_EQ(grow(50, 100), 50);
-    EXPECT_EQ(scarcity.resizes, (Sizes{100, 75, 62, 56, 56, 53, 51, 50}));
-    EXPECT_EQ(sampleManager().asked, 1);
+TEST_F(KorRealloc, LowersItsWishByHalvesAndAsksTheManagerFromTheThirdTimeOn) {
+    const struct {
+        const char* what;
+        std::size_t heapGives;
+        int managerGives;
+        std::int32_t got;
+        Sizes resizes;
+        int asked;
+    } cases[] = {{"no need to ask", 70, 0, 62, {100, 75, 62}, 0},
+                 {"it gives twice", 20, 2, 56, {100, 75, 62, 56, 56, 56}, 2},
+                 {"it refuses and is dropped", 50, 0, 50, {100, 75, 62, 56, 56, 53, 51, 50}, 1}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.what);
+        fill(10);
+        scarcity = {elementsOf(each.heapGives), SIZE_MAX, {}};
+        sampleManager().asked = 0;
+        sampleManager().left = each.managerGives;
+        EXPECT_EQ(grow(50, 100), each.got);
+        EXPECT_EQ(scarcity.resizes, each.resizes);
+        EXPECT_EQ(sampleManager().asked, each.asked);
+        zelFreeBlock(std::exchange(block, nullptr));
+    }
 }
 
 TEST_F(KorRealloc, WithoutSlackGoesThroughATemporaryFile) {

@@ -3,7 +3,7 @@
 #include "component/objects/iptr.h"
 #include "platform/module.h"
 #include "tests/support/fakemanager.h"
-#include "zelbasictypes/memory/bucketmemorypool.h"
+#include "tests/zelbasictypes/standardpool.h"
 
 #include <gtest/gtest.h>
 
@@ -74,9 +74,7 @@ TEST(PoolModules, HandTheirBlocksToTheHostsPoolAndWorkOnIt) {
         for (void* block : blocks) module->free(size, block);
     }
 
-    const IPtr<BucketMemoryPool> pool(new BucketMemoryPool(BucketMemoryPool::standardGranularity,
-                                                           BucketMemoryPool::standardLinearMax,
-                                                           BucketMemoryPool::standardBucketMax));
+    const IPtr<BucketMemoryPool> pool(standardPool());
     manager.offer(IBucketMemoryPool::interfaceName, pool.iface);
     EXPECT_TRUE(one.connect());
     EXPECT_TRUE(two.connect());

@@ -11,11 +11,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <atomic>
-#include <condition_variable>
 #include <cstdlib>
-#include <cstring>
 #include <functional>
 #include <map>
 #include <mutex>
@@ -64,27 +61,20 @@ public:
 
 private:
     void tell(std::function<void()> next) {
-        std::unique_lock hold(mutex);
         task = std::move(next);
         told = true;
-        changed.notify_all();
-        changed.wait(hold, [this] { return !told; });
+        while (told) std::this_thread::yield();
     }
     void run() {
-        for (bool more = true; more;) {
-            std::unique_lock hold(mutex);
-            changed.wait(hold, [this] { return told; });
+        for (bool more = true; more; told = false) {
+            while (!told) std::this_thread::yield();
             more = task != nullptr;
             if (more) task();
-            told = false;
-            changed.notify_all();
         }
     }
 
-    std::mutex mutex;
-    std::condition_variable changed;
     std::function<void()> task;
-    bool told = false;
+    std::atomic<bool> told{false};
     std::thread thread{[this] { run(); }};
 };
 
@@ -215,48 +205,11 @@ TEST_F(ThreadStores, MoveToTheNewPoolOfTheSameClasses) {
     pool = standardPool();
 }
 
-TEST_F(ThreadStores, MoveToTheSharedPoolOnceThatIsThere) {
-    pool = nullptr;
-    destroyBucketPool();
-    const IPtr<BucketMemoryPool> shared(standardPool());
-    destroyBucketPool();
-    Worker worker;
-    std::vector<void*> blocks;
-    worker([&] {
-        unsigned got = 0;
-        for (std::size_t i = 0; i < few; ++i) blocks.push_back(bucketAlloc(watched, got));
-        for (void* block : blocks) bucketFree(watched, block);
-    });
-    fakehost::offer<IBucketMemoryPool>(shared.iface);
-    EXPECT_TRUE(connectSharedPool());
-    pool = shared.iface;
-    const std::vector<void*> again = take(few);
-    EXPECT_EQ(std::set<void*>(again.begin(), again.end()),
-              std::set<void*>(blocks.begin(), blocks.end()));
-    give(again);
-}
-
 /// Every block is somebody's alone, however often the pool takes everything back meanwhile.
 TEST_F(ThreadStores, AreTakenBackWhileTheirThreadsWork) {
     std::atomic<int> working{2};
     const auto work = [&](unsigned seed) {
-        std::mt19937 random(seed);
-        std::vector<std::pair<std::int32_t, unsigned char*>> held;
-        for (int i = 0; i < 20000; ++i) {
-            if (held.size() < 5 || (held.size() < 300 && random() % 2)) {
-                unsigned got = 0;
-                void* block = bucketAlloc(static_cast<std::int32_t>(random() % 40 + 1), got);
-                std::memset(block, static_cast<int>(seed), got);
-                held.emplace_back(got, static_cast<unsigned char*>(block));
-            } else {
-                std::swap(held[random() % held.size()], held.back());
-                const auto [size, block] = held.back();
-                held.pop_back();
-                ASSERT_EQ(std::count(block, block + size, seed), size);
-                bucketFree(size, block);
-            }
-        }
-        for (const auto& [size, block] : held) bucketFree(size, block);
+        takeAndGive(seed, 20000, 40);
         --working;
     };
     std::thread one(work, 1);

@@ -53,31 +53,13 @@ TEST(ZelMatrix4Inverse, UndoesTheMatrixFromBothSides) {
     Numbers numbers;
     for (int i = 0; i < 10'000; ++i) {
         const ZelMatrix4 matrix = numbers.matrix();
-        ZelMatrix4 inverse;
-        ASSERT_TRUE(matrix.invert(inverse));
+        ZelMatrix4 inverse = matrix;
+        ASSERT_TRUE(inverse.invert(inverse));
         const double size = 1 + distance(inverse, ZelMatrix4::uniformScale(0));
         ASSERT_LT(distance(matrix * inverse, {}), 1e-13 * size);
         ASSERT_LT(distance(inverse * matrix, {}), 1e-13 * size * size);
         ASSERT_EQ(matrix.inverse(), inverse);
     }
-}
-
-TEST(ZelMatrix4Inverse, IsTheTransposeForEveryOrderOfTheRows) {
-    std::array<int, 4> order = {0, 1, 2, 3};
-    do {
-        ZelMatrix4 matrix = ZelMatrix4::uniformScale(0), transposed;
-        matrix.m[15] = 0;
-        for (int row = 0; row < 4; ++row) matrix.m[4 * row + order[row]] = 1;
-        transposed = matrix;
-        transposed.transposeInPlace();
-        EXPECT_EQ(matrix.inverse(), transposed) << matrix;
-    } while (std::next_permutation(order.begin(), order.end()));
-}
-
-TEST(ZelMatrix4Inverse, DividesByThePivotAndNotThroughTheDeterminant) {
-    const ZelMatrix4 thirds = ZelMatrix4::scaling(3, 7, -49).inverse();
-    EXPECT_EQ(thirds, ZelMatrix4::scaling(1 / 3.0, 1 / 7.0, -1 / 49.0));
-    EXPECT_EQ(ZelMatrix4::uniformScale(1e-300).inverse().m[5], 1 / 1e-300);
 }
 
 TEST(ZelMatrix4Inverse, FollowsTheEliminationToTheLastBit) {
@@ -116,12 +98,6 @@ TEST(ZelMatrix4Inverse, IsRefusedForAColumnWithNothingToDivideBy) {
             EXPECT_TRUE(singular.inverse().isIdentity());
             EXPECT_FALSE(singular.invert(singular));
         }
-}
-
-TEST(ZelMatrix4Inverse, MayReplaceItsMatrix) {
-    ZelMatrix4 matrix = ZelMatrix4::fromTranslation({1, 2, 3});
-    EXPECT_TRUE(matrix.invert(matrix));
-    EXPECT_EQ(matrix, ZelMatrix4::fromTranslation({-1, -2, -3}));
 }
 
 TEST(ZelMatrix4Solve, FindsWhatTheBlockWasMultipliedWith) {

@@ -14,23 +14,15 @@ using namespace mathtest;
 
 } // namespace
 
-TEST(ZelMatrix4Text, ReadsWhatItWrites) {
-    Numbers numbers;
-    const ZelMatrix4 matrix = numbers.matrix();
-    std::stringstream text;
-    text.precision(17);
-    text << matrix;
-    ZelMatrix4 read;
-    text >> read;
-    EXPECT_TRUE(text.good());
-    EXPECT_EQ(read, matrix);
-}
-
 TEST(ZelMatrix4Text, IsNumbersRowByRowWithABlankBehindEach) {
-    std::ostringstream text;
+    std::stringstream text;
     text << counting << with({}, 15, 0.5);
     EXPECT_EQ(text.str(),
               "0 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 0.5 ");
+    ZelMatrix4 read;
+    text >> read >> read;
+    EXPECT_TRUE(text.good());
+    EXPECT_EQ(read, with({}, 15, 0.5));
 }
 
 TEST(ZelMatrix4Text, LeavesTheMatrixWhenNumbersAreMissing) {

@@ -19,22 +19,14 @@ static_assert(ZelMatrix4::fromQuaternion({}).isIdentity());
 
 } // namespace
 
-TEST(ZelMatrix4, IsTheIdentityAtFirst) {
-    const ZelVector3 p{1, -2, 3};
-    EXPECT_EQ(ZelMatrix4().transformPoint(p), p);
-    EXPECT_EQ(ZelMatrix4() * turnAndShift, turnAndShift);
+TEST(ZelMatrix4, IsTheIdentityWithoutValues) {
     EXPECT_EQ(turnAndShift * ZelMatrix4(), turnAndShift);
     EXPECT_EQ(zelIdentityMatrix, ZelMatrix4(nullptr));
-    EXPECT_EQ(ZelMatrix4(counting.m), counting);
 }
 
 TEST(ZelMatrix4, TransformsPointsAsColumnsAndVectorsWithoutTheShift) {
     EXPECT_EQ(turnAndShift.transformPoint({1, 2, 3}), (ZelVector3{8, 21, 33}));
     EXPECT_EQ(turnAndShift.transformVector({1, 2, 3}), (ZelVector3{-2, 1, 3}));
-    EXPECT_EQ(ZelMatrix4::fromTranslation({1, 2, 3}).transformPoint({1, 1, 1}),
-              (ZelVector3{2, 3, 4}));
-    EXPECT_EQ(ZelMatrix4::scaling(2, 3, 4).transformPoint({1, 1, 1}), (ZelVector3{2, 3, 4}));
-    EXPECT_EQ(ZelMatrix4::uniformScale(0.5).transformVector({2, 4, 6}), (ZelVector3{1, 2, 3}));
 }
 
 TEST(ZelMatrix4, AppliesTheRightFactorFirst) {

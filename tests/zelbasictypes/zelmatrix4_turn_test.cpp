@@ -118,15 +118,6 @@ TEST(ZelMatrix4Rotation, TakesNearlyEqualAndNearlyOppositeDirectionsForExact) {
         1e-16);
 }
 
-TEST(ZelMatrix4Euler, RebuildsEveryTurn) {
-    for (const ZelQuaternion& q : denseTurns()) {
-        const ZelMatrix4 turn = ZelMatrix4::fromQuaternion(q);
-        if (isTakenForAnother(turn)) continue;
-        const ZelVector3 angles = turn.toEulerAngles();
-        ASSERT_LT(mathtest::distance(fromAngles(angles), turn), 1e-12) << turn << angles;
-    }
-}
-
 TEST(ZelMatrix4Euler, RebuildsTurnsFromAGridOfAngles) {
     for (int x = -180; x < 180; x += 15)
         for (int y = -180; y < 180; y += 15)
