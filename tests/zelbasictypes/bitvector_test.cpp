@@ -77,9 +77,18 @@ TEST(BitVector, CutsBehindTheWordOfItsNewEnd) {
     vector.resize(40);
     EXPECT_EQ(vector.maxBit(), 63);
     EXPECT_EQ(vector.count(), 4);
-    EXPECT_FALSE(vector.test(64));
     vector.resize(-1);
     EXPECT_EQ(bitsOf(vector), (std::vector{0, 31}));
+}
+
+TEST(BitVector, ComparesBitsWhateverTheRoom) {
+    BitVector few = of({3}), more = of({3, 4000});
+    for (BitVector* vector : {&few, &more}) vector->setRange(3, 3); // no count to compare
+    EXPECT_FALSE(few == more);
+    EXPECT_FALSE(more == few);
+    more.clear(4000);
+    EXPECT_TRUE(few == more);
+    EXPECT_TRUE(more == few);
 }
 
 TEST(BitVector, KeepsItsRoomWhereItIsAssignedTo) {

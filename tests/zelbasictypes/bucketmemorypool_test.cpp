@@ -103,11 +103,16 @@ TEST_F(Pool, WithoutCachingGivesBlocksStraightBack) {
     give(reused);
 }
 
-TEST_F(Pool, HasClassesOfItsOwnGranularity) {
-    const IPtr<BucketMemoryPool> coarse(new BucketMemoryPool(16, 1024, 4096));
+TEST_F(Pool, GivesNoBlocksToANewPoolOfAnotherGranularity) {
+    void* block = take(28);
+    void* kept = block;
+    give(block);
+    const IPtr<BucketMemoryPool> coarse(
+        new BucketMemoryPool(16, pool->standardLinearMax, pool->standardBucketMax));
     EXPECT_EQ(currentBucketPool(), coarse.iface);
-    void* block = coarse->allocate(100, got);
+    block = coarse->allocate(100, got);
     EXPECT_EQ(got, 112U);
+    EXPECT_NE(block, kept) << "both stand in the seventh class";
     coarse->free(112, block);
 }
 

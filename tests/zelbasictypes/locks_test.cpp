@@ -108,20 +108,19 @@ TEST(ZelMutex, WaitsAtLeastOneMillisecond) {
     mutex.unlock();
 }
 
-TEST(ZelMutex, GuardsACounter) {
+TEST(ZelMutex, MakesOthersWaitUntilItsOwnerLetsItGo) {
     ZelMutex mutex;
-    int counter = 0;
-    const auto count = [&] {
-        for (int i = 0; i < 2000; ++i) {
-            const std::lock_guard hold(mutex);
-            ++counter;
-        }
-    };
-    std::thread one(count);
-    std::thread two(count);
-    one.join();
-    two.join();
-    EXPECT_EQ(counter, 4000);
+    std::atomic<bool> got{false};
+    mutex.lock();
+    std::thread other([&] {
+        const std::lock_guard hold(mutex);
+        got = true;
+    });
+    std::this_thread::sleep_for(20ms);
+    EXPECT_FALSE(got);
+    mutex.unlock();
+    other.join();
+    EXPECT_TRUE(got);
 }
 
 TEST(ZelNamedMutex, DoesNothingUntilItIsOpen) {

@@ -7,9 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <atomic>
-#include <cstring>
 #include <set>
 #include <thread>
 #include <vector>
@@ -38,27 +36,15 @@ class Manager : public testsupport::FakeManager {
     bool decrementCount(std::int32_t* count) override { return --std::atomic_ref(*count) == 0; }
 };
 
-constexpr std::int32_t size = 120;
-
-/// Takes and gives back blocks, and looks whether they stay its own.
-void work(const Module& module, int seed) {
-    std::vector<unsigned char*> held;
-    for (int i = 0; i < 20000; ++i) {
-        unsigned got = size;
-        if (i % 400 < 200) {
-            held.push_back(static_cast<unsigned char*>(module.allocate(size, &got)));
-            std::memset(held.back(), seed, size);
-        } else {
-            ASSERT_EQ(std::count(held.back(), held.back() + size, seed), size);
-            module.free(size, held.back());
-            held.pop_back();
-        }
-    }
+void work(const Module& module, unsigned seed) {
+    const auto take = [&](std::int32_t size, unsigned& got) { return module.allocate(size, &got); };
+    takeAndGive(seed, 20000, 12, take, module.free);
 }
 
 } // namespace
 
 TEST(PoolModules, HandTheirBlocksToTheHostsPoolAndWorkOnIt) {
+    constexpr std::int32_t size = 120;
     const Module one(POOL_MODULE_ONE);
     const Module two(POOL_MODULE_TWO);
     ASSERT_TRUE(one.connect && two.connect);

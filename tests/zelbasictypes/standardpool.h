@@ -19,13 +19,14 @@ inline BucketMemoryPool* standardPool() {
 }
 
 /// Takes blocks and gives them back in any order, and looks whether they stay its own meanwhile.
-inline void takeAndGive(unsigned seed, int turns, unsigned greatestSize) {
+template <class Take, class Give>
+void takeAndGive(unsigned seed, int turns, unsigned greatestSize, Take take, Give give) {
     std::mt19937 random(seed);
     std::vector<std::pair<std::int32_t, unsigned char*>> held;
     for (int i = 0; i < turns; ++i) {
         if (held.size() < 5 || (held.size() < 300 && random() % 2)) {
             unsigned got = 0;
-            void* block = bucketAlloc(static_cast<std::int32_t>(random() % greatestSize + 1), got);
+            void* block = take(static_cast<std::int32_t>(random() % greatestSize + 1), got);
             std::memset(block, static_cast<int>(seed), got);
             held.emplace_back(got, static_cast<unsigned char*>(block));
         } else {
@@ -33,8 +34,13 @@ inline void takeAndGive(unsigned seed, int turns, unsigned greatestSize) {
             const auto [size, block] = held.back();
             held.pop_back();
             ASSERT_EQ(std::count(block, block + size, seed), size);
-            bucketFree(size, block);
+            give(size, block);
         }
     }
-    for (const auto& [size, block] : held) bucketFree(size, block);
+    for (const auto& [size, block] : held) give(size, block);
+}
+
+/// The same at the process's pool.
+inline void takeAndGive(unsigned seed, int turns, unsigned greatestSize) {
+    takeAndGive(seed, turns, greatestSize, bucketAlloc, bucketFree);
 }
