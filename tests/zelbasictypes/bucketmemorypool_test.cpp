@@ -107,8 +107,8 @@ TEST_F(Pool, GivesNoBlocksToANewPoolOfAnotherGranularity) {
     void* block = take(28);
     void* kept = block;
     give(block);
-    const IPtr<BucketMemoryPool> coarse(
-        new BucketMemoryPool(16, pool->standardLinearMax, pool->standardBucketMax));
+    const IPtr<BucketMemoryPool> coarse(new BucketMemoryPool(
+        16, BucketMemoryPool::standardLinearMax, BucketMemoryPool::standardBucketMax));
     EXPECT_EQ(currentBucketPool(), coarse.iface);
     block = coarse->allocate(100, got);
     EXPECT_EQ(got, 112U);
