@@ -11,37 +11,24 @@ namespace {
 
 class ComponentTest : public BrixImportTest {
 protected:
+    ComponentTest() { directory.write("part.step"); }
+
     ImportResult importFile(const QStringList& more = {}) {
         return run(QStringList{"--no-server", "--output-base", base, "--json"} + more);
     }
-    /// The words of a run whose server does what `deeds` say.
-    QStringList serving(const QStringList& deeds) const {
-        QStringList words{part, "--json", "--server", FAKE_SERVER, "--output-base", base};
-        for (const QString& deed : deeds) words << "--argument" << deed;
-        return words;
+    /// A model file of a sphere for each unit, the last of which may lack its end.
+    void writeModels(std::initializer_list<double> units, bool whole = true) const {
+        ModelFile file(base + ".direct");
+        for (const double& unit : units) {
+            file.begin(unit), file.addSphere();
+            if (whole || &unit + 1 != units.end()) file.end();
+        }
     }
-    static QByteArray contentOf(const QString& fileName) {
-        QFile file(fileName);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << fileName.toStdString();
-        return file.readAll();
-    }
-    bool hasModelFile() const { return QFile::exists(base + ".direct"); }
-
-    ComponentTest() {
-        QFile model(part);
-        EXPECT_TRUE(model.open(QIODevice::WriteOnly));
-    }
-
-    QString base = directory.filePath("part");
-    QString part = directory.filePath("part.step");
 };
 
 TEST_F(ComponentTest, ReadsAndRemovesAModelFileOfTwoModels) {
-    {
-        ModelFile file(base + ".direct");
-        for (const double unit : {25.4, 1000.0}) file.begin(unit), file.addSphere(), file.end();
-    }
-    const ImportResult result = importFile({"--trace", directory.filePath("trace")});
+    writeModels({25.4, 1000.0});
+    const ImportResult result = importFile({"--trace", directory.path("trace")});
     EXPECT_EQ(result.status, 0) << result.output << result.errors;
     const Json json = result.json();
     EXPECT_EQ(json["result"], false) << "there are neither exported files nor coordinate systems";
@@ -55,7 +42,7 @@ TEST_F(ComponentTest, ReadsAndRemovesAModelFileOfTwoModels) {
 #endif
     EXPECT_FALSE(hasModelFile());
 
-    const QByteArray lines = contentOf(directory.filePath("trace"));
+    const QByteArray lines = directory.read("trace");
     EXPECT_TRUE(lines.startsWith("[\"importer\",\"beginModel\",[true,0.001]]\n")) << lines.data();
     EXPECT_EQ(lines.count("\"transform\""), 2) << "a model in metres needs none";
     EXPECT_EQ(lines.count("[\"model\",\"modelEntry\",[]]\n"), 2);
@@ -64,24 +51,22 @@ TEST_F(ComponentTest, ReadsAndRemovesAModelFileOfTwoModels) {
 /// The sample part as the reference server wrote it once, and the calls that it comes to.
 TEST_F(ComponentTest, TurnsAPreparedFileIntoTheSameCallsOnEverySystem) {
     const QString golden = GOLDEN_DIRECTORY;
-    const QString trace = directory.filePath("trace");
-    const ImportResult result = run(
-        serving({"-FakeCopy", golden + "/bracket.direct", base + ".direct"}) << "--trace" << trace);
+    const ImportResult result =
+        run(serving({"-FakeCopy", golden + "/bracket.direct", base + ".direct"})
+            << "--trace" << directory.path("trace"));
     EXPECT_EQ(result.status, 0) << result.output << result.errors;
     EXPECT_FALSE(hasModelFile());
 
-    const QList<QByteArray> expected = contentOf(golden + "/bracket.trace").split('\n');
-    const QList<QByteArray> lines = contentOf(trace).split('\n');
+    QFile calls(golden + "/bracket.trace");
+    ASSERT_TRUE(calls.open(QIODevice::ReadOnly));
+    const QList<QByteArray> expected = calls.readAll().split('\n');
+    const QList<QByteArray> lines = directory.read("trace").split('\n');
     ASSERT_EQ(lines.size(), expected.size());
     for (int i = 0; i < lines.size(); ++i) ASSERT_EQ(lines[i], expected[i]) << "line " << i + 1;
 }
 
 TEST_F(ComponentTest, NamesAModelThatWasCutOffBesideAWholeOne) {
-    {
-        ModelFile file(base + ".direct");
-        file.begin(1), file.addSphere(), file.end();
-        file.begin(1), file.addSphere();
-    }
+    writeModels({1, 1}, false);
     const ImportResult result = importFile();
     EXPECT_EQ(result.status, 4) << result.errors;
     EXPECT_EQ(result.json()["models"].size(), 1u);
@@ -91,10 +76,7 @@ TEST_F(ComponentTest, NamesAModelThatWasCutOffBesideAWholeOne) {
 
 TEST_F(ComponentTest, NamesATraceThatCouldNotBeWritten) {
     if (!QFile::exists("/dev/full")) GTEST_SKIP() << "no device here that is always full";
-    {
-        ModelFile file(base + ".direct");
-        file.begin(1), file.addSphere(), file.end();
-    }
+    writeModels({1});
     const ImportResult result = importFile({"--trace", "/dev/full"});
     EXPECT_EQ(result.status, 4) << result.errors;
     EXPECT_EQ(result.json()["dropped"][0]["what"], "trace");
@@ -102,10 +84,7 @@ TEST_F(ComponentTest, NamesATraceThatCouldNotBeWritten) {
 
 TEST_F(ComponentTest, TellsTheLossesWhereTheReportCanNotBeWritten) {
     if (!QFile::exists("/dev/full")) GTEST_SKIP() << "no device here that is always full";
-    {
-        ModelFile file(base + ".direct");
-        file.begin(1), file.addSphere();
-    }
+    writeModels({1}, false);
     process.setStandardOutputFile("/dev/full");
     const ImportResult result = importFile();
     EXPECT_EQ(result.status, 2);
@@ -127,7 +106,7 @@ TEST_F(ComponentTest, SaysThatThereIsNoModelFile) {
 }
 
 TEST_F(ComponentTest, LeavesTheFileAloneWithoutAnImporter) {
-    { ModelFile(base + ".direct").begin(1); }
+    writeModels({1}, false);
     const ImportResult result = importFile({"--without", "IZelCADImporter"});
     EXPECT_EQ(result.status, 1);
     EXPECT_TRUE(result.says("there is no importer")) << result.errors;
@@ -135,20 +114,17 @@ TEST_F(ComponentTest, LeavesTheFileAloneWithoutAnImporter) {
 }
 
 TEST_F(ComponentTest, GivesAReasonForEachWayInWhichAServerLeavesNoModel) {
-    QFile garbage(directory.filePath("garbage"));
-    QFile empty(directory.filePath("empty"));
-    ASSERT_TRUE(garbage.open(QIODevice::WriteOnly) && empty.open(QIODevice::WriteOnly));
-    garbage.write("no records at all");
-    garbage.close();
+    const QString garbage = directory.write("garbage", "no records at all");
+    const QString empty = directory.write("empty");
     const std::pair<QStringList, std::string> cases[] = {
         {{}, "the server came to its end and left neither a model file nor a report"},
         {{"-FakeCrash"},
          serverEnd("the server crashed") + " and left neither a model file nor a report"},
         {{"-FakeExit", "7"}, serverEnd("the server ended with exit code 7") + " and left neither"},
-        {{"-FakeCopy", garbage.fileName(), base + ".direct"},
+        {{"-FakeCopy", garbage, base + ".direct"},
          "the model file holds no model that can be read (17 bytes)"},
-        {{"-FakeCopy", empty.fileName(), base + ".direct"}, "the model file is empty"},
-        {{"-FakeCopy", garbage.fileName(), base + ".report.json"},
+        {{"-FakeCopy", empty, base + ".direct"}, "the model file is empty"},
+        {{"-FakeCopy", garbage, base + ".report.json"},
          "the server came to its end and left neither"},
     };
     for (const auto& [deeds, reason] : cases) {
@@ -162,16 +138,18 @@ TEST_F(ComponentTest, GivesAReasonForEachWayInWhichAServerLeavesNoModel) {
 TEST_F(ComponentTest, EndsWithStatusThreeWhenTheServerDoesNotStart) {
     QStringList words = serving({});
     words[words.indexOf(FAKE_SERVER)] = "/no/such/server";
-    EXPECT_EQ(run(words).status, 3);
+    const ImportResult told = run(words);
+    EXPECT_EQ(told.status, 3);
+    EXPECT_TRUE(told.says("/no/such/server: no such file")) << told.errors;
     const ImportResult silent = run(words + QStringList{"--without", "IGuiSimpleDlg"});
-    EXPECT_EQ(silent.status, 1);
+    EXPECT_EQ(silent.status, 1) << "nobody could be told, so that the run went on";
     EXPECT_TRUE(silent.says("no such file")) << silent.errors;
 }
 
 TEST_F(ComponentTest, HandsTheOptionListToTheServerInOrder) {
-    const QString report = directory.filePath("words");
+    const QString report = directory.path("words");
     run(serving({"-FakeReport", report}) + QStringList{"--set", "General/Show Batch Processing=1"});
-    const QString words = QString::fromUtf8(contentOf(report));
+    const QString words = QString::fromUtf8(directory.read("words"));
     EXPECT_TRUE(words.startsWith("-InputFile\n" + part + "\n-OutputBaseName\n" + base +
                                  "\n-FakeReport\n" + report + "\n-Batch\n"))
         << words.toStdString();

@@ -13,36 +13,29 @@ namespace {
 class LiveTest : public BrixImportTest {
 protected:
     LiveTest() {
-        { QFile(part).open(QIODevice::WriteOnly); }
+        directory.write("part.step");
         ModelFile file(model);
         file.begin(10), file.addSphere(), file.end();
     }
 
     /// The words of a live run whose server does what `deeds` say.
-    QStringList talking(const QStringList& deeds) const {
-        QStringList words{part, "--live", "--json", "--server", FAKE_SERVER, "--output-base", base};
-        for (const QString& deed : deeds) words << "--argument" << deed;
-        return words;
-    }
-    QStringList serving() const {
+    QStringList talking(const QStringList& deeds) const { return serving(deeds) << "--live"; }
+    /// What a server does that all goes well with.
+    QStringList sound() const {
         return {"-TalkListen", "-TalkAwait",     "SendNextModel", "-FakeCopy",
                 model,         base + ".direct", "-TalkResult",   base + ".direct",
                 "-TalkSend",   "Finish",         "-TalkAwait",    "Finish"};
     }
 
-    QString base = directory.filePath("part");
-    QString part = directory.filePath("part.step");
-    QString model = directory.filePath("model");
+    const QString model = directory.path("model");
 };
 
 TEST_F(LiveTest, ImportsTheModelThatTheServerNames) {
-    const ImportResult live = run(talking(serving()));
+    const ImportResult live = run(talking(sound()));
     EXPECT_EQ(live.status, 0) << live.output << live.errors;
     EXPECT_EQ(live.json()["models"].size(), 1u);
-    EXPECT_FALSE(QFile::exists(base + ".direct"));
-    const ImportResult direct =
-        run({part, "--json", "--server", FAKE_SERVER, "--output-base", base, "--argument",
-             "-FakeCopy", "--argument", model, "--argument", base + ".direct"});
+    EXPECT_FALSE(hasModelFile());
+    const ImportResult direct = run(serving({"-FakeCopy", model, base + ".direct"}));
     EXPECT_EQ(live.output, direct.output);
     EXPECT_EQ(leftBehind(), QStringList());
 }
@@ -50,12 +43,12 @@ TEST_F(LiveTest, ImportsTheModelThatTheServerNames) {
 TEST_F(LiveTest, TracesFramesWhenAskedTo) {
     const testsupport::TraceFiles files;
     const auto trace = [&files](const char* which) { return files.content(which); };
-    QProcessEnvironment environment = process.processEnvironment();
-    environment.insert("ZEL_DRIVE_C", files.drive.path());
-    process.setProcessEnvironment(environment);
-    EXPECT_EQ(run(talking(serving())).status, 0);
+    QProcessEnvironment variables = environment();
+    variables.insert("ZEL_DRIVE_C", files.drive.path());
+    process.setProcessEnvironment(variables);
+    EXPECT_EQ(run(talking(sound())).status, 0);
     EXPECT_EQ(trace("Send") + trace("Read"), "");
-    EXPECT_EQ(run(talking(serving()) + QStringList("--trace-frames")).status, 0);
+    EXPECT_EQ(run(talking(sound()) + QStringList("--trace-frames")).status, 0);
     EXPECT_EQ(trace("Send").count("<QByteArray"), 3) << "OK, SendNextModel, Finish";
     EXPECT_TRUE(trace("Send").startsWith("<QByteArray length=\"12\">\n   0   0   0   8"));
     EXPECT_EQ(trace("Read").count("<QByteArray"), 2) << "SetParameters, Finish";

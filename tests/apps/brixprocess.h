@@ -3,51 +3,41 @@
 #pragma once
 
 #include "platform/process.h"
-#include "tests/apps/plaintext.h"
+#include "tests/apps/programrun.h"
+#include "tests/support/folder.h"
 #include "tests/support/temporaryvariables.h"
 
 #include <QDir>
 #include <QProcess>
-#include <QTemporaryDir>
 
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 namespace apps {
 
 using Json = nlohmann::json;
 
-constexpr int limitMs = 60000;
-
-struct ImportResult {
-    int status = -1;
-    std::string output, errors;
-
+struct ImportResult : ProgramResult {
     Json json() const { return Json::parse(output, nullptr, false); }
-    bool says(const std::string& text) const { return errors.find(text) != std::string::npos; }
 };
 
 class BrixImportTest : public testing::Test {
 protected:
     BrixImportTest() {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        for (const char* variable : testsupport::temporaryVariables) {
-            environment.insert(variable, temporary.path());
-        }
-        process.setProcessEnvironment(environment);
+        process.setProcessEnvironment(environment());
         process.setStandardInputFile(QProcess::nullDevice());
     }
 
-    void start(const QStringList& words) { process.start(BRIX_IMPORT, words); }
-    ImportResult finish() {
-        EXPECT_TRUE(process.waitForFinished(limitMs));
-        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-        return {process.exitCode(), plainText(process.readAllStandardOutput()),
-                plainText(process.readAllStandardError())};
+    QProcessEnvironment environment() const {
+        QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+        for (const char* name : testsupport::temporaryVariables) {
+            variables.insert(name, temporary.path());
+        }
+        return variables;
     }
+    void start(const QStringList& words) { process.start(BRIX_IMPORT, words); }
     ImportResult run(const QStringList& words) {
         start(words);
-        return finish();
+        return {finish(process)};
     }
     /// Starts a run, waits for its first words and asks it to stop.
     ImportResult interrupt(const QStringList& words) {
@@ -56,16 +46,25 @@ protected:
         process.setReadChannel(QProcess::StandardError);
         EXPECT_TRUE(process.waitForReadyRead(limitMs));
         platform::terminateChildren();
-        return finish();
+        return {finish(process)};
     }
     /// The temporary files that are still there.
     QStringList leftBehind() const {
         return QDir(temporary.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
     }
+    /// The words of a run with the component and a server that does what `deeds` say.
+    QStringList serving(const QStringList& deeds) const {
+        QStringList words{part, "--json", "--server", FAKE_SERVER, "--output-base", base};
+        for (const QString& deed : deeds) words << "--argument" << deed;
+        return words;
+    }
+    bool hasModelFile() const { return directory.has("part.direct"); }
 
     QTemporaryDir temporary;
-    QTemporaryDir directory;
+    testsupport::Folder directory;
     QProcess process;
+    const QString base = directory.path("part");
+    const QString part = directory.path("part.step"); ///< there where the test writes it
 };
 
 } // namespace apps

@@ -1,47 +1,23 @@
 // SPDX-License-Identifier: Apache-2.0
 // direct-dump as a process, on sound files and on others.
-#include "tests/apps/plaintext.h"
+#include "tests/apps/programrun.h"
 #include "tests/cadimport/samplemessages.h"
+#include "tests/support/folder.h"
 
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 #include <set>
 
 namespace {
 
-struct Result {
-    int status = -1;
-    std::string output, errors;
-};
-
 class DirectDump : public testing::Test {
 protected:
-    Result run(const QStringList& words) {
-        QProcess process;
-        process.start(DIRECT_DUMP, words);
-        EXPECT_TRUE(process.waitForFinished(60000));
-        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-        return {process.exitCode(), apps::plainText(process.readAllStandardOutput()),
-                apps::plainText(process.readAllStandardError())};
+    static apps::ProgramResult run(const QStringList& words) {
+        return apps::runProgram(DIRECT_DUMP, words);
     }
-    QString path(const char* name) const { return directory.filePath(name); }
-    QString write(const QByteArray& bytes) {
-        QFile file(path("model.direct"));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return file.fileName();
-    }
-    QByteArray content(const QString& name) {
-        QFile file(name);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
-    }
+    QString write(const QByteArray& bytes) const { return folder.write("model.direct", bytes); }
 
-    QTemporaryDir directory;
+    testsupport::Folder folder;
 };
 
 QByteArray vertexRecord(int identifier) {
@@ -64,7 +40,7 @@ TEST_F(DirectDump, ShowsMessagesAsText) {
         "<CreateVertex identifier=\"1\">\n\tpoint=( 1 2.5 3)\n</CreateVertex>\n";
     const std::string second =
         "<CreateVertex identifier=\"0\">\n\tpoint=( 1 2.5 3)\n</CreateVertex>\n";
-    const Result all = run({file});
+    const apps::ProgramResult all = run({file});
     EXPECT_EQ(all.status, 0);
     EXPECT_EQ(all.output, first + second);
     EXPECT_EQ(run({"--valid-only", file}).output, first);
@@ -72,7 +48,7 @@ TEST_F(DirectDump, ShowsMessagesAsText) {
 }
 
 TEST_F(DirectDump, CountsByKind) {
-    const Result result = run({write(vertexRecord(1) + vertexRecord(0)), "--count"});
+    const apps::ProgramResult result = run({write(vertexRecord(1) + vertexRecord(0)), "--count"});
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.output, "message                        count       valid\n"
                              "CreateVertex                       2           1\n"
@@ -96,34 +72,35 @@ TEST_F(DirectDump, ShowsEveryFieldAsJson) {
 TEST_F(DirectDump, RewritesASoundFileByteForByte) {
     const QByteArray file = everyClass();
     const QString name = write(file);
-    EXPECT_EQ(run({name, "--rewrite", path("again.direct")}).status, 0);
-    EXPECT_EQ(content(path("again.direct")), file);
+    EXPECT_EQ(run({name, "--rewrite", folder.path("again.direct")}).status, 0);
+    EXPECT_EQ(folder.read("again.direct"), file);
     EXPECT_EQ(run({name, "--rewrite", name}).status, 0);
-    EXPECT_EQ(content(name), file);
+    EXPECT_EQ(folder.read("model.direct"), file);
 }
 
 TEST_F(DirectDump, SaysWhereAFileGoesWrong) {
-    const Result junk = run({write(vertexRecord(1) + "junk" + vertexRecord(2))});
+    const apps::ProgramResult junk = run({write(vertexRecord(1) + "junk" + vertexRecord(2))});
     EXPECT_EQ(junk.status, 3);
     EXPECT_NE(junk.errors.find("no message begins at byte 56 of"), std::string::npos)
         << junk.errors;
     EXPECT_NE(junk.output.find("identifier=\"1\""), std::string::npos);
     EXPECT_EQ(junk.output.find("identifier=\"2\""), std::string::npos);
 
-    const Result cut = run({write(vertexRecord(1) + vertexRecord(2).chopped(1)), "--json"});
+    const apps::ProgramResult cut =
+        run({write(vertexRecord(1) + vertexRecord(2).chopped(1)), "--json"});
     EXPECT_EQ(cut.status, 3);
     EXPECT_NE(cut.errors.find("the message at byte 56 of"), std::string::npos) << cut.errors;
     EXPECT_EQ(nlohmann::json::parse(cut.output).size(), 1u);
 }
 
 TEST_F(DirectDump, RefusesWhatItCannotDo) {
-    const Result missing = run({path("missing.direct")});
+    const apps::ProgramResult missing = run({folder.path("missing.direct")});
     EXPECT_EQ(missing.status, 1);
     EXPECT_NE(missing.errors.find("missing.direct"), std::string::npos);
     EXPECT_EQ(missing.output, "");
-    EXPECT_EQ(run({directory.path()}).status, 1);
-    EXPECT_EQ(run({write(vertexRecord(1)), "--rewrite", path("no/such/place")}).status, 1);
-    EXPECT_EQ(run({write(vertexRecord(1)), "--rewrite", directory.path()}).status, 1);
+    EXPECT_EQ(run({folder.path()}).status, 1);
+    EXPECT_EQ(run({write(vertexRecord(1)), "--rewrite", folder.path("no/such/place")}).status, 1);
+    EXPECT_EQ(run({write(vertexRecord(1)), "--rewrite", folder.path()}).status, 1);
     EXPECT_EQ(run({}).status, 2);
     EXPECT_EQ(run({"a", "b"}).status, 2);
     EXPECT_EQ(run({"a", "--json", "--count"}).status, 2);

@@ -2,10 +2,7 @@
 // The command line of brix-import.
 #include "apps/importcommand.h"
 
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
+#include "tests/support/folder.h"
 
 namespace apps {
 namespace {
@@ -29,44 +26,19 @@ protected:
 };
 
 TEST_F(ImportCommandTest, TakesTheModelAndEveryOption) {
-    const ImportCommand command = require({"--output-base",
-                                           "o/b",
-                                           "--argument",
-                                           "-Odd",
-                                           "part.step",
-                                           "--argument",
-                                           "",
-                                           "--server",
-                                           "s",
-                                           "--module",
-                                           "m",
-                                           "--environment",
-                                           "e",
-                                           "--answer",
-                                           "yes",
-                                           "--set",
-                                           "A/b=c d",
-                                           "--set",
-                                           "D/e=f",
-                                           "--settings",
-                                           "i.ini",
-                                           "--without",
-                                           "IGuiSimpleDlg",
-                                           "--trace",
-                                           "t",
-                                           "--picture",
-                                           "p.png",
-                                           "--export",
-                                           "x.brep",
-                                           "--json",
-                                           "r.json"});
+    const QString words = "--output-base o/b --argument -Odd part.step --server s --module m "
+                          "--environment e --answer yes --set A/b=c --set D/e=f --settings i.ini "
+                          "--without IGuiSimpleDlg --trace t --picture p.png --export x.brep "
+                          "--json r.json";
+    const ImportCommand command =
+        require(words.split(' ') + QStringList{"--argument", "", "--set", "G/h i=j k"});
     const host::ImportOptions& options = command.options;
     EXPECT_EQ(options.model, "part.step");
     EXPECT_EQ(options.outputBase, "o/b");
     EXPECT_EQ(options.arguments, (QStringList{"-Odd", ""}));
     EXPECT_EQ(options.server + options.module + options.environmentFile, "sme");
     EXPECT_EQ(options.answer, std::optional(true));
-    EXPECT_EQ(options.settings, (QStringList{"A/b=c d", "D/e=f"}));
+    EXPECT_EQ(options.settings, (QStringList{"A/b=c", "D/e=f", "G/h i=j k"}));
     EXPECT_EQ(options.settingsFile, "i.ini");
     EXPECT_EQ(options.without, QStringList{"IGuiSimpleDlg"});
     EXPECT_EQ(options.traceFile, "t");
@@ -78,12 +50,11 @@ TEST_F(ImportCommandTest, TakesTheModelAndEveryOption) {
 }
 
 TEST_F(ImportCommandTest, RefusesToWriteOverTheModel) {
-    QTemporaryDir directory;
-    QFile model(directory.filePath("part.step"));
-    ASSERT_TRUE(model.open(QIODevice::WriteOnly));
-    const QString same = directory.filePath("./part.step");
+    const testsupport::Folder folder;
+    const QString model = folder.write("part.step");
+    const QString same = folder.path("./part.step");
     for (const char* option : {"--export", "--trace", "--json"}) {
-        EXPECT_FALSE(parse({model.fileName(), option, same}).command) << option;
+        EXPECT_FALSE(parse({model, option, same}).command) << option;
         EXPECT_NE(errors.find("MODEL itself"), errors.npos) << errors;
     }
 }

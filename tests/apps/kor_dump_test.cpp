@@ -1,52 +1,36 @@
 // SPDX-License-Identifier: Apache-2.0
 // kor-dump as a process, on sound files and on others.
-#include "tests/apps/plaintext.h"
+#include "tests/apps/programrun.h"
+#include "tests/support/folder.h"
 #include "tests/zelbasictypes/modelbytes.h"
 #include "tests/zelbasictypes/sampleguid.h"
 
 #include <QElapsedTimer>
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
 
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 namespace {
 
+using apps::ProgramResult;
 using Json = nlohmann::json;
-
-struct Result {
-    int status = -1;
-    std::string output, errors;
-};
 
 const char* const sampleText = "{01ab2345-6789-00cd-ef01-00456789abcd}";
 
 class KorDump : public testing::Test {
 protected:
-    Result run(const QStringList& words) {
-        QProcess process;
-        process.start(KOR_DUMP, words);
-        EXPECT_TRUE(process.waitForFinished(60000));
-        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-        return {process.exitCode(), apps::plainText(process.readAllStandardOutput()),
-                apps::plainText(process.readAllStandardError())};
-    }
-    QString path() const { return directory.filePath("file"); }
-    QString write(const Bytes& bytes) {
-        QFile file(path());
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
-        return path();
+    static ProgramResult run(const QStringList& words) { return apps::runProgram(KOR_DUMP, words); }
+    QString path() const { return folder.path("file"); }
+    QString write(const Bytes& bytes) const {
+        return folder.write(
+            "file", {reinterpret_cast<const char*>(bytes.data()), static_cast<int>(bytes.size())});
     }
     Json json(const Bytes& bytes, int status = 0) {
-        const Result result = run({"--json", write(bytes)});
+        const ProgramResult result = run({"--json", write(bytes)});
         EXPECT_EQ(result.status, status) << result.errors;
         return Json::parse(result.output);
     }
 
-    QTemporaryDir directory;
+    testsupport::Folder folder;
 };
 
 /// Of the entries of one kind.
@@ -62,7 +46,7 @@ TEST_F(KorDump, ShowsTheTreeAsText) {
     const Bytes vector = block(true, 0x10000, 0, bytes("3FF0000000000000") + Bytes(16));
     const Bytes object =
         block(true, 0x0B0002, 3, guidBytes(sampleGuid) + bytes("00000007") + vector);
-    const Result result = run({write(modelFile(true, object + block(true, 5, 9, {})))});
+    const ProgramResult result = run({write(modelFile(true, object + block(true, 5, 9, {})))});
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.errors, "");
     EXPECT_EQ(result.output, "0: 4B4F52 file, version 1, length 92\n"
@@ -115,7 +99,7 @@ TEST_F(KorDump, SaysWhereBlocksAreDamagedAndGoesOnBehindThem) {
                                        std::uint64_t{1000}, ~std::uint64_t{0}}) {
         Bytes file = sound;
         setLength(file, 48, true, length);
-        const Result result = run({write(file)});
+        const ProgramResult result = run({write(file)});
         EXPECT_EQ(result.status, 3) << length;
         EXPECT_NE(result.errors.find("at byte 48 of " + path().toStdString()), std::string::npos)
             << result.errors;
@@ -169,7 +153,7 @@ TEST_F(KorDump, FollowsAnyDepth) {
     const Json dump = json(file);
     ASSERT_EQ(dump.size(), 100001u);
     EXPECT_EQ(dump.back()["depth"], 100000);
-    const Result text = run({path()});
+    const ProgramResult text = run({path()});
     EXPECT_EQ(text.status, 0);
     EXPECT_NE(text.output.find("(100000) 1200000: 000005, version 0, length 12\n"),
               std::string::npos);
@@ -189,7 +173,7 @@ TEST_F(KorDump, PassesTheHolesOfSparseFilesQuickly) {
     file.close();
     QElapsedTimer clock;
     clock.start();
-    const Result result = run({"--json", path()});
+    const ProgramResult result = run({"--json", path()});
     EXPECT_EQ(result.status, 0) << result.errors;
     const Json dump = Json::parse(result.output);
     EXPECT_EQ(offsets(dump, "vector"), (std::vector<Json>{head.size() + hole}));
@@ -197,10 +181,10 @@ TEST_F(KorDump, PassesTheHolesOfSparseFilesQuickly) {
 }
 
 TEST_F(KorDump, RefusesWhatItCannotDo) {
-    const Result missing = run({directory.filePath("missing")});
+    const ProgramResult missing = run({folder.path("missing")});
     EXPECT_EQ(missing.status, 1);
     EXPECT_NE(missing.errors.find("missing"), std::string::npos);
-    EXPECT_EQ(run({directory.path()}).status, 1);
+    EXPECT_EQ(run({folder.path()}).status, 1);
     EXPECT_EQ(run({}).status, 2);
     EXPECT_EQ(run({"--what", write({})}).status, 2);
     EXPECT_EQ(run({"--help"}).status, 0);

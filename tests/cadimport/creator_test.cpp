@@ -4,12 +4,13 @@
 
 #include "cadimport/modelling/curves.h"
 #include "component/manageraccess.h"
-#include "component/objects/queryinterface.h"
 #include "host/modelling/modellingcomponent.h"
+#include "tests/support/fakeservice.h"
 #include "zelbasictypes/sets/bitvector.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <memory>
 #include <sstream>
@@ -41,6 +42,11 @@ protected:
         give(message);
     }
     void close() { give(EndModel()); }
+    /// The same, and its calls forgotten.
+    void openQuietly(double unit = 1000.0) {
+        open(unit);
+        calls();
+    }
 
     /// The calls since the last question.
     Lines calls() {
@@ -49,6 +55,13 @@ protected:
         for (std::string line; std::getline(text, line);) result.push_back(line);
         trace.str({});
         return result;
+    }
+
+    /// How many of them are of that operation.
+    static std::ptrdiff_t count(const Lines& all, const std::string& operation) {
+        return std::ranges::count_if(all, [&](const std::string& call) {
+            return call.find('"' + operation + '"') != call.npos;
+        });
     }
 
     std::ostringstream trace;
@@ -108,17 +121,6 @@ template <class T> T framed(int identifier) {
 }
 
 } // namespace
-
-TEST_F(CreatorTest, MakesAnImporterAndCallsItForNothing) {
-    EXPECT_TRUE(creator->hasImporter());
-    EXPECT_TRUE(calls().empty());
-    EXPECT_TRUE(creator->models().empty());
-}
-
-TEST_F(CreatorTest, HasNoImporterWhereTheHostHasNoClassForIt) {
-    host::rootManager().clear();
-    EXPECT_FALSE(Creator(modelling.importTarget()).hasImporter());
-}
 
 TEST_F(CreatorTest, HandsTheNumbersOfEveryShapeAcrossInTheHostsOrder) {
     open();
@@ -208,11 +210,7 @@ TEST_F(CreatorTest, ScalesShapesOnlyInModelsThatAreNotInMetres) {
     close();
     give(line(1));
     const Lines all = calls();
-    EXPECT_EQ(std::count_if(all.begin(), all.end(),
-                            [](const std::string& call) {
-                                return call.find("transform") != std::string::npos;
-                            }),
-              1);
+    EXPECT_EQ(count(all, "transform"), 1);
     EXPECT_NE(std::find(all.begin(), all.end(),
                         R"(["IZelLine#2","transform",[[0.025399999999999999,0,0,0,0,)"
                         R"(0.025399999999999999,0,0,0,0,0.025399999999999999,0,0,0,0,1]]])"),
@@ -273,8 +271,7 @@ TEST_F(CreatorTest, PutsTheBoxOfAShellInOrderAndScalesIt) {
         EXPECT_EQ(all.back(), R"(["importer","createShell",[1,[5,6],2,true]])");
         return all.at(all.size() - 2);
     };
-    open(1000);
-    calls();
+    openQuietly();
     EXPECT_EQ(boxOf({{5, 0, 0}, {1, 1, 1}}), R"(["importer","setShellBox",[[[1,0,0],[5,1,1]]]])");
     EXPECT_EQ(boxOf({}), R"(["importer","setShellBox",[[[-1,-1,-1],[1,1,1]]]])");
     const std::string empty =
@@ -285,16 +282,14 @@ TEST_F(CreatorTest, PutsTheBoxOfAShellInOrderAndScalesIt) {
     EXPECT_EQ(boxOf({{limit, 0, 0}, {1, 1, 1}}),
               R"(["importer","setShellBox",[[[1,0,0],[3.4028234663852886e+38,1,1]]]])");
     close();
-    open(1);
-    calls();
+    openQuietly(1);
     EXPECT_EQ(boxOf({{0, 0, 0}, {1000, 2000, 3000}}),
               R"(["importer","setShellBox",[[[0,0,0],[1,2,3]]]])");
     EXPECT_EQ(boxOf({{limit, 1, 2}, {-limit, 3, 4}}), empty);
 }
 
 TEST_F(CreatorTest, ScalesTheAxesOfACoordinateSystemButNotItsOrigin) {
-    open(1);
-    calls();
+    openQuietly(1);
     auto system = withIdentifier<CreateCoordinateSystem>(1);
     system.origin = {10, 20, 30};
     system.xDirection = {1, 0, 0};
@@ -324,21 +319,15 @@ TEST_F(CreatorTest, EndsIdentifiersWithTheirModelAndKeepsOneEntryForEach) {
     give(line(1));
     give(sphere(1, 2));
     close();
-    open();
-    calls();
+    openQuietly();
     give(edge(2, 1));
     give(face(3, 1, {4}));
     give(line(1));
     give(edge(4, 1));
     close();
     const Lines all = calls();
-    const auto count = [&all](const char* operation) {
-        return std::count_if(all.begin(), all.end(), [operation](const std::string& call) {
-            return call.find(operation) != std::string::npos;
-        });
-    };
-    EXPECT_EQ(count("setEdgeCurve"), 1);
-    EXPECT_EQ(count("setFaceSurface"), 0);
+    EXPECT_EQ(count(all, "setEdgeCurve"), 1);
+    EXPECT_EQ(count(all, "setFaceSurface"), 0);
     EXPECT_EQ(creator->models().size(), 2u);
 }
 
@@ -357,10 +346,9 @@ TEST_F(CreatorTest, CallsNothingForWhatItDoesNotPassOn) {
     body.shells = {1};
     auto curve = withIdentifier<CreateNURBSCurve>(9);
     curve.degree = 3;
-    NewModel bad;
-    for (const Message* message : std::initializer_list<const Message*>{&body, &curve, &bad}) {
-        give(*message);
-    }
+    give(body);
+    give(curve);
+    give(NewModel());
     give(withIdentifier<CreateVertex>(1));
     give(CreateCoedge());
     give(CreateGroup());
@@ -372,8 +360,7 @@ TEST_F(CreatorTest, CallsNothingForWhatItDoesNotPassOn) {
 }
 
 TEST_F(CreatorTest, KeepsTheScaleOfAModelWhenTheNextOneIsInvalid) {
-    open(1);
-    calls();
+    openQuietly(1);
     give(NewModel());
     give(line(1));
     EXPECT_EQ(calls().size(), 2u) << "define and transform";
@@ -404,8 +391,7 @@ TEST_F(CreatorTest, TellsTheAccuracyAndWhetherItIsAbsolute) {
 TEST_F(CreatorTest, PassesOverWhatTheHostCannotMake) {
     host::rootManager().withdraw("IZelLine");
     host::rootManager().withdraw("IZelCoordinateSystem");
-    open(1);
-    calls();
+    openQuietly(1);
     give(line(1));
     auto system = withIdentifier<CreateCoordinateSystem>(1);
     system.xDirection = {1, 0, 0};
@@ -422,13 +408,9 @@ TEST_F(CreatorTest, PassesOverWhatTheHostCannotMake) {
 }
 
 /// A line of a host that knows neither curves nor features.
-class BareLine : public IZelLine {
+class BareLine : public testsupport::Fake<IZelLine> {
 public:
     explicit BareLine(int& defined) : defined_(defined) {}
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IZelLine>(this, className(), name, result);
-    }
-    const char* className() override { return "BareLine"; }
     void reserved1() override {}
     void define(const ZelVector3&, const ZelVector3&, const void*, double) override { ++defined_; }
 
@@ -439,8 +421,7 @@ private:
 TEST_F(CreatorTest, FilesAnObjectWithoutTheInterfaceOfItsTableAsNoneAndScalesNothingOfIt) {
     int defined = 0;
     host::rootManager().offerMaker("IZelLine", [&] { return new BareLine(defined); });
-    open(1);
-    calls();
+    openQuietly(1);
     give(line(1));
     EXPECT_EQ(defined, 1);
     EXPECT_TRUE(calls().empty());

@@ -2,6 +2,8 @@
 // Filling messages, and putting models together from them.
 #include "tests/cadimport/samplemessages.h"
 
+#include "tests/cadimport/messagefields.h"
+
 #include <QIODevice>
 
 namespace CADImport {
@@ -16,13 +18,6 @@ struct Filler {
     void set(int& value) { value = static_cast<int>(random()); }
     void set(bool& value) { value = random() % 2 != 0; }
     void set(double& value) { value = (static_cast<double>(random()) - 2e9) / 1024.0; }
-    void set(Point3& p) { all(p.x, p.y, p.z); }
-    void set(Point2& p) { all(p.u, p.v); }
-    void set(Range2& r) { all(r.first, r.last); }
-    void set(Box& b) { all(b.first, b.second); }
-    void set(UVBox& b) { all(b.first, b.second); }
-    void set(ControlPoint& p) { all(p.x, p.y, p.z, p.w); }
-    void set(std::array<int, 2>& pair) { all(pair[0], pair[1]); }
     void set(QString& word) { word = QString::number(random()) + QChar(0x20AC); }
     template <class T> void set(QList<T>& list) {
         list.clear();
@@ -32,65 +27,13 @@ struct Filler {
             list.append(element);
         }
     }
-    template <class... Fields> void all(Fields&... fields) { (set(fields), ...); }
+    template <class T> void set(T& whole) {
+        std::apply([this](auto&... parts) { (set(parts), ...); }, fieldsOf(whole));
+    }
 };
 
-template <class T> void fillFields(Filler, T&) {}
-void fillFields(Filler f, SetParameterMessage& m) { f.all(m.parameters); }
-void fillFields(Filler f, NewModel& m) { f.all(m.absolute, m.accuracy, m.unit); }
-void fillFields(Filler f, CreateBody& m) { f.all(m.identifier, m.boundingBox, m.shells); }
-void fillFields(Filler f, CreateShell& m) { f.all(m.identifier, m.boundingBox, m.faces, m.closed); }
-void fillFields(Filler f, CreateFace& m) {
-    f.all(m.identifier, m.boundingBox, m.uvBox, m.loops, m.surfaceId, m.sense, m.sides);
-}
-void fillFields(Filler f, CreateLoop& m) {
-    f.all(m.identifier, m.boundingBox, m.uvBox, m.coedges, m.edges, m.faceId, m.outer);
-}
-void fillFields(Filler f, CreateCoedge& m) {
-    f.all(m.identifier, m.boundingUVBox, m.parameterRange, m.edge, m.partner, m.loop, m.face,
-          m.curve, m.sense);
-}
-void fillFields(Filler f, CreateEdge& m) {
-    f.all(m.identifier, m.boundingBox, m.parameterRange, m.vertices, m.coedges, m.faces, m.curve,
-          m.sense);
-}
-void fillFields(Filler f, CreateVertex& m) { f.all(m.identifier, m.point); }
-void fillFields(Filler f, CreateGroup& m) { f.all(m.identifier, m.components); }
-void fillFields(Filler f, CreateCoordinateSystem& m) {
-    f.all(m.identifier, m.origin, m.xDirection, m.yDirection, m.zDirection);
-}
-template <class T> void fillFrame(Filler f, AnalyticSurface<T>& m) {
-    f.all(m.identifier, m.origin, m.normal, m.uDirection, m.uRange, m.vRange);
-}
-void fillFields(Filler f, CreatePlane& m) { fillFrame(f, m); }
-void fillFields(Filler f, CreateCylinder& m) { fillFrame(f, m), f.all(m.radius); }
-void fillFields(Filler f, CreateCone& m) { fillFrame(f, m), f.all(m.angle); }
-void fillFields(Filler f, CreateSphere& m) { fillFrame(f, m), f.all(m.radius); }
-void fillFields(Filler f, CreateTorus& m) { fillFrame(f, m), f.all(m.minorRadius, m.majorRadius); }
-void fillFields(Filler f, CreateNURBSSurface& m) {
-    f.all(m.identifier, m.degreeU, m.degreeV, m.knotsU, m.knotsV, m.controlPoints, m.rational);
-}
-void fillFields(Filler f, CreateLine& m) { f.all(m.identifier, m.startPoint, m.endPoint); }
-void fillFields(Filler f, CreateArc& m) {
-    f.all(m.identifier, m.center, m.normal, m.direction, m.radius, m.startAngle, m.endAngle);
-}
-void fillFields(Filler f, CreateEllipse& m) {
-    f.all(m.identifier, m.center, m.normal, m.direction, m.littleHalfAxis, m.bigHalfAxis,
-          m.startAngle, m.endAngle);
-}
-void fillFields(Filler f, CreateNURBSCurve& m) {
-    f.all(m.identifier, m.degree, m.knots, m.controlPoints, m.rational);
-}
-
-template <class... Classes>
-std::vector<std::unique_ptr<Message>> filled(Random& random, int length) {
-    std::vector<std::unique_ptr<Message>> messages;
-    const auto add = [&](auto message) {
-        fillFields({random, length}, *message);
-        messages.push_back(std::move(message));
-    };
-    (add(std::make_unique<Classes>()), ...);
-    return messages;
+template <class T> void fill(Random& random, int length, T& message) {
+    Filler{random, length}.set(message);
 }
 
 /// Collects records up to a size.
@@ -101,7 +44,7 @@ struct ModelWriter {
     }
     template <class T> void add(int length = 1) {
         T message;
-        fillFields({random, length}, message);
+        fill(random, length, message);
         stream << T::wireName;
         message.write(stream);
     }
@@ -118,10 +61,10 @@ struct ModelWriter {
 
 void addFreeFormSurface(ModelWriter& writer) {
     CreateNURBSSurface surface;
-    fillFields({writer.random, 1}, surface);
+    fill(writer.random, 1, surface);
     const int rows = writer.between(4, 24);
     const int columns = writer.between(4, 24);
-    fillFields({writer.random, rows + 4}, surface);
+    fill(writer.random, rows + 4, surface);
     surface.resizeGrid(rows, columns);
     writer.stream << surface.name();
     surface.write(writer.stream);
@@ -154,12 +97,13 @@ namespace sample {
 using namespace CADImport;
 
 std::vector<std::unique_ptr<Message>> oneOfEach(Random& random, int length) {
-    return filled<OKMessage, EscapeMessage, FinishMessage, SendNextModelMessage,
-                  SetParameterMessage, NewModel, EndModel, CreateBody, CreateShell, CreateFace,
-                  CreateLoop, CreateCoedge, CreateEdge, CreateVertex, CreateGroup,
-                  CreateCoordinateSystem, CreatePlane, CreateCylinder, CreateCone, CreateSphere,
-                  CreateTorus, CreateNURBSSurface, CreateLine, CreateArc, CreateEllipse,
-                  CreateNURBSCurve>(random, length);
+    std::vector<std::unique_ptr<Message>> messages;
+    const auto add = [&](auto message) {
+        fill(random, length, message);
+        messages.push_back(std::make_unique<decltype(message)>(std::move(message)));
+    };
+    std::apply([&](auto... each) { (add(std::move(each)), ...); }, AllClasses());
+    return messages;
 }
 
 QByteArray record(const Message& message) {

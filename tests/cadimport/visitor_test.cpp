@@ -13,7 +13,7 @@ using namespace CADImport;
 
 struct Counter : BaseVisitor, Visitor<OKMessage, void, true>, Visitor<CreateVertex, void, true> {
     int ok = 0;
-    int lastVertex = 0;
+    int lastVertex = -1;
     void visit(const OKMessage&) override { ++ok; }
     void visit(const CreateVertex& vertex) override { lastVertex = vertex.identifier; }
 };
@@ -21,7 +21,7 @@ struct Counter : BaseVisitor, Visitor<OKMessage, void, true>, Visitor<CreateVert
 /// Keeps its handler elsewhere than Counter does.
 struct Padded : Visitor<CreateVertex, void, true>, BaseVisitor {
     double padding[4] = {};
-    int lastVertex = 0;
+    int lastVertex = -1;
     void visit(const CreateVertex& vertex) override { lastVertex = vertex.identifier; }
 };
 
@@ -36,24 +36,11 @@ CreateVertex vertex(int identifier) {
     return message;
 }
 
-TEST(Accept, VisitsTheHandlerOfTheClassWhateverTheMessageHolds) {
-    Counter counter;
-    OKMessage().accept(counter);
-    vertex(0).accept(counter);
-    vertex(5).accept(counter);
-    EXPECT_EQ(counter.ok, 1);
-    EXPECT_EQ(counter.lastVertex, 5);
-}
-
 TEST(Accept, PassesAVisitorWithoutAHandler) {
     Counter counter;
-    Deaf deaf;
     EscapeMessage().accept(counter);
-    vertex(1).accept(deaf);
-    const Message& message = vertex(2);
-    message.accept(deaf);
     EXPECT_EQ(counter.ok, 0);
-    EXPECT_EQ(counter.lastVertex, 0);
+    EXPECT_EQ(counter.lastVertex, -1);
 }
 
 TEST(Accept, FindsTheHandlerInVisitorsOfChangingClasses) {
@@ -61,16 +48,17 @@ TEST(Accept, FindsTheHandlerInVisitorsOfChangingClasses) {
     Padded padded;
     Derived derived;
     Deaf deaf;
-    for (int i = 1; i < 4; ++i) {
-        vertex(i).accept(counter);
+    for (int i = 0; i < 3; ++i) { // an invalid message first
+        const Message& message = vertex(i);
+        message.accept(counter);
         vertex(10 * i).accept(padded);
         vertex(100 * i).accept(deaf);
         OKMessage().accept(static_cast<Counter&>(derived));
         OKMessage().accept(counter);
         EXPECT_EQ(counter.lastVertex, i);
         EXPECT_EQ(padded.lastVertex, 10 * i);
-        EXPECT_EQ(derived.ok, i);
-        EXPECT_EQ(counter.ok, i);
+        EXPECT_EQ(derived.ok, i + 1);
+        EXPECT_EQ(counter.ok, i + 1);
     }
 }
 

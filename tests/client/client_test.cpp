@@ -7,42 +7,37 @@
 #include "cadimport/modelling/izelcadimporter.h"
 #include "cadimport/modelling/izelcoordinatesystem.h"
 #include "cadimport/topologymessages.h"
-#include "component/objects/services/iguibusystate.h"
 #include "component/objects/services/iguisimpledlg.h"
 #include "component/objects/services/imacromgr.h"
 #include "host/modelling/modellingcomponent.h"
 #include "tests/cadimport/samplemessages.h"
 #include "tests/support/fakemanager.h"
+#include "tests/support/fakeservice.h"
+#include "tests/support/folder.h"
 #ifndef _WIN32
 #include "tests/support/commalocale.h"
 #endif
 #include "tests/support/variables.h"
 #include "zelbasictypes/sets/bitvector.h"
 
-#include <QDataStream>
+#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <functional>
 #include <sstream>
 #include <utility>
 
+using testsupport::Fake;
 using testsupport::FakeManager;
+using testsupport::WishToStop;
 
 namespace {
 
 using Words = std::list<KorString>;
 
-class Dialog : public IGuiSimpleDlg {
+class Dialog : public Fake<IGuiSimpleDlg> {
 public:
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IGuiSimpleDlg>(this, className(), name, result);
-    }
-    const char* className() override { return "Dialog"; }
     std::int32_t show(std::int32_t kind, const KorString& text, const KorString& title, bool, bool,
                       bool) override {
         EXPECT_EQ(title, " ");
@@ -54,26 +49,8 @@ public:
     std::vector<std::string> shown;
 };
 
-class BusyState : public IGuiBusyState {
+class Macros : public Fake<IMacroMgr> {
 public:
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IGuiBusyState>(this, className(), name, result);
-    }
-    const char* className() override { return "BusyState"; }
-    bool isCancelled() override {
-        ++questions;
-        return true;
-    }
-
-    int questions = 0;
-};
-
-class Macros : public IMacroMgr {
-public:
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IMacroMgr>(this, className(), name, result);
-    }
-    const char* className() override { return "Macros"; }
     bool query(bool running) override { return running; }
 };
 
@@ -103,29 +80,14 @@ protected:
     /// A client made anew, for services that are asked at construction.
     void renewClient() { client = new TessoraCADImporterClient; }
 
-    std::string path(const char* name) const {
-        return directory.filePath(QString::fromLatin1(name)).toStdString();
-    }
+    std::string path(const char* name) const { return folder.path(name).toStdString(); }
     KorString base() const { return KorString(path("part").c_str()); }
     std::string reportPath() const { return path("report.txt"); }
 
-    void write(const char* name, const QByteArray& bytes) const {
-        QFile file(QString::fromStdString(path(name)));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
     void writeModel(const std::vector<const CADImport::Message*>& messages) const {
         QByteArray bytes;
-        QDataStream stream(&bytes, QIODevice::WriteOnly);
-        stream.setVersion(CADImport::streamVersion);
-        for (const CADImport::Message* message : messages) {
-            stream << message->name();
-            message->write(stream);
-        }
-        write("part.direct", bytes);
-    }
-    bool exists(const char* name) const {
-        return QFile::exists(QString::fromStdString(path(name)));
+        for (const CADImport::Message* message : messages) bytes += sample::record(*message);
+        folder.write("part.direct", bytes);
     }
 
     /// The words for a run that ends in files under the base name.
@@ -145,18 +107,28 @@ protected:
         arguments.splice(arguments.end(), words());
         return run(arguments);
     }
+    /// Each file that was read brings its own, which are the host's from here on.
+    std::size_t takeCoordinateSystems() {
+        std::list<IZelFeature*> features;
+        std::list<BitVector*> masks;
+        const bool any = client->coordinateSystems(features, masks);
+        EXPECT_EQ(any, !features.empty());
+        EXPECT_EQ(features.size(), masks.size());
+        modelling.takeCoordinateSystems(features);
+        for (BitVector* mask : masks) delete mask;
+        return features.size();
+    }
     /// What the server was told, one word a line.
     QStringList report() const {
-        QFile file(QString::fromStdString(reportPath()));
-        if (!file.open(QIODevice::ReadOnly)) return {};
-        return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        const QString text = QString::fromUtf8(folder.read("report.txt"));
+        return text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     }
 
     FakeManager manager;
     std::ostringstream trace;
     int importers = 0; ///< that the host was asked for
     host::ModellingComponent modelling;
-    QTemporaryDir directory;
+    testsupport::Folder folder;
     IPtr<TessoraCADImporterClient> client;
     std::list<KorString> exported;
 };
@@ -199,9 +171,9 @@ TEST_F(ImportTest, RefusesWithoutATargetAndStartsNothing) {
 
 TEST_F(ImportTest, PutsTheHostsWordsFirstAndItsOwnBehind) {
     EXPECT_FALSE(run(words({"-FakeReport", reportPath(), "-X"})));
-    EXPECT_EQ(report(), (QStringList{"-OutputBaseName", QString::fromStdString(path("part")),
-                                     "-FakeReport", QString::fromStdString(reportPath()), "-X",
-                                     "-igs", "on", "-BodiesOnly", "off"}));
+    EXPECT_EQ(report(),
+              (QStringList{"-OutputBaseName", folder.path("part"), "-FakeReport",
+                           folder.path("report.txt"), "-X", "-igs", "on", "-BodiesOnly", "off"}));
 }
 
 TEST_F(ImportTest, AsksForACustomImportUnlessInBatchMode) {
@@ -229,8 +201,8 @@ TEST_F(ImportTest, LendsTheEnvironmentFileToTheServerAndPutsTheValuesBack) {
     testsupport::setVariable("BRIX_TEST_LONG", std::string(300, 'x'));
     testsupport::setVariable("BRIX_TEST_KEPT", "kept");
     testsupport::clearVariable("BRIX_TEST_NEW");
-    write("environment", "# BRIX_TEST_KEPT=no\nBRIX_TEST_NEW=1\r\n\nno sign\n=nameless\n"
-                         "BRIX_TEST_LONG=first\nBRIX_TEST_LONG=a=b\nBRIX_TEST_KEPT=\n");
+    folder.write("environment", "# BRIX_TEST_KEPT=no\nBRIX_TEST_NEW=1\r\n\nno sign\n=nameless\n"
+                                "BRIX_TEST_LONG=first\nBRIX_TEST_LONG=a=b\nBRIX_TEST_KEPT=\n");
     run(words({"-FakeReport", reportPath(), "-FakeEnv", "BRIX_TEST_NEW", "-FakeEnv",
                "BRIX_TEST_LONG", "-FakeEnv", "BRIX_TEST_KEPT"}),
         FAKE_SERVER, KorString(path("environment").c_str()));
@@ -253,9 +225,9 @@ TEST_F(ImportTest, TellsWhyAServerDoesNotStart) {
 
 TEST_F(ImportTest, GoesOnWithoutAServerWhereNobodyCanBeTold) {
     writeModel({});
-    write("part.igs", "x");
+    folder.write("part.igs", "x");
     EXPECT_TRUE(run(words(), "/nonexistent/server"));
-    EXPECT_FALSE(exists("part.direct"));
+    EXPECT_FALSE(folder.has("part.direct"));
     EXPECT_EQ(exported.size(), 1u);
 }
 
@@ -263,10 +235,10 @@ TEST_F(ImportTest, ReadsWhatACrashedServerLeft) {
     IPtr<Dialog> dialog(new Dialog);
     manager.offer("IGuiSimpleDlg", dialog.iface);
     writeModel({});
-    write("part.igs", "x");
+    folder.write("part.igs", "x");
     EXPECT_TRUE(run(words({"-FakeCrash"})));
     EXPECT_EQ(dialog->shown.size(), 1u) << "the question alone";
-    EXPECT_FALSE(exists("part.direct"));
+    EXPECT_FALSE(folder.has("part.direct"));
 }
 
 #ifndef _WIN32
@@ -274,8 +246,8 @@ TEST_F(ImportTest, AsksForSatWhereTheUserWritesADecimalComma) {
     const testsupport::CommaLocale comma;
     if (!comma.isThere()) GTEST_SKIP() << "no locale with a comma is installed or can be made";
     comma.choose();
-    write("part.igs", "x");
-    write("part.sat", "x");
+    folder.write("part.igs", "x");
+    folder.write("part.sat", "x");
     EXPECT_TRUE(run(words({"-FakeReport", reportPath()})));
     EXPECT_TRUE(report().contains("-sat"));
     EXPECT_FALSE(report().contains("-igs"));
@@ -285,11 +257,11 @@ TEST_F(ImportTest, AsksForSatWhereTheUserWritesADecimalComma) {
 #endif
 
 TEST_F(ImportTest, RefusesASecondRunWhileTheServerOfTheFirstWorks) {
-    class Impatient : public BusyState {
+    class Impatient : public WishToStop {
     public:
         bool isCancelled() override {
             if (again) succeeded |= std::exchange(again, nullptr)();
-            return BusyState::isCancelled();
+            return WishToStop::isCancelled();
         }
         std::function<bool()> again;
         bool succeeded = false;
@@ -306,7 +278,7 @@ TEST_F(ImportTest, RefusesASecondRunWhileTheServerOfTheFirstWorks) {
 }
 
 TEST_F(ImportTest, AsksTwiceASecondWhetherToStopAndWaitsForTheServerAllTheSame) {
-    IPtr<BusyState> busy(new BusyState);
+    const IPtr<WishToStop> busy(new WishToStop);
     manager.offer("IGuiBusyState", busy.iface);
     QElapsedTimer timer;
     timer.start();
@@ -331,7 +303,7 @@ TEST_F(ImportTest, ModelsAloneAreNoSuccessButAreResults) {
     EXPECT_FALSE(readOnly());
     EXPECT_TRUE(client->hasResults());
     EXPECT_EQ(client->models().size(), 2u);
-    EXPECT_FALSE(exists("part.direct"));
+    EXPECT_FALSE(folder.has("part.direct"));
 
     EXPECT_FALSE(readOnly()) << "no model file any more";
     EXPECT_TRUE(client->models().empty());
@@ -345,13 +317,7 @@ TEST_F(ImportTest, KeepsCoordinateSystemsWhenTheNextModelFileIsMissing) {
     EXPECT_EQ(importers, 2) << "one for the run, one for the file";
     EXPECT_TRUE(readOnly());
     EXPECT_EQ(importers, 3) << "there is no file";
-    std::list<IZelFeature*> features;
-    std::list<BitVector*> masks;
-    EXPECT_TRUE(client->coordinateSystems(features, masks));
-    EXPECT_EQ(features.size(), 1u);
-    ASSERT_EQ(masks.size(), 1u);
-    delete masks.front();
-    modelling.takeCoordinateSystems(features);
+    EXPECT_EQ(takeCoordinateSystems(), 1u);
 }
 
 namespace {
@@ -371,10 +337,10 @@ protected:
 
     /// The calls without the ordinals of their objects, which go on from run to run.
     std::string callsOf(const QByteArray& file) {
-        write("part.direct", file);
+        folder.write("part.direct", file);
         trace.str({});
         readOnly();
-        EXPECT_FALSE(exists("part.direct"));
+        EXPECT_FALSE(folder.has("part.direct"));
         takeCoordinateSystems();
         std::string calls;
         bool inOrdinal = false;
@@ -383,15 +349,6 @@ protected:
             if (!inOrdinal) calls += c;
         }
         return calls;
-    }
-
-    /// Each file that was read brings its own, which are the host's from here on.
-    void takeCoordinateSystems() {
-        std::list<IZelFeature*> features;
-        std::list<BitVector*> masks;
-        client->coordinateSystems(features, masks);
-        modelling.takeCoordinateSystems(features);
-        for (BitVector* mask : masks) delete mask;
     }
 
     QByteArray bytes;
@@ -417,18 +374,18 @@ TEST_F(ImportTest, LeavesTheModelFileWhereNoImporterCouldTakeIt) {
     manager.offerClass("IZelCADImporter", [] { return nullptr; });
     const auto model = newModel();
     writeModel({&model});
-    write("part.igs", "x");
+    folder.write("part.igs", "x");
     EXPECT_TRUE(readOnly());
-    EXPECT_TRUE(exists("part.direct"));
+    EXPECT_TRUE(folder.has("part.direct"));
     EXPECT_TRUE(client->models().empty());
 }
 
 TEST_F(ImportTest, CollectsRegularFilesOfTheBaseNameWithTheWantedExtension) {
     for (const char* name : {"part.igs", "part_2.igs", "Part.igs", "part.IGS", "part.sat",
                              "part.x.igs", "apart.igs", "part.direct.igs"}) {
-        write(name, "x");
+        folder.write(name, "x");
     }
-    ASSERT_TRUE(QDir(directory.path()).mkdir("part_3.igs"));
+    ASSERT_TRUE(QDir().mkdir(folder.path("part_3.igs")));
     EXPECT_TRUE(readOnly());
     std::vector<std::string> names;
     for (const KorString& file : exported) {
@@ -447,7 +404,7 @@ protected:
     /// True when the words leave the client with a server to start.
     bool startsServer(Words options) {
         options.splice(options.end(), words({"-FakeReport", reportPath()}));
-        QFile::remove(QString::fromStdString(reportPath()));
+        QFile::remove(folder.path("report.txt"));
         run(options);
         return !report().isEmpty();
     }
@@ -477,16 +434,12 @@ TEST_F(OptionScanTest, StepsOverAValueThatLooksLikeAnOption) {
 TEST_F(ImportTest, ActsOnNoFrameWithoutAControlThread) {
     client->controlMessageProcessing("junk");
     client->sendControlMessage(CADImport::SendNextModelMessage());
-    QByteArray record;
-    QDataStream stream(&record, QIODevice::WriteOnly);
-    stream.setVersion(CADImport::streamVersion);
-    const CADImport::SetParameterMessage message({"-ControlSocket", "", "5"});
-    stream << message.name();
-    message.write(stream);
+    const QByteArray record =
+        sample::record(CADImport::SetParameterMessage({"-ControlSocket", "", "5"}));
     client->controlMessageProcessing(record);
     EXPECT_FALSE(run(words({"-FakeReport", reportPath()})));
     EXPECT_FALSE(report().isEmpty()) << "the host is still there";
-    QFile::remove(QString::fromStdString(reportPath()));
+    QFile::remove(folder.path("report.txt"));
     client->dataProcessing(record);
     EXPECT_FALSE(run(words({"-FakeReport", reportPath()})));
     EXPECT_TRUE(report().isEmpty()) << "the frame took it away";

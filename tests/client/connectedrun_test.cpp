@@ -3,34 +3,21 @@
 #include "client/clientcontrolthread.h"
 #include "client/ilivecontrol.h"
 #include "client/tessoracadimporterclient.h"
-#include "component/objects/services/iguibusystate.h"
 #include "host/modelling/modellingcomponent.h"
 #include "platform/clock.h"
 #include "tests/support/fakemanager.h"
+#include "tests/support/fakeservice.h"
+#include "tests/support/folder.h"
 #include "tests/support/loopback.h"
 
 #include <QElapsedTimer>
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 #include <thread>
 
 namespace {
 
+using testsupport::WishToStop;
 using Words = std::list<KorString>;
-
-class Cancelled : public IGuiBusyState {
-public:
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IGuiBusyState>(this, className(), name, result);
-    }
-    const char* className() override { return "Cancelled"; }
-    bool isCancelled() override { return ++questions; }
-
-    int questions = 0;
-};
 
 class ConnectedRunTest : public testing::Test {
 protected:
@@ -45,21 +32,14 @@ protected:
         host::rootManager().clear();
     }
 
-    QString path(const char* name) const { return directory.filePath(QLatin1String(name)); }
-    bool exists(const char* name) const { return QFile::exists(path(name)); }
-    void write(const char* name) const {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    }
-
     /// A run whose server does what the words say. "REPORT" stands for a file that it leaves when
     /// it has come that far.
     bool run(std::initializer_list<const char*> deeds) {
         Words words{"-ControlSocket", "127.0.0.1", KorString(static_cast<int>(port)),
-                    "-OutputBaseName", KorString(path("part").toUtf8().constData())};
+                    "-OutputBaseName", KorString(folder.path("part").toUtf8().constData())};
         for (const char* deed : deeds) {
-            words.emplace_back(
-                std::strcmp(deed, "REPORT") == 0 ? path("report").toUtf8().constData() : deed);
+            const bool isReport = std::strcmp(deed, "REPORT") == 0;
+            words.emplace_back(isReport ? folder.path("report").toUtf8().constData() : deed);
         }
         QElapsedTimer timer;
         timer.start();
@@ -72,7 +52,7 @@ protected:
 
     testsupport::FakeManager manager;
     host::ModellingComponent modelling{host::rootManager()};
-    QTemporaryDir directory;
+    testsupport::Folder folder;
     /// Below 32768, which is where a port of the option list must be.
     const std::uint16_t port = [] {
         static std::uint16_t next =
@@ -93,33 +73,33 @@ protected:
 } // namespace
 
 TEST_F(ConnectedRunTest, AsksForAModelAndTakesTheFilesThatTheServerNames) {
-    write("part.direct");
-    write("part.igs");
-    EXPECT_FALSE(run({"-TalkListen",
-                      "-TalkAwait",
-                      "OK",
-                      "-TalkAwait",
-                      "SendNextModel",
-                      "-TalkSend",
-                      "OK",
-                      "-TalkResult",
-                      "one",
-                      "-TalkSend",
-                      "Nonsense",
-                      "-TalkSend",
-                      "",
-                      "-TalkResult",
-                      "two",
-                      "-TalkSend",
-                      "Finish",
-                      "-TalkAwait",
-                      "Finish",
-                      "-FakeReport",
-                      "REPORT"}))
-        << "there are no models";
+    folder.write("part.direct");
+    folder.write("part.igs");
+    const bool anyModels = run({"-TalkListen",
+                                "-TalkAwait",
+                                "OK",
+                                "-TalkAwait",
+                                "SendNextModel",
+                                "-TalkSend",
+                                "OK",
+                                "-TalkResult",
+                                "one",
+                                "-TalkSend",
+                                "Nonsense",
+                                "-TalkSend",
+                                "",
+                                "-TalkResult",
+                                "two",
+                                "-TalkSend",
+                                "Finish",
+                                "-TalkAwait",
+                                "Finish",
+                                "-FakeReport",
+                                "REPORT"});
+    EXPECT_FALSE(anyModels);
     EXPECT_EQ(exported, (Words{"one", "two"}));
-    EXPECT_TRUE(exists("report")) << "the server was told to go";
-    EXPECT_TRUE(exists("part.direct")) << "no model file is read";
+    EXPECT_TRUE(folder.has("report")) << "the server was told to go";
+    EXPECT_TRUE(folder.has("part.direct")) << "no model file is read";
 }
 
 TEST_F(ConnectedRunTest, WaitsForAServerThatIsSlowToListen) {
@@ -154,7 +134,7 @@ TEST_F(ConnectedRunTest, EndsSoonAfterAServerThatDiesOrFallsSilent) {
 }
 
 TEST_F(ConnectedRunTest, NotesAWishToStopAndGoesOn) {
-    IPtr<Cancelled> busy(new Cancelled);
+    const IPtr<WishToStop> busy(new WishToStop);
     manager.offer("IGuiBusyState", busy.iface);
     run({"-TalkListen", "-TalkAwait", "SendNextModel", "-FakeSleep", "1300", "-TalkResult", "kept",
          "-TalkSend", "Finish", "-TalkAwait", "Finish"});
@@ -164,7 +144,7 @@ TEST_F(ConnectedRunTest, NotesAWishToStopAndGoesOn) {
 }
 
 TEST_F(ConnectedRunTest, AsksTheUserAlsoWhileTheServerDoesNotListen) {
-    IPtr<Cancelled> busy(new Cancelled);
+    const IPtr<WishToStop> busy(new WishToStop);
     manager.offer("IGuiBusyState", busy.iface);
     EXPECT_FALSE(run({"-FakeSleep", "2300"}));
     EXPECT_GE(busy->questions, 3);
@@ -174,7 +154,7 @@ TEST_F(ConnectedRunTest, AsksTheUserAlsoWhileTheServerDoesNotListen) {
 TEST_F(ConnectedRunTest, TakesAServerThatListensAlreadyAsItIs) {
     const loopback::Listener listener(5, port);
     EXPECT_FALSE(run({"-FakeReport", "REPORT"}));
-    EXPECT_FALSE(exists("report")) << "none was started";
+    EXPECT_FALSE(folder.has("report")) << "none was started";
     EXPECT_LT(elapsedMs, 3000);
     loopback::Peer visitor = listener.accept();
     EXPECT_EQ(visitor.receive(12).size(), 12u);
@@ -192,19 +172,19 @@ TEST_F(ConnectedRunTest, IsServedAgainByAServerOfItsOwnThatStayed) {
          "-TalkSend",   "Finish",     "-TalkAwait",    "Finish",        "-FakeReport",
          "REPORT"});
     EXPECT_EQ(exported, Words{"first"});
-    EXPECT_FALSE(exists("report"));
+    EXPECT_FALSE(folder.has("report"));
     client->setParameters({"-Words", "for the server"});
     ASSERT_TRUE(thread->wait(10'000));
     run({});
     EXPECT_EQ(exported, Words{"second"});
-    EXPECT_TRUE(exists("report"));
+    EXPECT_TRUE(folder.has("report"));
     thread.reset();
 }
 
 TEST_F(ConnectedRunTest, HasOneControlThreadAtATimeAndNoneOnceItIsGone) {
     EXPECT_EQ(client->attachControlThread(false), nullptr);
     live = nullptr;
-    write("part.igs");
+    folder.write("part.igs");
     EXPECT_TRUE(run({})) << "a direct run again";
     live = client->attachControlThread(false);
     EXPECT_TRUE(live);

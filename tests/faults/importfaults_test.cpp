@@ -14,64 +14,40 @@ namespace {
 constexpr long usualPicks = 8;
 constexpr int outOfMemory = -1; ///< of which a POSIX system keeps eight bits
 
-QByteArray contents(const QString& name) {
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 class ImportFaults : public BrixImportTest {
 protected:
     ImportFaults() {
-        ModelFile model(file("model"));
+        ModelFile model(directory.path("model"));
         for (const double unit : {25.4, 1000.0}) model.begin(unit), model.addSphere(), model.end();
-        for (const char* name : {"part.step", "export"}) {
-            QFile empty(file(name));
-            EXPECT_TRUE(empty.open(QIODevice::WriteOnly));
-        }
+        for (const char* name : {"part.step", "export"}) directory.write(name);
     }
-
-    QString file(const char* name) const { return directory.filePath(name); }
 
     /// An import with something in the environment.
     ImportResult importWith(const QString& variable, const QString& value) {
-        for (const char* name : {"trace", "memory.log"}) QFile::remove(file(name));
+        for (const char* name : {"trace", "memory.log"}) QFile::remove(directory.path(name));
         QDir(temporary.path()).removeRecursively(); // a run that ended early left its own
         QDir().mkpath(temporary.path());
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        for (const char* name : testsupport::temporaryVariables) {
-            environment.insert(name, temporary.path());
-        }
-        environment.insert("LSAN_OPTIONS", "exitcode=0");
-        environment.insert(variable, value);
-        process.setProcessEnvironment(environment);
-        QStringList words{file("part.step"), "--json", "--trace", file("trace")};
-        words << "--module" << FAULTY_MODULE << "--server" << FAKE_SERVER;
-        words << "--output-base" << file("base");
-        words << "--set"
-              << "Directories/Logs Directory=" + directory.path();
-        words << "--set"
-              << "Directories/Temp Directory=" + spills.path();
-        if (withoutPool)
-            words << "--without"
-                  << "IBucketMemoryPool";
-        const QString copies[][2] = {{"model", "base.direct"}, {"export", "base.igs"}};
-        for (const auto& [from, to] : copies) {
-            words << "--argument"
-                  << "-FakeCopy";
-            words << "--argument" << directory.filePath(from);
-            words << "--argument" << directory.filePath(to);
-        }
+        QProcessEnvironment variables = environment();
+        variables.insert("LSAN_OPTIONS", "exitcode=0");
+        variables.insert(variable, value);
+        process.setProcessEnvironment(variables);
+        QStringList words = serving({"-FakeCopy", directory.path("model"), base + ".direct",
+                                     "-FakeCopy", directory.path("export"), base + ".igs"});
+        words << "--module" << FAULTY_MODULE << "--trace" << directory.path("trace");
+        words << "--set" << ("Directories/Logs Directory=" + directory.path());
+        words << "--set" << ("Directories/Temp Directory=" + spills.path());
+        if (withoutPool) words << "--without" << QString("IBucketMemoryPool");
         return run(words);
     }
 
     /// The calls that a heap gets in a sound run.
     long callsOf(const std::string& heap) {
-        QFile::remove(file("counts"));
-        sound = importWith("FAULTY_HEAP_COUNT", file("counts"));
-        soundTrace = contents(file("trace"));
+        QFile::remove(directory.path("counts"));
+        sound = importWith("FAULTY_HEAP_COUNT", directory.path("counts"));
+        soundTrace = directory.read("trace");
         EXPECT_EQ(sound.json()["models"].size(), 2u) << sound.errors;
         EXPECT_TRUE(soundTrace.contains("modelEntry"));
-        std::istringstream lines(contents(file("counts")).toStdString());
+        std::istringstream lines(directory.read("counts").toStdString());
         std::string name;
         long calls = 0;
         while (lines >> name >> calls && name != heap) {
@@ -82,7 +58,7 @@ protected:
 
     void expectSoundOrOver(const ImportResult& result) const {
         if (result.status == sound.status) {
-            EXPECT_EQ(contents(file("trace")), soundTrace);
+            EXPECT_EQ(directory.read("trace"), soundTrace);
             EXPECT_EQ(result.json()["models"].size(), 2u) << result.output;
             EXPECT_EQ(leftBehind(), QStringList());
             EXPECT_FALSE(result.says("LeakSanitizer")) << result.errors;
