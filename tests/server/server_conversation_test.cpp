@@ -1,16 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 // The server in a conversation with a client that the test plays.
+#include "cadimport/controlframe.h"
 #include "cadimport/controlmessages.h"
+#include "tests/server/serverrun.h"
 #include "tests/support/loopback.h"
 
-#include <QBuffer>
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 #include <memory>
 #include <thread>
@@ -21,25 +16,18 @@ namespace {
 using namespace CADImport;
 using Words = QList<QString>;
 
-class ServerConversation : public ::testing::Test {
+class ServerConversation : public ServerRun {
 protected:
-    ~ServerConversation() override {
-        process_.kill();
-        process_.waitForFinished(10'000);
-    }
+    QString path(const char* name) const { return folder_.path(name); }
+    bool exists(const char* name) const { return folder_.has(name); }
 
-    QString path(const char* name) const { return folder_.filePath(QLatin1String(name)); }
-    bool exists(const char* name) const { return QFile::exists(path(name)); }
-
-    void start(const QString& file = QStringLiteral(BRACKET_FILE)) {
-        process_.start(QStringLiteral(SERVER_PROGRAM),
-                       {"-InputFile", file, "-OutputBaseName", path("out"), "-ControlSocket",
-                        "127.0.0.1", QString::number(port_)});
-        ASSERT_TRUE(process_.waitForStarted(30'000));
+    void startListening(const QString& file = bracket) {
+        start(importing(file) << "-ControlSocket"
+                              << "127.0.0.1" << QString::number(port_));
     }
     /// Starts the server and connects as soon as it listens.
-    void meet(const QString& file = QStringLiteral(BRACKET_FILE)) {
-        start(file);
+    void meet(const QString& file = bracket) {
+        startListening(file);
         QElapsedTimer timer;
         timer.start();
         while (timer.elapsed() < 30'000) {
@@ -49,13 +37,7 @@ protected:
         }
         FAIL() << "it doesn't listen";
     }
-    void send(const Message& message) {
-        QByteArray frame;
-        QDataStream stream(&frame, QIODevice::WriteOnly);
-        stream.setVersion(streamVersion);
-        stream << message;
-        client_.send(frame.toStdString());
-    }
+    void send(const Message& message) { client_.send(controlFrame(message).toStdString()); }
     /// The next message, when it is of that class.
     template <class T> std::unique_ptr<T> receive() {
         QByteArray frame = QByteArray::fromStdString(client_.receive(4));
@@ -72,17 +54,8 @@ protected:
         if (wanted) held.release();
         return std::unique_ptr<T>(wanted);
     }
-    int wait() {
-        EXPECT_TRUE(process_.waitForFinished(60'000));
-        errors_ = QString::fromUtf8(process_.readAllStandardError());
-        return process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : -1;
-    }
-
-    QTemporaryDir folder_;
-    QProcess process_;
     const std::uint16_t port_ = loopback::freePort();
     loopback::Peer client_;
-    QString errors_;
 };
 
 TEST_F(ServerConversation, ImportsWhenAskedAndNamesItsFiles) {
@@ -130,7 +103,7 @@ TEST_F(ServerConversation, EndsThoughTheClientSaysNothingMore) {
 }
 
 TEST_F(ServerConversation, ImportsWithoutAClientAfterAWhile) {
-    start();
+    startListening();
     EXPECT_EQ(wait(), 0);
     EXPECT_TRUE(errors_.contains("nobody came to the control socket"));
     EXPECT_TRUE(exists("out.direct"));

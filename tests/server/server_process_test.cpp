@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // The server as a process: what it leaves, how it ends, and what damaged files do to it.
+#include "tests/server/serverrun.h"
 #include "tests/server/shapes.h"
 #include "tests/server/wirecheck.h"
 
@@ -16,11 +17,7 @@
 
 #include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
 
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 #include <random>
@@ -30,20 +27,9 @@ namespace {
 
 using Json = nlohmann::json;
 
-class ServerProcess : public ::testing::Test {
+class ServerProcess : public ServerRun {
 protected:
-    QString path(const QString& name) const { return folder_.filePath(name); }
-
-    void start(const QStringList& words) {
-        process_.start(QStringLiteral(SERVER_PROGRAM), words);
-        ASSERT_TRUE(process_.waitForStarted(30000));
-    }
-
-    int wait() {
-        if (!process_.waitForFinished(60000)) process_.kill();
-        errors_ = QString::fromUtf8(process_.readAllStandardError());
-        return process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : -1;
-    }
+    QString path(const QString& name) const { return folder_.path(name); }
 
     int run(const QStringList& words) {
         start(words);
@@ -51,20 +37,10 @@ protected:
     }
 
     int import(const QString& file, const QStringList& more = {}) {
-        return run(QStringList{"-InputFile", file, "-OutputBaseName", path("out")} + more);
+        return run(importing(file) + more);
     }
 
-    QByteArray contents(const QString& name) const {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
-    void fill(const QString& name, const QByteArray& bytes) const {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-
+    QByteArray contents(const QString& name) const { return folder_.read(name); }
     QStringList results() const { return QDir(folder_.path()).entryList({"out*"}, QDir::Files); }
 
     QString writeStep(const TopoDS_Shape& shape, const char* unit) const {
@@ -77,20 +53,14 @@ protected:
     }
 
     Json report() const { return Json::parse(contents("out.report.json").toStdString()); }
-
-    QTemporaryDir folder_;
-    QProcess process_;
-    QString errors_;
 };
-
-const QString bracket = QStringLiteral(BRACKET_FILE);
 
 TEST_F(ServerProcess, LeavesAWholeModelAndAReport) {
     ASSERT_EQ(import(bracket, {"-Batch", "-igs", "off", "-BodiesOnly", "off"}), 0)
         << errors_.toStdString();
     EXPECT_EQ(results(), QStringList({"out.direct", "out.report.json"}));
     const WireModel model = readWireModel(contents("out.direct"));
-    EXPECT_TRUE(brokenConventions(model).empty());
+    EXPECT_EQ(brokenConventions(model), "");
     EXPECT_EQ(model.faces.size(), 19u);
     EXPECT_EQ(report()["format"], "STEP");
     EXPECT_EQ(report()["unit"]["declared"], true);
@@ -137,7 +107,7 @@ TEST_F(ServerProcess, SewsTheLooseFacesOfAnIgesFileIntoASolidTurnedOutward) {
     const WireModel model = readWireModel(contents("out.direct"));
     ASSERT_EQ(model.shells.size(), 1u);
     EXPECT_TRUE(model.shells.at(1).closed);
-    EXPECT_TRUE(misplacedMaterial(model, box()).empty());
+    EXPECT_EQ(misplacedMaterial(model, box()), "");
     EXPECT_EQ(report()["converted"][0]["from"], "6 loose faces");
 }
 
@@ -146,9 +116,7 @@ TEST_F(ServerProcess, ExportsIgesOfTheSameSize) {
     IGESControl_Reader reader;
     ASSERT_EQ(reader.ReadFile(path("out.igs").toStdString().c_str()), IFSelect_RetDone);
     reader.TransferRoots();
-    int faces = 0;
-    for (TopExp_Explorer walk(reader.OneShape(), TopAbs_FACE); walk.More(); walk.Next()) ++faces;
-    EXPECT_EQ(faces, 6);
+    EXPECT_EQ(countOf(reader.OneShape(), TopAbs_FACE), 6);
     ASSERT_EQ(import(path("out.igs")), 0);
     const WireModel model = readWireModel(contents("out.direct"));
     EXPECT_NEAR(model.shells.at(1).boundingBox.second.z * model.header.unit, 30, 1e-5);
@@ -177,20 +145,22 @@ TEST_F(ServerProcess, IgnoresWordsForOthersAndNamesUnknownOnes) {
 }
 
 TEST_F(ServerProcess, TellsEachFailureByItsExitCode) {
-    fill("empty.step", {});
-    fill("noise.iges", "this is no exchange file");
-    fill("drawing.dxf", "0\nSECTION\n");
+    folder_.write("empty.step", {});
+    folder_.write("noise.iges", "this is no exchange file");
+    folder_.write("drawing.dxf", "0\nSECTION\n");
     const struct {
         QStringList words;
         int code;
     } cases[] = {
         {{}, 2},
         {{"-InputFile", bracket}, 2},
-        {{"-InputFile", bracket, "-OutputBaseName", path("out"), "-igs", "maybe"}, 2},
-        {{"-InputFile", path("missing.step"), "-OutputBaseName", path("out")}, 3},
-        {{"-InputFile", folder_.path(), "-OutputBaseName", path("out")}, 3},
-        {{"-InputFile", path("empty.step"), "-OutputBaseName", path("out")}, 3},
-        {{"-InputFile", path("drawing.dxf"), "-OutputBaseName", path("out")}, 4},
+        {importing(bracket) << "-igs"
+                            << "maybe",
+         2},
+        {importing(path("missing.step")), 3},
+        {importing(folder_.path()), 3},
+        {importing(path("empty.step")), 3},
+        {importing(path("drawing.dxf")), 4},
         {{"-InputFile", bracket, "-OutputBaseName", path("nowhere/out")}, 7},
         {{"--version"}, 0},
         {{"--help"}, 0},
@@ -205,14 +175,14 @@ TEST_F(ServerProcess, TellsEachFailureByItsExitCode) {
 }
 
 TEST_F(ServerProcess, RemovesTheResultsOfAnEarlierRunBeforeItFails) {
-    fill("out.direct", "old");
-    fill("out.report.json", "old");
+    folder_.write("out.direct", "old");
+    folder_.write("out.report.json", "old");
     EXPECT_EQ(import(path("missing.step")), 3);
     EXPECT_TRUE(results().isEmpty());
 }
 
 TEST_F(ServerProcess, RefusesAnInputThatAResultWouldReplace) {
-    fill("out.igs", "a model");
+    folder_.write("out.igs", "a model");
     EXPECT_EQ(import(path("out.igs"), {"-igs", "on"}), 2);
     EXPECT_TRUE(errors_.contains("would be replaced by a result"));
     EXPECT_EQ(contents("out.igs"), "a model");
@@ -245,7 +215,7 @@ protected:
 };
 
 TEST_F(LongRun, EndsSoonWhenAskedToAndLeavesNothing) {
-    start({"-InputFile", path("big.brep"), "-OutputBaseName", path("out")});
+    start(importing(path("big.brep")));
     waitUntilItWrites();
     QElapsedTimer timer;
     timer.start();
@@ -296,7 +266,7 @@ TEST_F(ServerProcess, SurvivesDamagedFilesWithACodeAndWithoutPartialFiles) {
     std::mt19937 random(20);
     std::map<int, int> codes;
     for (int i = 0; i < 24; ++i) {
-        fill("damaged.step", damaged(sound, random));
+        folder_.write("damaged.step", damaged(sound, random));
         const int code = import(path("damaged.step"));
         ++codes[code];
         EXPECT_TRUE(code == 0 || code == 3 || code == 5 || code == 6 || code == 8)

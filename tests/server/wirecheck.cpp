@@ -161,7 +161,7 @@ bool holdsMaterial(const TopoDS_Shape& original, const gp_Pnt& point) {
 
 /// A step to the left of the loop, then a much smaller one to either side of the face. Beside a
 /// short piece the step might leave the face.
-void look(const Place& place, const TopoDS_Shape& original, std::vector<std::string>& lines) {
+void look(const Place& place, const TopoDS_Shape& original, std::ostream& lines) {
     if (place.at(0).Distance(place.at(1)) < 0.2 && place.at(0).Distance(place.at(0.5)) < 0.2)
         return;
     const gp_Pnt middle = place.at(0.437);
@@ -174,18 +174,20 @@ void look(const Place& place, const TopoDS_Shape& original, std::vector<std::str
     const bool inside = holdsMaterial(original, foot.Translated(view.outward * -lift));
     const bool outside = holdsMaterial(original, foot.Translated(view.outward * lift));
     if (inside && !outside) return;
-    std::ostringstream line;
-    line << "face " << place.face.identifier << " at edge " << place.edge.identifier << ": inside "
-         << inside << ", outside " << outside;
-    lines.push_back(line.str());
+    lines << "face " << place.face.identifier << " at edge " << place.edge.identifier << ": inside "
+          << inside << ", outside " << outside << '\n';
 }
 
 } // namespace
 
-std::vector<std::string> brokenConventions(const WireModel& model) { return Check(model).run(); }
+std::string brokenConventions(const WireModel& model) {
+    std::string text;
+    for (const std::string& line : Check(model).run()) text += line + '\n';
+    return text;
+}
 
-std::vector<std::string> misplacedMaterial(const WireModel& model, const TopoDS_Shape& original) {
-    std::vector<std::string> lines;
+std::string misplacedMaterial(const WireModel& model, const TopoDS_Shape& original) {
+    std::ostringstream lines;
     const Check check(model);
     for (const auto& [id, face] : model.faces) {
         for (int loop : face.loops) {
@@ -194,7 +196,7 @@ std::vector<std::string> misplacedMaterial(const WireModel& model, const TopoDS_
             }
         }
     }
-    return lines;
+    return lines.str();
 }
 
 } // namespace server::testing

@@ -10,10 +10,10 @@ namespace server::testing {
 
 /// A line for each convention that the model breaks, 20 at most: messages, references, senses,
 /// loops that close, curves on their surfaces.
-std::vector<std::string> brokenConventions(const WireModel& model);
+std::string brokenConventions(const WireModel& model);
 
 /// Beside the middle of each edge, just inside and just outside of each of its faces, looks into
 /// the original: a line wherever material isn't where the model says. `original` is made of solids.
-std::vector<std::string> misplacedMaterial(const WireModel& model, const TopoDS_Shape& original);
+std::string misplacedMaterial(const WireModel& model, const TopoDS_Shape& original);
 
 } // namespace server::testing

@@ -25,8 +25,8 @@ private:
         return message;
     }
 
-    template <class Message, class Table> bool takeInto(const char* name, Table& table) {
-        if (name_ != name) return false;
+    template <class Message, class Table> bool takeInto(Table& table) {
+        if (name_ != Message::wireName.toStdString()) return false;
         const auto message = take<Message>();
         if (message.identifier == 0 || !table.emplace(message.identifier, message).second) {
             model_.problems.push_back(name_ + " has an identifier that is 0 or taken");
@@ -38,26 +38,19 @@ private:
         using namespace CADImport;
         auto& curves = model_.curves;
         auto& surfaces = model_.surfaces;
-        return takeInto<CreateLine>("CreateLine", curves) ||
-               takeInto<CreateArc>("CreateArc", curves) ||
-               takeInto<CreateEllipse>("CreateEllipse", curves) ||
-               takeInto<CreatePlane>("CreatePlane", surfaces) ||
-               takeInto<CreateCylinder>("CreateCylinder", surfaces) ||
-               takeInto<CreateCone>("CreateCone", surfaces) ||
-               takeInto<CreateSphere>("CreateSphere", surfaces) ||
-               takeInto<CreateTorus>("CreateTorus", surfaces) ||
-               takeInto<CreateNURBSSurface>("CreateNURBSSurface", surfaces);
+        return takeInto<CreateLine>(curves) || takeInto<CreateArc>(curves) ||
+               takeInto<CreateEllipse>(curves) || takeInto<CreatePlane>(surfaces) ||
+               takeInto<CreateCylinder>(surfaces) || takeInto<CreateCone>(surfaces) ||
+               takeInto<CreateSphere>(surfaces) || takeInto<CreateTorus>(surfaces) ||
+               takeInto<CreateNURBSSurface>(surfaces);
     }
 
     bool takeTopology() {
         using namespace CADImport;
-        return takeInto<CreateEdge>("CreateEdge", model_.edges) ||
-               takeInto<CreateCoedge>("CreateCoedge", model_.coedges) ||
-               takeInto<CreateVertex>("CreateVertex", model_.vertices) ||
-               takeInto<CreateLoop>("CreateLoop", model_.loops) ||
-               takeInto<CreateFace>("CreateFace", model_.faces) ||
-               takeInto<CreateShell>("CreateShell", model_.shells) ||
-               takeInto<CreateBody>("CreateBody", model_.bodies);
+        return takeInto<CreateEdge>(model_.edges) || takeInto<CreateCoedge>(model_.coedges) ||
+               takeInto<CreateVertex>(model_.vertices) || takeInto<CreateLoop>(model_.loops) ||
+               takeInto<CreateFace>(model_.faces) || takeInto<CreateShell>(model_.shells) ||
+               takeInto<CreateBody>(model_.bodies);
     }
 
     void readRecord() {

@@ -4,15 +4,15 @@
 #include "host/rebuild/rebuild.h"
 #include "host/rebuild/workerlines.h"
 #include "tests/host/shape/recordofshape.h"
-#include "tests/host/shape/testshapes.h"
+#include "tests/server/shapes.h"
+#include "tests/support/folder.h"
 
-#include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 namespace host {
 namespace {
+
+using namespace server::testing;
 
 class BrixRebuild : public ::testing::Test {
 protected:
@@ -20,7 +20,6 @@ protected:
         options_.program = BRIX_REBUILD;
         options_.memoryLimitBytes = 0; // sanitizers reserve far more than they use
     }
-    QString inFolder(const char* name) const { return folder_.filePath(name); }
     int exitCode(const QStringList& arguments) const {
         QProcess process;
         process.start(BRIX_REBUILD, arguments);
@@ -28,15 +27,15 @@ protected:
         return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
     }
 
-    QTemporaryDir folder_;
-    ImportRecord record_{{recordOfShape(boxShape())}, {}, {}};
+    testsupport::Folder folder_;
+    ImportRecord record_{{recordOfShape(box())}, {}, {}};
     RebuildOptions options_;
 };
 
 TEST_F(BrixRebuild, BuildsMeasuresDrawsAndExports) {
-    record_.models.push_back(recordOfShape(testShapes()[1].make()));
-    options_.picture = inFolder("shot.png");
-    options_.exportFile = inFolder("model.step");
+    record_.models.push_back(recordOfShape(shapeNamed("Sphere")));
+    options_.picture = folder_.path("shot.png");
+    options_.exportFile = folder_.path("model.step");
     options_.pictureWidth = 64;
     options_.pictureHeight = 48;
     const RebuildOutcome outcome = rebuild(record_, options_);
@@ -48,11 +47,8 @@ TEST_F(BrixRebuild, BuildsMeasuresDrawsAndExports) {
     EXPECT_TRUE(outcome.models[1].valid);
     EXPECT_TRUE(outcome.pictureWritten);
     EXPECT_TRUE(outcome.exportWritten);
-    QFile picture(options_.picture), step(options_.exportFile);
-    ASSERT_TRUE(picture.open(QIODevice::ReadOnly));
-    EXPECT_EQ(picture.read(8), QByteArray::fromHex("89504e470d0a1a0a"));
-    ASSERT_TRUE(step.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(step.readAll().startsWith("ISO-10303-21;"));
+    EXPECT_EQ(folder_.read("shot.png").left(8), QByteArray::fromHex("89504e470d0a1a0a"));
+    EXPECT_TRUE(folder_.read("model.step").startsWith("ISO-10303-21;"));
 }
 
 TEST_F(BrixRebuild, NamesWhatItDropsAndDeliversTheRest) {
@@ -60,7 +56,7 @@ TEST_F(BrixRebuild, NamesWhatItDropsAndDeliversTheRest) {
     const Identifier face = model.shells[0].faces[3];
     model.faces[face].surface =
         std::make_shared<const SurfaceRecord>(SphereRecord{FrameRecord{}, HUGE_VAL});
-    options_.exportFile = inFolder("model.xyz");
+    options_.exportFile = folder_.path("model.xyz");
     const RebuildOutcome outcome = rebuild(record_, options_);
     ASSERT_EQ(outcome.models.size(), 1U);
     EXPECT_EQ(outcome.models[0].faces, 5);
@@ -74,26 +70,23 @@ TEST_F(BrixRebuild, NamesWhatItDropsAndDeliversTheRest) {
 
 TEST_F(BrixRebuild, TellsByItsExitCodeWhatWasWrongWithTheCall) {
     EXPECT_EQ(exitCode({}), workerMisused);
-    EXPECT_EQ(exitCode({inFolder("none")}), workerRecordUnreadable);
-    QFile file(inFolder("junk"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("junk");
-    file.close();
-    EXPECT_EQ(exitCode({file.fileName()}), workerRecordUnreadable);
-    EXPECT_EQ(exitCode({file.fileName(), "--size", "12"}), workerMisused);
-    EXPECT_EQ(exitCode({file.fileName(), "--skip", "face"}), workerMisused);
+    EXPECT_EQ(exitCode({folder_.path("none")}), workerRecordUnreadable);
+    const QString junk = folder_.write("junk", "junk");
+    EXPECT_EQ(exitCode({junk}), workerRecordUnreadable);
+    EXPECT_EQ(exitCode({junk, "--size", "12"}), workerMisused);
+    EXPECT_EQ(exitCode({junk, "--skip", "face"}), workerMisused);
     EXPECT_EQ(exitCode({"--help"}), 0);
 }
 
 TEST_F(BrixRebuild, SkipsWhatItIsTold) {
-    QFile file(inFolder("record"));
+    QFile file(folder_.path("record"));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     ASSERT_TRUE(writeRecord(file, record_));
     file.close();
     QProcess process;
     const Identifier face = record_.models[0].shells[0].faces[0];
     process.start(BRIX_REBUILD, {file.fileName(), "--skip", stepArgument({1, "face", face}),
-                                 "--skip", "0/picture/0", "--picture", inFolder("shot.png")});
+                                 "--skip", "0/picture/0", "--picture", folder_.path("shot.png")});
     ASSERT_TRUE(process.waitForFinished());
     int faces = 0;
     bool isDone = false;
@@ -104,7 +97,7 @@ TEST_F(BrixRebuild, SkipsWhatItIsTold) {
     }
     EXPECT_EQ(faces, 5);
     EXPECT_TRUE(isDone);
-    EXPECT_FALSE(QFile::exists(inFolder("shot.png")));
+    EXPECT_FALSE(folder_.has("shot.png"));
 }
 
 } // namespace

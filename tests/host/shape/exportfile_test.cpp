@@ -3,7 +3,7 @@
 #include "host/shape/exportfile.h"
 
 #include "host/shape/filefailure.h"
-#include "tests/host/shape/testshapes.h"
+#include "tests/server/shapes.h"
 
 #include <BRepGProp.hxx>
 #include <BRepTools.hxx>
@@ -24,6 +24,8 @@
 namespace host {
 namespace {
 
+using namespace server::testing;
+
 constexpr double boxVolume = 6000.0;
 
 class ExportFile : public ::testing::Test {
@@ -40,7 +42,7 @@ double volume(const TopoDS_Shape& shape) {
 }
 
 TEST_F(ExportFile, WritesBrep) {
-    exportShape(boxShape(), name("box.brep"));
+    exportShape(box(), name("box.brep"));
     TopoDS_Shape read;
     ASSERT_TRUE(BRepTools::Read(read, name("box.brep").c_str(), BRep_Builder()));
     EXPECT_NEAR(volume(read), boxVolume, 1e-6);
@@ -48,7 +50,7 @@ TEST_F(ExportFile, WritesBrep) {
 
 TEST_F(ExportFile, WritesStepUnderBothNamesInAnyCase) {
     for (const char* file : {"box.step", "box.STP"}) {
-        exportShape(boxShape(), name(file));
+        exportShape(box(), name(file));
         STEPControl_Reader reader;
         ASSERT_EQ(reader.ReadFile(name(file).c_str()), IFSelect_RetDone);
         reader.TransferRoots();
@@ -57,7 +59,7 @@ TEST_F(ExportFile, WritesStepUnderBothNamesInAnyCase) {
 }
 
 TEST_F(ExportFile, WritesStlWhoseTrianglesFaceOutward) {
-    exportShape(boxShape(), name("box.stl"));
+    exportShape(box(), name("box.stl"));
     const Handle(Poly_Triangulation) mesh = RWStl::ReadFile(name("box.stl").c_str());
     ASSERT_FALSE(mesh.IsNull());
     double sum = 0.0;
@@ -97,7 +99,7 @@ public:
 };
 
 TEST_F(ExportFile, WritesGltfInMetresWithYUp) {
-    exportShape(boxShape(), name("box.glb"));
+    exportShape(box(), name("box.glb"));
     const GltfFile file(name("box.glb"));
     EXPECT_EQ(file.bytes.left(4), "glTF");
     EXPECT_EQ(file.number(4), 2U);
@@ -112,7 +114,7 @@ TEST_F(ExportFile, WritesGltfInMetresWithYUp) {
 }
 
 TEST_F(ExportFile, WritesGltfWhoseTrianglesEncloseTheVolume) {
-    exportShape(boxShape(), name("box.glb"));
+    exportShape(box(), name("box.glb"));
     const GltfFile file(name("box.glb"));
     const auto corner = [&](int index, quint32 axis) {
         const quint32 vertex = file.number(file.start(2) + 4 * static_cast<quint32>(index));
@@ -133,11 +135,11 @@ TEST_F(ExportFile, SaysWhatItCannotDo) {
     TopoDS_Compound empty;
     BRep_Builder().MakeCompound(empty);
     EXPECT_THROW(exportShape(empty, name("empty.step")), FileFailure);
-    EXPECT_THROW(exportShape(boxShape(), name("box.dwg")), FileFailure);
-    EXPECT_THROW(exportShape(boxShape(), name("box")), FileFailure);
+    EXPECT_THROW(exportShape(box(), name("box.dwg")), FileFailure);
+    EXPECT_THROW(exportShape(box(), name("box")), FileFailure);
     for (const char* file :
          {"no/such/box.step", "no/such/box.brep", "no/such/box.stl", "no/such/box.glb"}) {
-        EXPECT_THROW(exportShape(boxShape(), name(file)), FileFailure) << file;
+        EXPECT_THROW(exportShape(box(), name(file)), FileFailure) << file;
     }
 }
 

@@ -15,8 +15,6 @@
 #include <TColgp_Array1OfPnt.hxx>
 #include <gtest/gtest.h>
 
-#include <numbers>
-
 namespace host {
 namespace {
 
@@ -29,8 +27,9 @@ BoundedCurve bounded(const server::CurvePiece& piece) {
     return {new Geom_Circle(arc.frame, arc.radius), arc.first, arc.last};
 }
 
-std::vector<BoundedCurve> chainOf(const Handle(Geom_Curve) & curve, double first, double last) {
+std::vector<BoundedCurve> chainOf(const Handle(Geom_Curve) & curve) {
     std::vector<BoundedCurve> pieces;
+    const double first = curve->FirstParameter(), last = curve->LastParameter();
     for (const auto& piece :
          server::biarcChain(GeomAdaptor_Curve(curve), first, last, 1e-4).pieces) {
         pieces.push_back(bounded(piece));
@@ -59,7 +58,7 @@ Handle(Geom_BSplineCurve) wave() {
 
 TEST(JoinedCurve, RunsFromEndToEndAlongTheOriginal) {
     const Handle(Geom_BSplineCurve) original = wave();
-    const auto pieces = chainOf(original, original->FirstParameter(), original->LastParameter());
+    const auto pieces = chainOf(original);
     ASSERT_GT(pieces.size(), 4U);
     const auto whole = joined(pieces, 1e-4);
     ASSERT_TRUE(whole);
@@ -70,16 +69,14 @@ TEST(JoinedCurve, RunsFromEndToEndAlongTheOriginal) {
 }
 
 TEST(JoinedCurve, IsSmoothWhereTheChainIs) {
-    const Handle(Geom_BSplineCurve) original = wave();
-    const auto whole =
-        joined(chainOf(original, original->FirstParameter(), original->LastParameter()), 1e-4);
+    const auto whole = joined(chainOf(wave()), 1e-4);
     ASSERT_TRUE(whole);
     EXPECT_TRUE(whole->curve.curve->IsCN(1));
 }
 
 TEST(JoinedCurve, FollowsStrongBends) {
     const Handle(Geom_Curve) ellipse = new Geom_Ellipse(gp_Ax2(), 20.0, 3.0);
-    const auto whole = joined(chainOf(ellipse, 0.0, 2.0 * std::numbers::pi), 1e-4);
+    const auto whole = joined(chainOf(ellipse), 1e-4);
     ASSERT_TRUE(whole);
     EXPECT_LT(whole->curve.start().Distance(whole->curve.end()), 1e-9);
     EXPECT_LT(greatestDistance(whole->curve, ellipse), 1.5e-4);

@@ -5,17 +5,17 @@
 #include "host/shape/faceintegral.h"
 #include "host/shape/measure.h"
 #include "tests/host/shape/recordofshape.h"
-#include "tests/host/shape/testshapes.h"
+#include "tests/server/shapes.h"
 
 #include <BRepClass3d_SolidClassifier.hxx>
-#include <TopExp.hxx>
 #include <TopExp_Explorer.hxx>
-#include <TopTools_IndexedMapOfShape.hxx>
 #include <TopoDS.hxx>
 #include <gtest/gtest.h>
 
 namespace host {
 namespace {
+
+using namespace server::testing;
 
 struct Rebuilt {
     BuiltModel model;
@@ -32,12 +32,6 @@ Rebuilt rebuilt(const ModelRecord& record) {
     return result;
 }
 
-int count(const TopoDS_Shape& shape, TopAbs_ShapeEnum kind) {
-    TopTools_IndexedMapOfShape parts;
-    TopExp::MapShapes(shape, kind, parts);
-    return parts.Extent();
-}
-
 FaceIntegral integralOver(const TopoDS_Shape& shape) {
     FaceIntegral sum;
     for (TopExp_Explorer walk(shape, TopAbs_FACE); walk.More(); walk.Next()) {
@@ -48,15 +42,15 @@ FaceIntegral integralOver(const TopoDS_Shape& shape) {
     return sum;
 }
 
-class ModelBuilderShapes : public ::testing::TestWithParam<TestShape> {};
+class ModelBuilderShapes : public ::testing::TestWithParam<NamedShape> {};
 
 TEST_P(ModelBuilderShapes, ComeBackAsTheyWere) {
     const TopoDS_Shape original = GetParam().make();
     const Rebuilt result = rebuilt(recordOfShape(original));
     EXPECT_TRUE(result.dropped.empty()) << result.dropped.front().why;
-    EXPECT_EQ(result.figures.faces, count(original, TopAbs_FACE));
+    EXPECT_EQ(result.figures.faces, countOf(original, TopAbs_FACE));
     EXPECT_EQ(result.figures.shells, GetParam().shells);
-    EXPECT_EQ(count(result.model.shape, TopAbs_SOLID), count(original, TopAbs_SOLID));
+    EXPECT_EQ(countOf(result.model.shape, TopAbs_SOLID), countOf(original, TopAbs_SOLID));
     EXPECT_TRUE(result.figures.closed);
     EXPECT_TRUE(result.figures.valid);
     const FaceIntegral expected = integralOver(original);
@@ -64,12 +58,12 @@ TEST_P(ModelBuilderShapes, ComeBackAsTheyWere) {
     EXPECT_NEAR(result.figures.volumeM3 * 1e9, expected.volume, 1e-6 * expected.volume);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, ModelBuilderShapes, ::testing::ValuesIn(testShapes()),
+INSTANTIATE_TEST_SUITE_P(All, ModelBuilderShapes, ::testing::ValuesIn(solidShapes()),
                          [](const auto& each) { return each.param.name; });
 
 TEST(ModelBuilder, MeasuresInMetresWhateverTheUnit) {
     constexpr double inch = 25.4;
-    const Rebuilt result = rebuilt(recordOfShape(boxShape(), inch));
+    const Rebuilt result = rebuilt(recordOfShape(box(), inch));
     const double metres = inch / 1000.0;
     EXPECT_NEAR(result.figures.volumeM3, 6000.0 * metres * metres * metres, 1e-9);
     EXPECT_NEAR(result.figures.areaM2, 2200.0 * metres * metres, 1e-9);
@@ -81,24 +75,19 @@ TEST(ModelBuilder, MeasuresInMetresWhateverTheUnit) {
 }
 
 TEST(ModelBuilder, JoinsThePiecesOfFreeFormEdges) {
-    for (const TestShape& shape : testShapes()) {
-        if (shape.name != "crossedPipes" && shape.name != "waveBar") continue;
-        const TopoDS_Shape original = shape.make();
+    for (const char* name : {"CrossedPipes", "ExtrudedSpline"}) {
+        const TopoDS_Shape original = shapeNamed(name);
         const ModelRecord record = recordOfShape(original);
-        EXPECT_GT(static_cast<int>(record.edges.size()), count(original, TopAbs_EDGE));
-        EXPECT_EQ(rebuilt(record).figures.edges, count(original, TopAbs_EDGE)) << shape.name;
+        EXPECT_GT(static_cast<int>(record.edges.size()), countOf(original, TopAbs_EDGE));
+        EXPECT_EQ(rebuilt(record).figures.edges, countOf(original, TopAbs_EDGE)) << name;
     }
 }
 
 TEST(ModelBuilder, PutsVoidsIntoTheSolidAroundThem) {
-    const auto& shapes = testShapes();
-    const auto found = std::find_if(shapes.begin(), shapes.end(), [](const TestShape& shape) {
-        return shape.name == "twoSolids";
-    });
-    const BuiltModel model = rebuilt(recordOfShape(found->make())).model;
+    const BuiltModel model = rebuilt(recordOfShape(shapeNamed("TwoSolids"))).model;
     int withVoids = 0;
     for (TopExp_Explorer walk(model.shape, TopAbs_SOLID); walk.More(); walk.Next()) {
-        if (count(walk.Current(), TopAbs_SHELL) != 3) continue;
+        if (countOf(walk.Current(), TopAbs_SHELL) != 3) continue;
         ++withVoids;
         BRepClass3d_SolidClassifier inside(walk.Current(), gp_Pnt(5, 10, 22), 1e-7);
         EXPECT_EQ(inside.State(), TopAbs_OUT);
@@ -109,19 +98,19 @@ TEST(ModelBuilder, PutsVoidsIntoTheSolidAroundThem) {
 }
 
 TEST(ModelBuilder, LeavesWhatIsMissingOpen) {
-    ModelRecord record = recordOfShape(boxShape());
+    ModelRecord record = recordOfShape(box());
     record.shells[0].faces.pop_back();
     const Rebuilt result = rebuilt(record);
     EXPECT_EQ(result.figures.faces, 5);
     EXPECT_FALSE(result.figures.closed);
     EXPECT_EQ(result.figures.volumeM3, 0.0);
-    EXPECT_EQ(count(result.model.shape, TopAbs_SOLID), 0);
-    EXPECT_EQ(count(result.model.shape, TopAbs_SHELL), 1);
+    EXPECT_EQ(countOf(result.model.shape, TopAbs_SOLID), 0);
+    EXPECT_EQ(countOf(result.model.shape, TopAbs_SHELL), 1);
 }
 
 TEST(ModelBuilder, FindsTheSeamThatDidNotArrive) {
     // A cylinder whose side is bounded by two circles and nothing else.
-    ModelRecord record = recordOfShape(testShapes()[3].make());
+    ModelRecord record = recordOfShape(shapeNamed("Cylinder"));
     for (auto& [identifier, loop] : record.loops) {
         if (loop.edges.size() < 4) continue;
         std::map<Identifier, int> uses;
@@ -139,13 +128,13 @@ TEST(ModelBuilder, FindsTheSeamThatDidNotArrive) {
         break;
     }
     const Rebuilt result = rebuilt(record);
-    const double expected = integralOver(testShapes()[3].make()).area;
+    const double expected = integralOver(shapeNamed("Cylinder")).area;
     EXPECT_EQ(result.figures.faces, 3);
     EXPECT_NEAR(result.figures.areaM2 * 1e6, expected, 1e-6 * expected);
 }
 
 TEST(ModelBuilder, BeginsEachFaceBeforeItBuildsIt) {
-    const ModelRecord record = recordOfShape(boxShape());
+    const ModelRecord record = recordOfShape(box());
     std::vector<Identifier> begun;
     Progress progress;
     progress.begins = [&](const Step& step) {

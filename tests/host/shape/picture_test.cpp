@@ -6,7 +6,7 @@
 #include "host/shape/modelbuilder.h"
 #include "host/shape/pngfile.h"
 #include "tests/host/shape/recordofshape.h"
-#include "tests/host/shape/testshapes.h"
+#include "tests/server/shapes.h"
 
 #include <gtest/gtest.h>
 #include <png.h>
@@ -16,6 +16,8 @@
 
 namespace host {
 namespace {
+
+using namespace server::testing;
 
 struct Pixel {
     int red, green, blue;
@@ -60,13 +62,13 @@ void turn(ModelRecord& record, Identifier face) {
 }
 
 TEST(Picture, ShowsNoRedOnASoundSolid) {
-    for (const TestShape& shape : testShapes()) {
+    for (const NamedShape& shape : solidShapes()) {
         EXPECT_EQ(redShare(pictureOf(recordOfShape(shape.make()))), 0.0) << shape.name;
     }
 }
 
 TEST(Picture, ShowsFacesThatAreInsideOutInRed) {
-    const ModelRecord sound = recordOfShape(boxShape());
+    const ModelRecord sound = recordOfShape(box());
     double most = 0.0;
     for (const Identifier face : sound.shells[0].faces) {
         ModelRecord record = sound;
@@ -77,7 +79,7 @@ TEST(Picture, ShowsFacesThatAreInsideOutInRed) {
 }
 
 TEST(Picture, ShowsTheShapeInItsMiddle) {
-    const Image image = pictureOf(recordOfShape(boxShape()));
+    const Image image = pictureOf(recordOfShape(box()));
     ASSERT_EQ(image.width, 320);
     ASSERT_EQ(image.rgb.size(), 320U * 240U * 3U);
     const Pixel middle = pixel(image, 160, 120), corner = pixel(image, 2, 120);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Gives the tests records of known solids: what the reference server would send of a shape, without
-// the wire in between.
+// Gives the tests records of known solids: what arrives at the host of a shape that the reference
+// server sends.
 #pragma once
 
 #include "host/modelling/record.h"

@@ -52,11 +52,7 @@ TEST(Soundness, FindsFaultsInCurves) {
         {with(line, [](auto& r) { r.end.z = 1e300; }), "point"},
         {with(line, [](auto& r) { r.end = r.start; }), "same point"},
         {with(arc, [](auto& r) { r.normal = {}; }), "normal"},
-        {with(arc,
-              [](auto& r) {
-                  r.direction = {0, 0, -3};
-              }),
-         "parallel"},
+        {with(arc, [](auto& r) { r.direction = r.normal * -3.0; }), "parallel"},
         {with(arc, [](auto& r) { r.radius = 0; }), "radius"},
         {with(arc, [](auto& r) { r.radius = -1; }), "radius"},
         {with(arc, [](auto& r) { r.radius = nan; }), "radius"},
@@ -77,11 +73,7 @@ TEST(Soundness, FindsFaultsInSurfaces) {
         return with(nurb, [&](auto& r) { r.knotsU = u; });
     };
     const std::pair<SurfaceRecord, const char*> cases[] = {
-        {PlaneRecord{with(frame,
-                          [](auto& r) {
-                              r.uDirection = {nan, 0, 0};
-                          })},
-         "direction"},
+        {PlaneRecord{with(frame, [](auto& r) { r.uDirection.x = nan; })}, "direction"},
         {PlaneRecord{with(frame, [](auto& r) { r.vRange[1] = infinity; })}, "ranges"},
         {CylinderRecord{frame, 0}, "radius"},
         {SphereRecord{frame, 1e300}, "radius"},
@@ -96,12 +88,7 @@ TEST(Soundness, FindsFaultsInSurfaces) {
         {knots({0, 0, 0, 1}), "too often"},
         {knots({0, 0, nan, 1}), "knot"},
         {knots({0, 1, 1, 2}), "extent"},
-        {with(nurb,
-              [](auto& r) {
-                  r.rows = 2000000000;
-                  r.columns = 2000000000;
-              }),
-         "knots"},
+        {with(nurb, [](auto& r) { r.rows = r.columns = 2000000000; }), "knots"},
         {with(nurb, [](auto& r) { r.rows = -2; }), "control points"},
         {with(nurb, [](auto& r) { r.points.pop_back(); }), "missing"},
         {with(nurb, [](auto& r) { r.points[2].x = nan; }), "control point"},

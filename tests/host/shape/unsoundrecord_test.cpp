@@ -3,18 +3,21 @@
 #include "host/shape/measure.h"
 #include "host/shape/modelbuilder.h"
 #include "tests/host/shape/recordofshape.h"
-#include "tests/host/shape/testshapes.h"
+#include "tests/server/shapes.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 namespace host {
 namespace {
 
+using namespace server::testing;
+
 class UnsoundRecord : public ::testing::Test {
 protected:
-    ModelRecord record_ = recordOfShape(boxShape());
+    ModelRecord record_ = recordOfShape(box());
     Identifier face_ = record_.shells[0].faces[0];
     Identifier loop_ = record_.faces[face_].loops[0];
     Identifier edge_ = record_.loops[loop_].edges[0];
@@ -26,13 +29,10 @@ protected:
         return measured(builtModel(record_, progress), progress);
     }
     bool isDropped(const char* what, Identifier identifier, const char* word) const {
-        for (const DroppedRecord& drop : dropped_) {
-            if (drop.what == what && drop.identifier == identifier &&
-                drop.why.find(word) != std::string::npos) {
-                return true;
-            }
-        }
-        return false;
+        return std::ranges::any_of(dropped_, [&](const DroppedRecord& drop) {
+            return drop.what == what && drop.identifier == identifier &&
+                   drop.why.find(word) != drop.why.npos;
+        });
     }
     void setCurve(Identifier edge, CurveRecord curve) {
         record_.edges[edge].curve = std::make_shared<const CurveRecord>(std::move(curve));
