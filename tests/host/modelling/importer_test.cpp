@@ -8,7 +8,7 @@ namespace {
 class ImporterTest : public ModellingTest {
 protected:
     ImporterTest() {
-        line->define({0, 0, 0}, {1000, 0, 0}, nullptr, 0);
+        line->define({2000, 0, 0}, {1000, 0, 0}, nullptr, 0);
         plane->define({0, 0, 0}, {0, 0, 1}, {1, 0, 0}, {0, 1}, {0, 1});
     }
     IZelCurve* curve() { return zelQuery<IZelCurve>(line.iface); }
@@ -37,6 +37,7 @@ TEST_F(ImporterTest, KeepsAWholeModelWithItsEntry) {
     const EdgeRecord& edge = record.edges.at(1);
     EXPECT_EQ(edge.faces, (std::array<Identifier, 2>{3, 0}));
     EXPECT_EQ(edge.sense, (std::array{false, true}));
+    EXPECT_EQ(std::get<LineRecord>(*edge.curve).start, (ZelVector3{2, 0, 0}));
     EXPECT_EQ(std::get<LineRecord>(*edge.curve).end, (ZelVector3{1, 0, 0}));
     EXPECT_EQ(record.loops.at(2).edges, std::vector<Identifier>{1});
     EXPECT_EQ(record.faces.at(3).loops, std::vector<Identifier>{2});
