@@ -10,8 +10,9 @@
 #include <string>
 
 /// The C library leaks the search path of locales that the test sets; leak checkers call this.
-extern "C" const char* __lsan_default_suppressions();
-extern "C" inline const char* __lsan_default_suppressions() { return "leak:argz_add_sep"; }
+extern "C" [[gnu::used]] inline const char* __lsan_default_suppressions() {
+    return "leak:argz_add_sep";
+}
 
 namespace testsupport {
 

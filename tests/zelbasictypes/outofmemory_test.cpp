@@ -186,6 +186,7 @@ TEST_F(OutOfMemory, EndsTheProcessBehindLogAndMessage) {
 
 TEST_F(OutOfMemory, EndsTheProcessWhereOperatorNewRefusesToo) {
     void* block = nullptr;
+    void* another = nullptr;
     unsigned got = 0;
     korMalloc(&block, 4, 10);
     const auto refused = [](auto allocate) {
@@ -194,7 +195,7 @@ TEST_F(OutOfMemory, EndsTheProcessWhereOperatorNewRefusesToo) {
         const testsupport::RefusingNew refusing;
         allocate();
     };
-    EXPECT_EXIT(refused([&] { korMalloc(&block, 4, 1000); }), outOfMemory, "run out of memory");
+    EXPECT_EXIT(refused([&] { korMalloc(&another, 4, 1000); }), outOfMemory, "run out of memory");
     EXPECT_EXIT(refused([&] { korRealloc(&block, 4, 10, 1000); }), outOfMemory, "run out of mem");
     EXPECT_EXIT(refused([&] { bucketAlloc(1000, got); }), outOfMemory, "run out of memory");
     zelFreeBlock(block);

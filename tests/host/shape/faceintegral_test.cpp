@@ -2,10 +2,9 @@
 // Areas and volumes that are known by formula.
 #include "host/shape/faceintegral.h"
 
+#include "tests/host/shape/integralover.h"
 #include "tests/server/shapes.h"
 
-#include <TopExp_Explorer.hxx>
-#include <TopoDS.hxx>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -17,16 +16,6 @@ namespace {
 using namespace server::testing;
 
 using std::numbers::pi;
-
-FaceIntegral integralOver(const TopoDS_Shape& shape, const gp_Pnt& reference = gp_Pnt()) {
-    FaceIntegral sum;
-    for (TopExp_Explorer walk(shape, TopAbs_FACE); walk.More(); walk.Next()) {
-        const FaceIntegral face = integralOf(TopoDS::Face(walk.Current()), reference);
-        sum.area += face.area;
-        sum.volume += face.volume;
-    }
-    return sum;
-}
 
 struct Known {
     const char* name;

@@ -2,8 +2,8 @@
 // Known solids, sent as records, come back as the same solids.
 #include "host/shape/modelbuilder.h"
 
-#include "host/shape/faceintegral.h"
 #include "host/shape/measure.h"
+#include "tests/host/shape/integralover.h"
 #include "tests/host/shape/recordofshape.h"
 #include "tests/server/shapes.h"
 
@@ -30,16 +30,6 @@ Rebuilt rebuilt(const ModelRecord& record) {
     result.model = builtModel(record, progress);
     result.figures = measured(result.model, progress);
     return result;
-}
-
-FaceIntegral integralOver(const TopoDS_Shape& shape) {
-    FaceIntegral sum;
-    for (TopExp_Explorer walk(shape, TopAbs_FACE); walk.More(); walk.Next()) {
-        const FaceIntegral face = integralOf(TopoDS::Face(walk.Current()), gp_Pnt(1, 2, 3));
-        sum.area += face.area;
-        sum.volume += face.volume;
-    }
-    return sum;
 }
 
 class ModelBuilderShapes : public ::testing::TestWithParam<NamedShape> {};
