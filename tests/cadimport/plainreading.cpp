@@ -28,7 +28,7 @@ struct Reading {
         }
     }
     template <class T> void read(T& whole) {
-        std::apply([this](auto&... parts) { (read(parts), ...); }, fieldsOf(whole));
+        std::apply([&](auto&... parts) { (read(parts), ...); }, fieldsOf(whole));
     }
 };
 

@@ -28,7 +28,7 @@ struct Filler {
         }
     }
     template <class T> void set(T& whole) {
-        std::apply([this](auto&... parts) { (set(parts), ...); }, fieldsOf(whole));
+        std::apply([&](auto&... parts) { (set(parts), ...); }, fieldsOf(whole));
     }
 };
 
