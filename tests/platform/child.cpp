@@ -55,14 +55,9 @@ int nameParent(const char*) {
     return 0;
 }
 
-void leaveMark(const char* path) {
-    std::FILE* file = platform::openStream(path, "w");
-    if (file) std::fclose(file);
-}
-
 int watch(const char* path) {
     platform::onParentDeath([path] {
-        leaveMark(path);
+        if (std::FILE* mark = platform::openStream(path, "w")) std::fclose(mark);
         platform::exitNow(10);
     });
     say("ready");
@@ -86,12 +81,6 @@ int useMemory(const char* limit) {
     std::free(some);
     std::free(tooMuch);
     return held ? 0 : 2;
-}
-
-int printVariable(const char* name) {
-    const char* value = platform::getenv(name);
-    say(value ? value : "(none)");
-    return 0;
 }
 
 /// Only a negative depth, which never comes, would end it.
@@ -124,15 +113,11 @@ int crash(const char* kind) {
 } // namespace
 
 int main(int count, char** arguments) {
-    const std::map<std::string, int (*)(const char*)> jobs{{"hold", hold},
-                                                           {"interrupted", interrupted},
-                                                           {"stubborn", stubborn},
-                                                           {"watch", watch},
-                                                           {"die", die},
-                                                           {"useMemory", useMemory},
-                                                           {"crash", crash},
-                                                           {"printVariable", printVariable},
-                                                           {"nameParent", nameParent}};
+    const std::map<std::string, int (*)(const char*)> jobs{
+        {"hold", hold},         {"interrupted", interrupted},
+        {"stubborn", stubborn}, {"watch", watch},
+        {"die", die},           {"useMemory", useMemory},
+        {"crash", crash},       {"nameParent", nameParent}};
     if (count < 2 || !jobs.contains(arguments[1])) return 99;
     return jobs.at(arguments[1])(count > 2 ? arguments[2] : "");
 }

@@ -8,40 +8,33 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 namespace platform::test {
 namespace {
 
-struct Crash {
-    const char* kind;
-    const char* words;
-};
-
-void PrintTo(const Crash& crash, std::ostream* out) { *out << crash.kind; }
-
-class Crashes : public testing::TestWithParam<Crash> {};
-
-TEST_P(Crashes, AreToldInOneLineAndRemoveTheUnfinishedFile) {
+TEST(Crash, IsToldInOneLineAndRemovesTheUnfinishedFile) {
+    const std::pair<std::string, const char*> kinds[] = {
+        {"abort", "abort"},
+        {"pointer", "invalid memory access"},
+        {"stack", "invalid memory access"},
+        {"memory", "invalid memory access"},
+        {"fault", "arithmetic fault"},
+        {"instruction", "illegal instruction"},
+    };
     const Scratch scratch;
-    scratch.write("unfinished", "half");
     scratch.write("other", "whole");
-    const std::string job = GetParam().kind + (":" + scratch.narrow("unfinished"));
-    ChildProcess child({"crash", QString::fromStdString(job)});
-    EXPECT_EQ(child.exitCode(), 8);
-    EXPECT_EQ(child.errors(),
-              std::string("child: crashed (") + GetParam().words + ") while testing\n");
-    EXPECT_FALSE(scratch.has("unfinished"));
-    EXPECT_TRUE(scratch.has("other"));
+    for (const auto& [kind, words] : kinds) {
+        scratch.write("unfinished", "half");
+        const std::string job = kind + ":" + scratch.narrow("unfinished");
+        ChildProcess child({"crash", QString::fromStdString(job)});
+        EXPECT_EQ(child.exitCode(), 8) << kind;
+        EXPECT_EQ(child.errors(), std::string("child: crashed (") + words + ") while testing\n")
+            << kind;
+        EXPECT_FALSE(scratch.has("unfinished")) << kind;
+        EXPECT_TRUE(scratch.has("other")) << kind;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(, Crashes,
-                         testing::Values(Crash{"abort", "abort"},
-                                         Crash{"pointer", "invalid memory access"},
-                                         Crash{"stack", "invalid memory access"},
-                                         Crash{"memory", "invalid memory access"},
-                                         Crash{"fault", "arithmetic fault"},
-                                         Crash{"instruction", "illegal instruction"}),
-                         [](const auto& given) { return given.param.kind; });
 
 TEST(Crash, WithoutAFileToRemoveIsToldToo) {
     ChildProcess child({"crash", "abort"});

@@ -3,7 +3,6 @@
 #include "platform/process.h"
 
 #include "platform/clock.h"
-#include "platform/environment.h"
 #include "platform/file.h"
 #include "tests/platform/childprocess.h"
 #include "tests/support/scratch.h"
@@ -78,15 +77,6 @@ TEST(Process, LearnsThatItsParentHasGone) {
     ASSERT_EQ(parent.exitCode(), 0);
     for (int turn = 0; turn < 200 && !scratch.has("mark"); ++turn) sleep(50);
     EXPECT_TRUE(scratch.has("mark"));
-}
-
-TEST(Process, PassesItsVariablesOnToChildren) {
-    setEnvironment(u"ZEL_PLATFORM_TEST", u"inherited");
-    ChildProcess with({"printVariable", "ZEL_PLATFORM_TEST"});
-    EXPECT_EQ(with.line(), "inherited");
-    setEnvironment(u"ZEL_PLATFORM_TEST", nullptr);
-    ChildProcess without({"printVariable", "ZEL_PLATFORM_TEST"});
-    EXPECT_EQ(without.line(), "(none)");
 }
 
 TEST(Process, GetsNoMoreMemoryThanItsLimit) {

@@ -14,20 +14,13 @@ namespace {
 
 class Separator : public testing::Test {
 protected:
-    static void choose(const char16_t* variable, const char16_t* name) {
-        setEnvironment(variable, name);
-    }
-
     testsupport::CommaLocale comma; ///< takes back what was chosen
 };
 
-TEST_F(Separator, IsAPointWithoutALocale) {
-    choose(u"LC_ALL", u"C");
+TEST_F(Separator, IsAPointWithoutALocaleAndNotKnownOfAnUnknownOne) {
+    setEnvironment(u"LC_ALL", u"C");
     EXPECT_EQ(decimalSeparator(), u".");
-}
-
-TEST_F(Separator, IsNotKnownOfAnUnknownLocale) {
-    choose(u"LC_ALL", u"xx_XX.nowhere");
+    setEnvironment(u"LC_ALL", u"xx_XX.nowhere");
     EXPECT_EQ(decimalSeparator(), u"");
 }
 
@@ -36,7 +29,7 @@ TEST_F(Separator, IsTheUsersCommaWhileTheProcessWritesPoints) {
     comma.choose();
     EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
     EXPECT_EQ(decimalSeparator(), u",");
-    choose(u"LC_ALL", u"C");
+    setEnvironment(u"LC_ALL", u"C");
     ASSERT_NE(std::setlocale(LC_NUMERIC, comma.name().c_str()), nullptr);
     const std::u16string separator = decimalSeparator();
     std::setlocale(LC_NUMERIC, "C");

@@ -8,15 +8,22 @@
 
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace platform::test {
 namespace {
 
-constexpr std::int32_t flags = open_flag::readWrite | open_flag::create | open_flag::temporary;
+class TemporaryFile : public testing::Test {
+protected:
+    Descriptor make(const char16_t* name, std::int32_t flags = open_flag::temporary) {
+        return open(scratch.path(name).c_str(), open_flag::readWrite | open_flag::create | flags);
+    }
 
-TEST(TemporaryFile, DoesNotTakeAnotherFileOfItsNameAway) {
-    const Scratch scratch;
-    const Descriptor file = open(scratch.path(u"file").c_str(), flags);
+    Scratch scratch;
+};
+
+TEST_F(TemporaryFile, DoesNotTakeAnotherFileOfItsNameAway) {
+    const Descriptor file = make(u"file");
     ASSERT_GE(file, 0);
     ASSERT_EQ(rename(scratch.path(u"file").c_str(), scratch.path(u"moved").c_str()), 0);
     scratch.write("file", "somebody else's");
@@ -24,23 +31,21 @@ TEST(TemporaryFile, DoesNotTakeAnotherFileOfItsNameAway) {
     EXPECT_EQ(scratch.read("file"), "somebody else's");
 }
 
-TEST(TemporaryFile, ClosedBehindOurBackLeavesItsSuccessorAlone) {
-    const Scratch scratch;
-    const Descriptor file = open(scratch.path(u"first").c_str(), flags);
+TEST_F(TemporaryFile, ClosedBehindOurBackLeavesItsSuccessorAlone) {
+    const Descriptor file = make(u"first");
     ASSERT_GE(file, 0);
     ::close(file);
-    const Descriptor next =
-        open(scratch.path(u"second").c_str(), open_flag::writeOnly | open_flag::create);
+    const Descriptor next = make(u"second", 0);
     EXPECT_EQ(next, file) << "the system gives the lowest number again";
     EXPECT_TRUE(close(next));
     EXPECT_TRUE(scratch.has("second"));
 }
 
-TEST(TemporaryFile, GoesAlsoWhenTheDirectoryChanged) {
-    const Scratch scratch;
+TEST_F(TemporaryFile, GoesAlsoWhenTheDirectoryChanged) {
     const std::u16string before = currentDirectory();
     ASSERT_EQ(changeDirectory(scratch.path().c_str()), 0);
-    const Descriptor file = open(u"file", flags);
+    const Descriptor file =
+        open(u"file", open_flag::readWrite | open_flag::create | open_flag::temporary);
     ASSERT_EQ(changeDirectory(before.c_str()), 0);
     ASSERT_GE(file, 0);
     EXPECT_TRUE(scratch.has("file"));
@@ -48,20 +53,16 @@ TEST(TemporaryFile, GoesAlsoWhenTheDirectoryChanged) {
     EXPECT_FALSE(scratch.has("file"));
 }
 
-TEST(TemporaryFile, IsTheUsersOwn) {
-    const Scratch scratch;
+TEST_F(TemporaryFile, IsTheUsersOwn) {
     const mode_t mask = ::umask(022);
-    const Descriptor own = open(scratch.path(u"own").c_str(), flags);
-    const Descriptor plain =
-        open(scratch.path(u"plain").c_str(), open_flag::writeOnly | open_flag::create);
+    const std::pair<Descriptor, mode_t> files[] = {{make(u"own"), 0600}, {make(u"plain", 0), 0644}};
     ::umask(mask);
-    struct ::stat status {};
-    ASSERT_EQ(::fstat(own, &status), 0);
-    EXPECT_EQ(status.st_mode & 0777, 0600u);
-    ASSERT_EQ(::fstat(plain, &status), 0);
-    EXPECT_EQ(status.st_mode & 0777, 0644u);
-    close(own);
-    close(plain);
+    for (const auto& [file, permission] : files) {
+        struct ::stat status {};
+        ASSERT_EQ(::fstat(file, &status), 0);
+        EXPECT_EQ(status.st_mode & 0777, permission);
+        close(file);
+    }
 }
 
 } // namespace
