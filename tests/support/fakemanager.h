@@ -5,7 +5,7 @@
 #include "component/izelcomponentmanager.h"
 #include "component/manageraccess.h"
 #include "component/objects/iptr.h"
-#include "component/objects/queryinterface.h"
+#include "tests/support/service.h"
 
 #include <functional>
 #include <map>
@@ -16,7 +16,7 @@ namespace testsupport {
 
 /// While it lives it is the manager of the test program's copy of the library. Counting is plain:
 /// tests that use it have one thread.
-class FakeManager : public IZelComponentManager {
+class FakeManager : public Service<IZelComponentManager> {
 public:
     using Maker = std::function<IZelUnknown*()>;
 
@@ -38,11 +38,6 @@ public:
     void offerClass(const char* wanted, Maker make) { classes[wanted] = std::move(make); }
 
     std::vector<std::string> lookups; ///< the names asked for, in order
-
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IZelComponentManager>(this, className(), name, result);
-    }
-    const char* className() override { return "FakeManager"; }
 
     std::int32_t createInstance(const ZelGuid&, const KorCString& name, void** out) override {
         return find(classes, name, out);

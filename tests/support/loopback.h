@@ -120,29 +120,23 @@ private:
 /// One at which nobody listens.
 inline std::uint16_t freePort() { return Listener().port(); }
 
-inline Peer connectTo(std::uint16_t port) {
+inline Peer connectTo(std::uint16_t port, double seconds = 20) {
     const platform::Socket socket = platform::createSocket();
-    platform::connectTo(socket, {platform::loopbackHost, port}, 20);
+    platform::connectTo(socket, {platform::loopbackHost, port}, seconds);
     return Peer(socket);
 }
 
 /// A listener whose queue is full, so that a further attempt to connect hangs.
 class DeafListener {
 public:
-    DeafListener() : listener(0) {
-        for (platform::Socket& waiting : crowd) {
-            waiting = platform::createSocket();
-            platform::connectTo(waiting, {platform::loopbackHost, listener.port()}, 0.2);
-        }
-    }
-    ~DeafListener() {
-        for (const platform::Socket waiting : crowd) platform::closeSocket(waiting);
+    DeafListener() {
+        for (Peer& waiting : crowd) waiting = connectTo(port(), 0.2);
     }
     std::uint16_t port() const { return listener.port(); }
 
 private:
-    Listener listener;
-    platform::Socket crowd[3];
+    Listener listener{0};
+    Peer crowd[3];
 };
 
 /// A payload with its count in front.
