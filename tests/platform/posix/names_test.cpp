@@ -6,11 +6,9 @@
 
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
 #include <random>
 #include <set>
 #include <string>
-#include <unistd.h>
 
 namespace platform::test {
 namespace {
@@ -23,15 +21,7 @@ NameSet entries(const std::u16string& directory) {
 
 class Names : public testing::Test {
 protected:
-    std::string pathOf(const std::string& name) const { return scratch.root.string() + '/' + name; }
-    void make(const std::string& name) {
-        const int file = ::open(pathOf(name).c_str(), O_CREAT | O_RDWR, 0600);
-        ASSERT_GE(file, 0) << testing::PrintToString(name);
-        ::close(file);
-    }
-    bool isThere(const std::string& name) { return ::access(pathOf(name).c_str(), F_OK) == 0; }
-
-    Scratch scratch;
+    Scratch scratch; ///< passes bytes on as they are
 };
 
 TEST_F(Names, HaveTheWideFormThatIsTold) {
@@ -52,7 +42,7 @@ TEST_F(Names, HaveTheWideFormThatIsTold) {
         {"\xe6\xbc", units({0xDCE6, 0xDCBC})},
     };
     for (const auto& row : table) {
-        make(row.bytes);
+        scratch.write(row.bytes, "");
         EXPECT_EQ(entries(scratch.path()), std::set{row.units})
             << testing::PrintToString(row.bytes);
         // A backslash in a narrow path is no part of a name.
@@ -60,7 +50,7 @@ TEST_F(Names, HaveTheWideFormThatIsTold) {
             EXPECT_EQ(widePath(row.bytes.c_str()), row.units);
         }
         EXPECT_EQ(unlink(scratch.path(row.units).c_str()), 0) << testing::PrintToString(row.bytes);
-        EXPECT_FALSE(isThere(row.bytes));
+        EXPECT_FALSE(scratch.has(row.bytes));
     }
 }
 
@@ -80,7 +70,7 @@ TEST_F(Names, OfRandomPiecesLeadBackToTheirFiles) {
         for (std::size_t n = 1 + random() % 6; n > 0; --n) {
             name += pieces[random() % std::size(pieces)];
         }
-        make(name);
+        scratch.write(name, "");
         made.insert(name);
     }
     const auto listed = entries(scratch.path());

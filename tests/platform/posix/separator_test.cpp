@@ -12,19 +12,16 @@
 namespace platform::test {
 namespace {
 
-class Separator : public testing::Test {
-protected:
-    testsupport::CommaLocale comma; ///< takes back what was chosen
-};
-
-TEST_F(Separator, IsAPointWithoutALocaleAndNotKnownOfAnUnknownOne) {
+TEST(Separator, IsAPointWithoutALocaleAndNotKnownOfAnUnknownOne) {
+    const testsupport::CommaLocale takesBackWhatIsChosen;
     setEnvironment(u"LC_ALL", u"C");
     EXPECT_EQ(decimalSeparator(), u".");
     setEnvironment(u"LC_ALL", u"xx_XX.nowhere");
     EXPECT_EQ(decimalSeparator(), u"");
 }
 
-TEST_F(Separator, IsTheUsersCommaWhileTheProcessWritesPoints) {
+TEST(Separator, IsTheUsersCommaWhileTheProcessWritesPoints) {
+    const testsupport::CommaLocale comma;
     if (!comma.isThere()) GTEST_SKIP() << "no locale with a comma is installed or can be made";
     comma.choose();
     EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
