@@ -5,6 +5,7 @@
 #include "zelbasictypes/diagnostics/zelassert.h"
 
 #include <string>
+#include <vector>
 
 class AssertionCounter {
 public:
@@ -15,11 +16,12 @@ public:
 
     int count = 0;
     std::string last;
+    std::vector<std::string> all;
 
 private:
     static void note(void* context, const char* expression, const char*, std::int32_t) {
         auto* self = static_cast<AssertionCounter*>(context);
         ++self->count;
-        self->last = expression;
+        self->all.push_back(self->last = expression);
     }
 };

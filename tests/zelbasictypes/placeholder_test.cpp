@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 // Placeholders, shortening and packed lists.
 #include "tests/zelbasictypes/assertioncounter.h"
+#include "tests/zelbasictypes/textmodel.h"
 #include "zelbasictypes/text/packedlist.h"
 #include "zelbasictypes/text/zelformat.h"
 
 #include <climits>
-#include <cstring>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -53,14 +53,6 @@ TEST(Substitute, FillsInOnePass) {
         KorString text(row.text);
         text.substitute(args);
         EXPECT_EQ(text, row.filled) << row.text;
-    }
-}
-
-TEST(Fit, MarksTheCutWithFullStops) {
-    const char* const cut[] = {"abcde...", "...pqrst", "ab...rst"};
-    for (const std::int32_t mode : {0, 1, 2}) {
-        EXPECT_EQ(KorCString("abcdefghijklmnopqrst").fit(8, mode, 3), cut[mode]);
-        EXPECT_EQ(KorString("abcdefghijklmnopqrst").fit(8, mode, 3), cut[mode]);
     }
 }
 
@@ -119,8 +111,8 @@ TEST(PackedList, ReadsWhatIsThere) {
         {"3 ", {""}},
     };
     for (const auto& row : cases) {
-        const std::u16string wide(row.text, row.text + std::strlen(row.text));
-        const std::vector<char16_t> exact(wide.c_str(), wide.c_str() + wide.size() + 1);
+        const std::string narrow(row.text);
+        const auto exact = textmodel::exactCopy(std::u16string(narrow.begin(), narrow.end()));
         EXPECT_EQ(unpacked(KorString::borrow(exact.data())), row.entries) << row.text;
     }
     EXPECT_EQ(unpacked(KorString()), List());
