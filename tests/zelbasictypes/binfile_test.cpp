@@ -25,12 +25,10 @@ std::string counting(std::size_t length) {
     return text;
 }
 
-class BinFile : public testing::Test {
+class BinFile : public DirectoryTest {
 protected:
-    KorString path() const { return directory.path("file"); }
-    std::string content() const { return directory.read("file"); }
-
-    TemporaryDirectory directory;
+    std::int64_t below(std::int64_t limit) { return static_cast<std::int64_t>(random()) % limit; }
+    std::mt19937 random{2};
 };
 
 /// The same random operations on a file that reads ahead and on plain memory.
@@ -40,10 +38,6 @@ TEST_F(BinFile, InputBehavesAsMemoryDoes) {
     BinInputFile file(path());
     BinInputMemory memory(source.data(), source.size());
     ASSERT_EQ(file.size(), source.size());
-    std::mt19937 random(2);
-    const auto below = [&](std::int64_t limit) {
-        return static_cast<std::int64_t>(random()) % limit;
-    };
     const auto typed = [&](auto number, std::size_t count) {
         std::vector<decltype(number)> a(300), b(300);
         ASSERT_EQ(file.read(a.data(), count), memory.read(b.data(), count));
@@ -84,10 +78,6 @@ TEST_F(BinFile, InputBehavesAsMemoryDoes) {
 TEST_F(BinFile, OutputBehavesAsMemoryDoes) {
     BinOutputFile file(path());
     BinOutputMemory memory;
-    std::mt19937 random(3);
-    const auto below = [&](std::int64_t limit) {
-        return static_cast<std::int64_t>(random()) % limit;
-    };
     const auto seek = [&](std::int64_t offset, bool fromStart) {
         ASSERT_TRUE(file.seek(offset, fromStart) && memory.seek(offset, fromStart));
     };
@@ -127,19 +117,7 @@ TEST_F(BinFile, OutputBehavesAsMemoryDoes) {
     }
     ASSERT_TRUE(file.flushDevice());
     memory.flushBuffer();
-    EXPECT_EQ(content(), std::string(memory.bytes().begin(), memory.bytes().end()));
-}
-
-TEST_F(BinFile, WhatIsStagedAndNeverFlushedChangesNothing) {
-    const std::string before = counting(4000);
-    {
-        BinOutputFile file(path());
-        file.writeBytes(before.data(), before.size());
-        file.seek(0);
-        file.writeBytes(before.data(), BinOutput::stageBytes);
-        file.writeBytes("lost", 4);
-    }
-    EXPECT_EQ(content(), before);
+    EXPECT_EQ(contents(), std::string(memory.bytes().begin(), memory.bytes().end()));
 }
 
 TEST_F(BinFile, WithoutADeviceNothingWorksAndNothingHurts) {
@@ -162,7 +140,7 @@ TEST_F(BinFile, WithoutADeviceNothingWorksAndNothingHurts) {
         EXPECT_EQ(output.readBack(&byte, 1), 0u);
         EXPECT_TRUE(output.close());
         directory.write("file", "abc");
-        input.setFile(std::fopen(directory.narrow("file").c_str(), "rb"));
+        input.setFile(std::fopen(narrow().c_str(), "rb"));
         EXPECT_TRUE(input.read(&byte, 1));
         EXPECT_EQ(byte, 'a');
         input.close();
@@ -188,11 +166,11 @@ TEST_F(BinFile, AFileHandedOutStandsWhereTheStreamStands) {
     std::fputc('x', output.file());
     output.write(text, 1);
     EXPECT_TRUE(output.close());
-    EXPECT_EQ(content(), "12x15");
+    EXPECT_EQ(contents(), "12x15");
 }
 
 TEST_F(BinFile, TakesAFileOver) {
-    std::FILE* file = std::fopen(directory.narrow("file").c_str(), "w+b");
+    std::FILE* file = std::fopen(narrow().c_str(), "w+b");
     std::fputs("head", file);
     {
         BinOutputFile output(file);
@@ -202,8 +180,8 @@ TEST_F(BinFile, TakesAFileOver) {
         output.flushDevice();
         output.write(text, 4); // stays in the stage, and is lost
     }
-    EXPECT_EQ(content(), "headtail");
-    file = std::fopen(directory.narrow("file").c_str(), "rb");
+    EXPECT_EQ(contents(), "headtail");
+    file = std::fopen(narrow().c_str(), "rb");
     std::fgetc(file);
     BinInputFile input(file);
     EXPECT_EQ(input.size(), 8u);
@@ -311,14 +289,14 @@ TEST_F(BinFile, AFileOfAKilledWriterReadsAsFarAsItsBlocksAreEnded) {
             "");
         ZelFileRead reader;
         ASSERT_TRUE(reader.open(path()));
-        if (content().empty()) {
+        if (contents().empty()) {
             EXPECT_FALSE(reader.good());
             continue;
         }
         EXPECT_TRUE(reader.good()) << writes; // the file block reaches to the end
         counts.push_back(countNumbers(reader));
         EXPECT_EQ(reader.good(),
-                  content().size() == static_cast<std::size_t>(reader.stream()->tell()))
+                  contents().size() == static_cast<std::size_t>(reader.stream()->tell()))
             << writes;
         ASSERT_LT(writes, 100);
     }
@@ -379,7 +357,7 @@ TEST_F(BinFile, ANarrowFileSaysThatABlockBecameTooLong) {
         EXPECT_EQ(writer.good(), length == 0xFFFFFFFFLL);
         EXPECT_EQ(writer.stream()->tell(), 8 + length);
         writer.close();
-        EXPECT_EQ(content().substr(12, 4), "\xFF\xFF\xFF\xFF");
+        EXPECT_EQ(contents().substr(12, 4), "\xFF\xFF\xFF\xFF");
     }
 }
 

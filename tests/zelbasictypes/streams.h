@@ -1,11 +1,22 @@
 // SPDX-License-Identifier: Apache-2.0
-// Devices that deliver in pieces, refuse, and note what they were asked for.
+// Streams in memory, and devices that deliver in pieces, refuse, and note what they were asked for.
 #pragma once
 
 #include "tests/zelbasictypes/bytes.h"
 #include "zelbasictypes/data/binmemory.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
+
+/// What stands in a stream once `write` has gone well.
+template <class Write> Bytes writtenBy(Write write, std::uint32_t version = 0) {
+    BinOutputMemory out;
+    out.setVersion(version);
+    EXPECT_TRUE(write(out));
+    out.flushBuffer();
+    return out.bytes();
+}
 
 /// Gives at most `portion` bytes a call, and holds none ahead.
 class PortionInput : public BinInput {

@@ -5,6 +5,8 @@
 #include "tests/support/scratch.h"
 #include "zelbasictypes/text/korstring.h"
 
+#include <gtest/gtest.h>
+
 #include <string>
 
 class TemporaryDirectory : public Scratch {
@@ -15,4 +17,14 @@ public:
         while (text.back() == u'\\') text.pop_back();
         return KorString(text.c_str());
     }
+};
+
+/// A test with such a directory, where most of what it does is done to one file.
+class DirectoryTest : public testing::Test {
+protected:
+    KorString path(const std::string& name = "file") const { return directory.path(name); }
+    std::string narrow(const std::string& name = "file") const { return directory.narrow(name); }
+    std::string contents(const std::string& name = "file") const { return directory.read(name); }
+
+    TemporaryDirectory directory;
 };

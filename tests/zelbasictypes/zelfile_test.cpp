@@ -4,6 +4,7 @@
 #include "zelbasictypes/data/zelfile.h"
 
 #include "tests/zelbasictypes/assertioncounter.h"
+#include "tests/zelbasictypes/mathtest.h"
 #include "tests/zelbasictypes/modelbytes.h"
 #include "tests/zelbasictypes/sampleguid.h"
 #include "tests/zelbasictypes/streams.h"
@@ -11,13 +12,13 @@
 #include "zelbasictypes/data/binio.h"
 #include "zelbasictypes/data/zelblocktags.h"
 #include "zelbasictypes/data/zelguid.h"
-#include "zelbasictypes/math/zelmatrix4.h"
 #include "zelbasictypes/text/korcstring.h"
 #include "zelbasictypes/text/korstring.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <tuple>
 
 namespace {
 
@@ -35,12 +36,13 @@ struct Form {
 
 void PrintTo(const Form& form, std::ostream* out) { *out << form.name; }
 
-template <class T> Form value(const char* name, const T& sent) {
-    return {name, [sent](ZelFileWrite& writer) { writer << sent; },
+template <class... T> Form values(const char* name, const T&... sent) {
+    return {name, [sent...](ZelFileWrite& writer) { (writer << ... << sent); },
             [](ZelFileRead& reader, ZelFileWrite& writer) {
-                T value{};
-                reader >> value;
-                writer << value;
+                std::tuple<T...> read;
+                std::apply([&](auto&... each) { (reader >> ... >> each); }, read);
+                EXPECT_TRUE(reader.atBlockEnd());
+                std::apply([&](const auto&... each) { (writer << ... << each); }, read);
             }};
 }
 
@@ -124,44 +126,18 @@ ZelFileRead& operator>>(ZelFileRead& reader, Numbers<T, N>& numbers) {
     return reader >> numbers.value;
 }
 
-ZelMatrix4 countingMatrix() {
-    ZelMatrix4 result;
-    for (int i = 0; i < 16; ++i) result.m[i] = i;
-    return result;
-}
-
 std::vector<Form> forms() {
     return {
-        value("guid", sampleGuid),
-        value("vector", ZelVector3{1, 2.5, 3}),
-        value("matrix", countingMatrix()),
-        value("fourdoubles", Numbers<double, 4>{{1, 0, 0, -1}}),
-        value("floatpair", Numbers<float, 2>{{1, -2.5f}}),
-        value("doublepair", Numbers<double, 2>{{1, -0.1}}),
+        values("guid", sampleGuid),
+        values("vector", ZelVector3{1, 2.5, 3}),
+        values("matrix", mathtest::counting),
+        values("fourdoubles", Numbers<double, 4>{{1, 0, 0, -1}}),
+        values("floatpair", Numbers<float, 2>{{1, -2.5f}}),
+        values("doublepair", Numbers<double, 2>{{1, -0.1}}),
         texts("widetext", KorString(u"Ma\u00DF \u03B1")),
         texts("narrowtext", KorCString("KorCString")),
-        {"bare",
-         [](ZelFileWrite& writer) {
-             writer.writeDouble(-0.5);
-             writer.writeFloat(0.25f);
-             writer.writeUnsigned(4000000000u);
-             writer.writeInt(-2);
-             writer.writeChar('x');
-             writer.writeByte(200);
-             writer << static_cast<signed char>(-3);
-         },
-         [](ZelFileRead& reader, ZelFileWrite& writer) {
-             double d;
-             float f;
-             std::uint32_t u;
-             std::int32_t i;
-             char c;
-             unsigned char b;
-             signed char s;
-             reader >> d >> f >> u >> i >> c >> b >> s;
-             EXPECT_TRUE(reader.atBlockEnd());
-             writer << d << f << u << i << c << b << s;
-         }},
+        values("bare", -0.5, 0.25f, 4000000000u, -2, 'x', static_cast<unsigned char>(200),
+               static_cast<signed char>(-3)),
         {"object",
          [](ZelFileWrite& writer) {
              writeObject(writer, 7, 3, {0, 0, 1});
@@ -620,14 +596,12 @@ TEST(KorString, HasAFileToItself) {
 }
 
 TEST(KorString, WritesItselfToAStream) {
-    BinOutputMemory output;
-    output.setVersion(5);
-    EXPECT_TRUE(KorString(u"AB").write(output));
-    EXPECT_TRUE(KorCString("cd").write(output));
-    output.flushBuffer();
-    EXPECT_EQ(output.bytes(), bytes("01 00 05 00 00 00 00 0C 00 41 00 42"
-                                    "01 00 03 00 00 00 00 0A 63 64"));
-    BinInputMemory input(output.bytes());
+    const Bytes written = writtenBy(
+        [](BinOutput& out) { return KorString(u"AB").write(out) && KorCString("cd").write(out); },
+        5);
+    EXPECT_EQ(written, bytes("01 00 05 00 00 00 00 0C 00 41 00 42"
+                             "01 00 03 00 00 00 00 0A 63 64"));
+    BinInputMemory input(written);
     KorString wide;
     KorCString narrow;
     EXPECT_TRUE(wide.read(input));

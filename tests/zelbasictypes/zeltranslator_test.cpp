@@ -3,9 +3,9 @@
 #include "zelbasictypes/text/zeltranslator.h"
 
 #include "component/objects/moduleidentity.h"
-#include "component/objects/queryinterface.h"
 #include "component/objects/services/izeltranslatorservice.h"
 #include "tests/support/fakemanager.h"
+#include "tests/support/service.h"
 #include "zelbasictypes/text/zeltrivialtranslator.h"
 
 #include <gtest/gtest.h>
@@ -28,12 +28,8 @@ private:
     const char* mark_;
 };
 
-class Translators : public IZelTranslatorService {
+class Translators : public testsupport::Service<IZelTranslatorService> {
 public:
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IZelTranslatorService>(this, className(), name, result);
-    }
-    const char* className() override { return "Translators"; }
     void reserved1() override {}
     IZelTranslator* translatorFor(const ZelGuid* componentId) override {
         EXPECT_EQ(componentId, zelComponentId());
