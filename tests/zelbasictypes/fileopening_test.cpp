@@ -21,9 +21,8 @@ struct Closer {
 };
 using Stream = std::unique_ptr<std::FILE, Closer>;
 
-class FileOpening : public testing::Test {
+class FileOpening : public DirectoryTest {
 protected:
-    KorString path(const std::string& name = "file") const { return directory.path(name); }
     Stream alone(const char* mode, double seconds = 0) const {
         return Stream(zelOpenFileRetry(path(), mode, seconds));
     }
@@ -31,8 +30,6 @@ protected:
         char block[100];
         return {block, std::fread(block, 1, sizeof block, stream.get())};
     }
-
-    TemporaryDirectory directory;
 };
 
 using Clock = std::chrono::steady_clock;
@@ -67,7 +64,7 @@ TEST_F(FileOpening, SendsAStreamElsewhere) {
 TEST_F(FileOpening, ForWritingAloneKeepsTheTailOfALongerFile) {
     directory.write("file", "abcdef");
     std::fputs("XY", alone("wb").get());
-    EXPECT_EQ(directory.read("file"), "XYcdef");
+    EXPECT_EQ(contents(), "XYcdef");
     std::filesystem::remove(directory.root / "file");
     EXPECT_NE(alone("w"), nullptr) << "makes a missing file";
     EXPECT_TRUE(directory.has("file"));
@@ -79,7 +76,7 @@ TEST_F(FileOpening, AloneShutsEverybodyElseOut) {
     ASSERT_NE(holder, nullptr);
     EXPECT_EQ(alone("rb"), nullptr);
     EXPECT_EQ(zelOpenFile(path(), "rb"), nullptr);
-    EXPECT_EQ(zelOpenFileRetry(directory.narrow("file").c_str(), "rb", 0), nullptr);
+    EXPECT_EQ(zelOpenFileRetry(narrow().c_str(), "rb", 0), nullptr);
     const auto start = Clock::now();
     EXPECT_EQ(alone("wb", 60), nullptr) << "a writer doesn't wait";
     EXPECT_EQ(alone("rb", -1), nullptr);
@@ -118,7 +115,7 @@ TEST_F(FileOpening, WithAModeThatAsksForMoreFailsWhereItIsUsed) {
     EXPECT_EQ(rest(both), "abc");
     EXPECT_TRUE(std::fputc('x', both.get()) == EOF || std::fflush(both.get()) == EOF);
     both.reset();
-    EXPECT_EQ(directory.read("file"), "abc");
+    EXPECT_EQ(contents(), "abc");
 }
 
 TEST_F(FileOpening, WritesInPieces) {
@@ -137,7 +134,7 @@ TEST_F(FileOpening, WritesInPieces) {
         const Stream file(zelOpenFile(path(), "wb"));
         EXPECT_EQ(writeChunked(data.data(), file.get(), c.total, c.chunk), c.expected);
         std::fflush(file.get());
-        EXPECT_EQ(directory.read("file").size(), c.written) << c.total << " by " << c.chunk;
+        EXPECT_EQ(contents().size(), c.written) << c.total << " by " << c.chunk;
     }
     const Stream reader(zelOpenFile(path(), "rb"));
     EXPECT_FALSE(writeChunked(data.data(), reader.get(), 1000, 10));
@@ -153,7 +150,7 @@ TEST_F(FileOpening, PassesThePlatformsAnswersOn) {
     EXPECT_EQ(statPath(path("missing"), &record), -1);
     EXPECT_TRUE(makeDirectoryOnce(path("one")));
     EXPECT_FALSE(makeDirectoryOnce(path("one")));
-    const std::string two = directory.narrow("two");
+    const std::string two = narrow("two");
     EXPECT_TRUE(makeDirectoryOnce(two.c_str()));
     EXPECT_FALSE(makeDirectoryOnce(two.c_str()));
     unlinkPath(path());

@@ -27,7 +27,7 @@ Tree treeOf(const fs::path& top) {
     return found;
 }
 
-class FileTrees : public testing::Test {
+class FileTrees : public DirectoryTest {
 protected:
     FileTrees() {
         directory.makeDirectory("from/sub/deep");
@@ -35,8 +35,6 @@ protected:
         directory.write("from/file", std::string(5000, 'f'));
         directory.write("from/sub/deep/leaf", "leaf");
     }
-    KorString path(const std::string& name) const { return directory.path(name); }
-    std::string narrow(const std::string& name) const { return directory.narrow(name); }
     Tree tree(const std::string& name) const { return treeOf(directory.root / name); }
     /// False, and the test is to be skipped, where there are no links.
     bool link(const std::string& name, const std::string& to) const {
@@ -45,7 +43,6 @@ protected:
         return !failed;
     }
 
-    TemporaryDirectory directory;
     const Tree whole{{"file", std::string(5000, 'f')},
                      {"empty", "/"},
                      {"sub", "/"},

@@ -13,7 +13,7 @@
 
 namespace {
 
-class PathFiles : public testing::Test {
+class PathFiles : public DirectoryTest {
 protected:
     /// Name, kind and size of the entries of a walk.
     std::map<std::string, std::string> walk(const std::string& name, bool skipDots) const {
@@ -32,9 +32,6 @@ protected:
         }
         return found;
     }
-    std::string narrow(const std::string& name) const { return directory.narrow(name); }
-
-    TemporaryDirectory directory;
 };
 
 using Entries = std::map<std::string, std::string>;

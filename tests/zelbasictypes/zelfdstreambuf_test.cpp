@@ -19,11 +19,8 @@ constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
 const std::streampos nowhere(std::streamoff(-1));
 namespace mode = zelmode;
 
-class FdStreambuf : public testing::Test {
+class FdStreambuf : public DirectoryTest {
 protected:
-    KorString path(const std::string& name = "file") const { return directory.path(name); }
-    std::string contents(const std::string& name = "file") const { return directory.read(name); }
-
     /// Opens the buffer on a file of that content.
     void openOn(const std::string& content, std::int32_t how = both) {
         directory.write("file", content);
@@ -31,7 +28,6 @@ protected:
     }
 
     static constexpr std::int32_t both = mode::in | mode::out | mode::binary;
-    TemporaryDirectory directory;
     ZelFdStreambuf buffer;
 };
 

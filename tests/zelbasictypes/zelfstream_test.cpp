@@ -18,13 +18,7 @@ namespace {
 
 namespace mode = zelmode;
 
-class ZelFile : public testing::Test {
-protected:
-    KorString path(const std::string& name = "file") const { return directory.path(name); }
-    std::string contents(const std::string& name = "file") const { return directory.read(name); }
-
-    TemporaryDirectory directory;
-};
+using ZelFile = DirectoryTest;
 
 /// The process and the counter stand in the name as 8 lower-case hexadecimal digits each.
 void expectTempName(const KorString& name, const std::string& directory) {
@@ -78,7 +72,7 @@ TEST_F(ZelFile, AFailedOpenIsSeenInTheStateAndMayBeTriedAgain) {
     file.clear();
     file.open(path(), mode::readBinary);
     EXPECT_EQ(file.get(), 'a');
-    ZelIfstream other(directory.narrow("file").c_str(), mode::readBinary);
+    ZelIfstream other(narrow().c_str(), mode::readBinary);
     EXPECT_EQ(other.get(), 'a');
 }
 
@@ -101,7 +95,7 @@ TEST_F(ZelFile, CopiesFilesOfAnyLength) {
         directory.write("copy", std::string(20000, 'x'));
         EXPECT_TRUE(copyFile(path(), path("copy")));
         EXPECT_EQ(contents("copy"), data);
-        EXPECT_TRUE(copyFile(directory.narrow("file").c_str(), directory.narrow("narrow").c_str()));
+        EXPECT_TRUE(copyFile(narrow().c_str(), narrow("narrow").c_str()));
         EXPECT_EQ(contents("narrow"), data);
     }
     EXPECT_FALSE(copyFile(path("missing"), path("copy")));
@@ -116,8 +110,7 @@ TEST_F(ZelFile, ACopyOntoItselfLeavesTheFileAlone) {
     directory.write("file", "abc");
     directory.makeDirectory("d");
     EXPECT_TRUE(copyFile(path(), path()));
-    const std::string narrow = directory.narrow("file");
-    EXPECT_TRUE(copyFile(narrow.c_str(), narrow.c_str()));
+    EXPECT_TRUE(copyFile(narrow().c_str(), narrow().c_str()));
     EXPECT_TRUE(copyFile(path(), path("d/../file")));
     std::error_code failed;
     std::filesystem::create_hard_link(directory.root / "file", directory.root / "link", failed);
