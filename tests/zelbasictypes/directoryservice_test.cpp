@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // A host that knows the directory of temporary files, in a process of its own, since the library
 // looks for the service only once.
-#include "component/objects/queryinterface.h"
 #include "component/objects/services/izeldirservice.h"
+#include "tests/support/service.h"
 #include "tests/zelbasictypes/fakehost.h"
 #include "zelbasictypes/files/fileoperations.h"
 #include "zelbasictypes/files/pathoperations.h"
@@ -13,12 +13,8 @@
 
 namespace {
 
-class Directories : public IZelDirService {
+class Directories : public testsupport::Service<IZelDirService> {
 public:
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IZelDirService>(this, className(), name, result);
-    }
-    const char* className() override { return "Directories"; }
     const KorString& directory(const char* name) override {
         asked = name;
         return answer;

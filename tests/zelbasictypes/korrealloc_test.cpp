@@ -4,11 +4,11 @@
 
 #include "platform/file.h"
 #include "tests/support/endings.h"
+#include "tests/zelbasictypes/assertioncounter.h"
 #include "tests/zelbasictypes/fakehost.h"
 #include "tests/zelbasictypes/samplemanager.h"
 #include "tests/zelbasictypes/samplestore.h"
 #include "tests/zelbasictypes/temporarydirectory.h"
-#include "zelbasictypes/diagnostics/zelassert.h"
 #include "zelbasictypes/memory/bucketmemorypool.h"
 #include "zelbasictypes/memory/heapseam.h"
 #include "zelbasictypes/text/korstring.h"
@@ -30,6 +30,8 @@
 #endif
 
 namespace {
+
+namespace fs = std::filesystem;
 
 constexpr std::int32_t elementSize = 4;
 constexpr auto outOfMemory = testsupport::endedWithMinusOne;
@@ -90,7 +92,7 @@ protected:
         log >> label >> attempted;
         EXPECT_EQ(label, "attempted:");
         EXPECT_EQ(attempted, bytes);
-        std::filesystem::remove(directory.root / "memory.log");
+        fs::remove(directory.root / "memory.log");
         EXPECT_TRUE(directory.isEmpty()) << "the temporary file is left behind";
     }
     bool openFilesCanBeCut() const {
@@ -99,9 +101,9 @@ protected:
                            platform::open_flag::writeOnly | platform::open_flag::create,
                            platform::share::denyReadWrite);
         std::error_code failed;
-        std::filesystem::resize_file(directory.root / "open", 100, failed);
+        fs::resize_file(directory.root / "open", 100, failed);
         platform::close(file);
-        std::filesystem::remove(directory.root / "open");
+        fs::remove(directory.root / "open");
         return !failed;
     }
     static std::size_t elementsOf(std::size_t count) { return count * elementSize; }
@@ -193,16 +195,10 @@ TEST_F(KorRealloc, ReclaimsForTheBlockBehindTheFile) {
 }
 
 TEST_F(KorRealloc, GoesOnAfterAContradictoryWish) {
-    std::vector<std::string> failed;
-    zelSetAssertHandler(
-        [](void* context, const char* expression, const char*, std::int32_t) {
-            static_cast<std::vector<std::string>*>(context)->emplace_back(expression);
-        },
-        &failed);
+    const AssertionCounter assertions;
     fill(10);
     EXPECT_EQ(grow(30, 20), 20);
-    zelSetAssertHandler(nullptr, nullptr);
-    EXPECT_EQ(failed,
+    EXPECT_EQ(assertions.all,
               (std::vector<std::string>{"maxNewSize >= minNewSize",
                                         "minNewSize > curSize && maxNewSize >= minNewSize"}));
 }
@@ -254,17 +250,15 @@ TEST_F(KorRealloc, EndsTheProcessWhenTheTemporaryFileIsCut) {
     if (!openFilesCanBeCut()) GTEST_SKIP() << "this system keeps open files from being cut";
     fill(5000);
     scarcity.greatestResize = 0;
-    static std::filesystem::path spilled;
+    static fs::path spilled;
     spilled = directory.root;
     expectEnd(
         [this] {
             // Somebody cuts the file while its block is away from the heap.
             zelSetHeap({[](std::size_t bytes) {
                             if (bytes == elementsOf(8000)) {
-                                for (const auto& entry :
-                                     std::filesystem::directory_iterator(spilled)) {
-                                    std::filesystem::resize_file(entry.path(), 100);
-                                }
+                                for (const auto& entry : fs::directory_iterator(spilled))
+                                    fs::resize_file(entry.path(), 100);
                             }
                             return std::malloc(bytes);
                         },

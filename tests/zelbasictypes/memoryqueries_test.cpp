@@ -76,7 +76,9 @@ protected:
     std::uint32_t ask(std::uint32_t unit) {
         return zelMemoryStatus(&free, &total, &swapFree, &swapTotal, unit);
     }
-    void expect(std::uint64_t f, std::uint64_t t, std::uint64_t sf, std::uint64_t st) const {
+    void expectStatus(std::uint32_t unit, std::uint64_t f, std::uint64_t t, std::uint64_t sf,
+                      std::uint64_t st, std::uint32_t answer = 0) {
+        EXPECT_EQ(ask(unit), answer);
         EXPECT_EQ(free, f);
         EXPECT_EQ(total, t);
         EXPECT_EQ(swapFree, sf);
@@ -92,19 +94,15 @@ protected:
 } // namespace
 
 TEST_F(MemoryQueries, StatusTakesTheSmallestOfWhatBoundsSwapSpace) {
-    EXPECT_EQ(ask(1), 0u);
-    expect(4000, 16000, 9000, 20000);
+    expectStatus(1, 4000, 16000, 9000, 20000);
     machine.status.virtualTotal = 30000;
     machine.status.virtualFree = 12999;
-    EXPECT_EQ(ask(10), 0u);
-    expect(400, 1600, 899, 1400);
+    expectStatus(10, 400, 1600, 899, 1400);
     machine.status.pageFileFree = 50000;
     machine.status.virtualFree = 90000;
-    EXPECT_EQ(ask(0), 0u);
-    expect(4000, 16000, 14000, 14000);
+    expectStatus(0, 4000, 16000, 14000, 14000);
     machine.status.virtualTotal = 10000; // less than the machine has
-    EXPECT_EQ(ask(1), 0u);
-    expect(4000, 16000, 0, 0);
+    expectStatus(1, 4000, 16000, 0, 0);
 }
 
 TEST_F(MemoryQueries, AddsTheWantedShareOfSwapSpace) {
@@ -135,8 +133,7 @@ TEST_F(MemoryQueries, ReadsTheWorkingSetOfTheProcess) {
 
 TEST_F(MemoryQueries, FallsBackWhereTheSystemDoesNotTell) {
     machine.tells = false;
-    EXPECT_EQ(ask(1), 0xFFFFFFFFu);
-    expect(1, 2, 3, 4);
+    expectStatus(1, 1, 2, 3, 4, 0xFFFFFFFF);
     EXPECT_EQ(zelMemoryAvailable(1, 1), -1);
     EXPECT_EQ(zelMemoryFree(1024), -1);
     EXPECT_EQ(zelVirtualFree(1024), 1800u);
@@ -150,8 +147,7 @@ TEST_F(MemoryQueries, AskAnActiveCheckerInPlaceOfTheSystem) {
     fakehost::offer<IMemChecker>(&checker());
     EXPECT_EQ(zelMemoryFree(1), 4000) << "not active";
     checker().active = true;
-    EXPECT_EQ(ask(unitsOf24), 0u);
-    expect(10 * unitsOf24, 20, 30, 40);
+    expectStatus(unitsOf24, 10 * unitsOf24, 20, 30, 40);
     EXPECT_EQ(zelMemoryAvailable(0.1, 1), 13);
     EXPECT_EQ(zelProcessMemory(3), 15u);
     checker().answer = -1;

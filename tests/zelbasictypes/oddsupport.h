@@ -2,21 +2,16 @@
 // A host's text operations that can be told from everybody else's.
 #pragma once
 
-#include "component/objects/queryinterface.h"
 #include "component/objects/services/izelstrsupport.h"
+#include "tests/support/service.h"
 #include "zelbasictypes/text/korcstring.h"
 #include "zelbasictypes/text/korstring.h"
 
 #include <algorithm>
 
 /// Answers that no fall-back gives.
-class OddSupport : public virtual IZelStrSupport {
+class OddSupport : public testsupport::Service<IZelStrSupport> {
 public:
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IZelStrSupport>(this, className(), name, result);
-    }
-    const char* className() override { return "OddSupport"; }
-
     void toNarrow(KorCString& out, const KorString& text) override {
         if (text == "none") return;
         out = KorCString::concat("narrow ", text.length());

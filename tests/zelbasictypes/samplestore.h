@@ -3,20 +3,16 @@
 #pragma once
 
 #include "component/objects/iptr.h"
-#include "component/objects/queryinterface.h"
 #include "component/objects/services/idatastore.h"
 #include "component/objects/services/izeldatareceiver.h"
+#include "tests/support/service.h"
 #include "zelbasictypes/text/korstring.h"
 
 #include <map>
 #include <string>
 
-class SampleStore : public IDataStore {
+class SampleStore : public testsupport::Service<IDataStore> {
 public:
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<IDataStore>(this, className(), name, result);
-    }
-    const char* className() override { return "SampleStore"; }
     std::int32_t getBool(const char* key, std::int32_t fallback) override {
         return find(numbers, key) ? numbers[key] != 0 : fallback;
     }

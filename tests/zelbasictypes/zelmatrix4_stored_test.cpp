@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Matrices as text and in binary streams, and the pairs that streams hold.
 #include "tests/zelbasictypes/mathtest.h"
-#include "zelbasictypes/data/binmemory.h"
+#include "tests/zelbasictypes/streams.h"
 #include "zelbasictypes/math/zelpair.h"
 
 #include <bit>
@@ -11,6 +11,10 @@
 namespace {
 
 using namespace mathtest;
+
+Bytes stored(const ZelMatrix4& matrix) {
+    return writtenBy([&](BinOutput& out) { return matrix.write(out); });
+}
 
 } // namespace
 
@@ -55,32 +59,24 @@ TEST(ZelMatrix4Stored, ComesBackBitForBit) {
     matrix.m[2] = -0.0;
     matrix.m[3] = -infinity;
     matrix.m[4] = 5e-324;
-    BinOutputMemory out;
-    EXPECT_TRUE(matrix.write(out));
-    EXPECT_TRUE(out.flushDevice());
-    BinInputMemory in(out.bytes());
+    const Bytes whole = stored(matrix);
+    BinInputMemory in(whole);
     ZelMatrix4 read;
     EXPECT_TRUE(read.read(in));
     EXPECT_EQ(std::memcmp(read.m, matrix.m, sizeof read.m), 0);
 }
 
 TEST(ZelMatrix4Stored, IsBigEndianRowByRow) {
-    BinOutputMemory out;
-    counting.write(out);
-    out.flushDevice();
-    ASSERT_EQ(out.bytes().size(), 128u);
-    const std::uint8_t one[8] = {0x3f, 0xf0};
-    EXPECT_EQ(std::memcmp(out.bytes().data() + 8, one, 8), 0);
-    const std::uint8_t four[8] = {0x40, 0x10};
-    EXPECT_EQ(std::memcmp(out.bytes().data() + 32, four, 8), 0);
+    const Bytes whole = stored(counting);
+    ASSERT_EQ(whole.size(), 128u);
+    EXPECT_EQ(Bytes(&whole[8], &whole[16]), bytes("3F F0 00 00 00 00 00 00"));
+    EXPECT_EQ(Bytes(&whole[32], &whole[40]), bytes("40 10 00 00 00 00 00 00"));
 }
 
 TEST(ZelMatrix4Stored, StopsAtTheRowThatDoesNotArrive) {
-    BinOutputMemory out;
-    counting.write(out);
-    out.flushDevice();
+    const Bytes whole = stored(counting);
     for (std::uint64_t bytes = 0; bytes < 128; ++bytes) {
-        BinInputMemory in(out.bytes().data(), bytes);
+        BinInputMemory in(whole.data(), bytes);
         ZelMatrix4 read = ZelMatrix4::uniformScale(-1);
         ASSERT_FALSE(read.read(in)) << bytes;
         for (std::uint64_t i = 0; i < bytes / 8; ++i) ASSERT_EQ(read.m[i], counting.m[i]);
@@ -89,13 +85,11 @@ TEST(ZelMatrix4Stored, StopsAtTheRowThatDoesNotArrive) {
 }
 
 TEST(ZelPair, ReadsTwoValuesOrSaysWhatIsMissing) {
-    BinOutputMemory out;
     const float floats[2] = {1.5f, -2};
     const double doubles[2] = {0.1, 1e300};
-    out.write(floats, 2);
-    out.write(doubles, 2);
-    out.flushDevice();
-    BinInputMemory in(out.bytes());
+    const Bytes whole =
+        writtenBy([&](BinOutput& out) { return out.write(floats, 2) && out.write(doubles, 2); });
+    BinInputMemory in(whole);
     ZelFloatPair f;
     EXPECT_TRUE(f.read(in));
     EXPECT_EQ(f.values[1], -2);
