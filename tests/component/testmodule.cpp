@@ -1,20 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 // A loadable module with one counted class, as small as a component can be.
 #include "component/itemfactory.h"
-#include "component/objects/queryinterface.h"
 #include "component/objects/services/izelrandom.h"
 #include "component/objects/sptr.h"
 #include "tests/component/iticket.h"
+#include "tests/support/service.h"
 
 namespace {
 
-class Ticket : public ITicket {
+class Ticket : public testsupport::Service<ITicket> {
 public:
     ~Ticket() override {
         if (gone) *gone = true;
-    }
-    void qi(const char* name, void** result, std::int32_t) override {
-        zelAnswerQuery<ITicket>(this, className(), name, result);
     }
     const char* className() override { return "Ticket"; }
     void flagWhenGone(bool* flag) override { gone = flag; }

@@ -22,22 +22,13 @@ std::vector<std::uint32_t> keysOf(const Table& table) {
 }
 
 TEST(NextPrime, StepsThroughItsTable) {
-    struct {
-        std::uint32_t n, prime;
-    } const cases[] = {{0, 2},
-                       {1, 2},
-                       {2, 3},
-                       {3, 5},
-                       {10, 11},
-                       {99, 131},
-                       {131, 257},
-                       {1073741827u, 2147483659u},
-                       {257, 521},
-                       {65537, 131101},
-                       {2147483658u, 2147483659u},
-                       {2147483659u, 2147483659u},
-                       {0xFFFFFFFFu, 2147483659u}};
-    for (const auto& c : cases) EXPECT_EQ(zelNextPrime(c.n), c.prime) << c.n;
+    const std::pair<std::uint32_t, std::uint32_t> cases[] = {
+        {0, 2},    {1, 2},     {2, 3},     {3, 5},         {10, 11},
+        {99, 131}, {131, 257}, {257, 521}, {65537, 131101}};
+    for (const auto& [n, prime] : cases) EXPECT_EQ(zelNextPrime(n), prime);
+    constexpr std::uint32_t last = 2147483659u;
+    for (const std::uint32_t n : {1073741827u, last - 1, last, 0xFFFFFFFFu})
+        EXPECT_EQ(zelNextPrime(n), last) << n;
 }
 
 TEST(PrimeSize, RemaindersAreThoseOfADivision) {

@@ -15,7 +15,6 @@
 namespace {
 
 using settest::readInto;
-using settest::writtenBy;
 using Entries = std::map<std::uint32_t, std::uint32_t>;
 
 constexpr std::uint32_t chunk = 2048;

@@ -108,14 +108,6 @@ TEST(SetStream, WritesBlocksThatAreEmptyFullAndStoredAsWords) {
     EXPECT_EQ(countOf(written(blocks)), 32769);
 }
 
-TEST(SetStream, WritesMissingChunksAsZeros) {
-    const BitVector vector = holding<BitVector>({33, 4095 * 32}, 4096 * 32 - 1);
-    std::vector<std::uint32_t> body(4096);
-    body[1] = 2;
-    body[4095] = 1;
-    EXPECT_EQ(written(vector, 12), stream(4096, 131071, wordForm, 2, body));
-}
-
 TEST(SetStream, ChoosesTheFormByRoomCountAndVersion) {
     struct Case {
         std::int32_t words, count;

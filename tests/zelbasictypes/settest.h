@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // What the tests of sets share: sets of either kind by their bits, the algebra by its signs, and
-// streams in memory.
+// their streams.
 #pragma once
 
 #include "tests/zelbasictypes/modelbytes.h"
-#include "zelbasictypes/data/binmemory.h"
+#include "tests/zelbasictypes/streams.h"
 
 #include <gtest/gtest.h>
 
@@ -32,14 +32,6 @@ template <class To, class Other> void combine(To& to, const Other& other, char o
     if (operation == '|') to |= other;
     if (operation == '^') to ^= other;
     if (operation == '-') to -= other;
-}
-
-template <class Write> Bytes writtenBy(Write write, std::uint32_t version = 0) {
-    BinOutputMemory out;
-    out.setVersion(version);
-    EXPECT_TRUE(write(out));
-    out.flushBuffer();
-    return out.bytes();
 }
 
 template <class Set> Bytes written(const Set& set, std::uint32_t version = 0) {
