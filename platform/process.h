@@ -24,7 +24,7 @@ std::uint32_t parentProcessId();
 /// False also for one that has ended and that its parent hasn't collected yet.
 bool isProcessAlive(std::uint32_t processId);
 /// Runs `callback` on a thread of its own within a quarter of a second of the parent's death. Call
-/// it early: on POSIX a parent that is gone already isn't missed.
+/// it early: on POSIX a parent that is gone already isn't noticed.
 void onParentDeath(std::function<void()> callback);
 
 /// Turns a crash into the one line "PROGRAM: crashed (KIND) while DESCRIPTION" on standard error,

@@ -14,12 +14,7 @@ class BinIO_Magic {
 public:
     BinIO_Magic(std::int32_t word = 0) : magic_(word) {}
     /// A negative tag is the word itself.
-    BinIO_Magic(std::int32_t tag, std::int32_t version)
-        : magic_(tag < 0 ? tag
-                 : tag > greatestTag
-                     ? -1
-                     : static_cast<std::int32_t>(static_cast<std::uint32_t>(tag) << 8 |
-                                                 static_cast<std::uint32_t>(version))) {}
+    BinIO_Magic(std::int32_t tag, std::int32_t version) : magic_(wordOf(tag, version)) {}
 
     std::int32_t tag() const { return magic_ < 0 ? -1 : magic_ >> 8; }
     std::int32_t version() const { return magic_ < 0 ? -1 : magic_ & 0xFF; }
@@ -35,6 +30,13 @@ public:
 
 private:
     static constexpr std::int32_t greatestTag = 0xFFFFFF;
+
+    static constexpr std::int32_t wordOf(std::int32_t tag, std::int32_t version) {
+        if (tag < 0) return tag;
+        if (tag > greatestTag) return -1;
+        return static_cast<std::int32_t>(static_cast<std::uint32_t>(tag) << 8 |
+                                         static_cast<std::uint32_t>(version));
+    }
 
     bool readWord(BinInput& stream);
 
