@@ -15,7 +15,7 @@
 #include "component/objects/services/iguisimpledlg.h"
 #include "component/objects/sptr.h"
 #include "tests/apps/modelfile.h"
-#include "tests/support/fakeservice.h"
+#include "tests/support/service.h"
 #include "zelbasictypes/sets/bitvector.h"
 #include "zelbasictypes/text/zeltranslator.h"
 
@@ -24,7 +24,7 @@
 
 namespace {
 
-class FakeClient : public testsupport::Fake<ITessoraCADImporterClient> {
+class FakeClient : public testsupport::Service<ITessoraCADImporterClient> {
 public:
     bool importModel(const KorString&, const KorString&, const std::list<KorString>& arguments,
                      IZelImportTarget* target, void*, void*,

@@ -5,7 +5,7 @@
 #include "cadimport/modelling/curves.h"
 #include "component/manageraccess.h"
 #include "host/modelling/modellingcomponent.h"
-#include "tests/support/fakeservice.h"
+#include "tests/support/service.h"
 #include "zelbasictypes/sets/bitvector.h"
 
 #include <gtest/gtest.h>
@@ -408,7 +408,7 @@ TEST_F(CreatorTest, PassesOverWhatTheHostCannotMake) {
 }
 
 /// A line of a host that knows neither curves nor features.
-class BareLine : public testsupport::Fake<IZelLine> {
+class BareLine : public testsupport::Service<IZelLine> {
 public:
     explicit BareLine(int& defined) : defined_(defined) {}
     void reserved1() override {}

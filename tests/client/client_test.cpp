@@ -12,8 +12,8 @@
 #include "host/modelling/modellingcomponent.h"
 #include "tests/cadimport/samplemessages.h"
 #include "tests/support/fakemanager.h"
-#include "tests/support/fakeservice.h"
 #include "tests/support/folder.h"
+#include "tests/support/wishtostop.h"
 #ifndef _WIN32
 #include "tests/support/commalocale.h"
 #endif
@@ -28,15 +28,15 @@
 #include <sstream>
 #include <utility>
 
-using testsupport::Fake;
 using testsupport::FakeManager;
+using testsupport::Service;
 using testsupport::WishToStop;
 
 namespace {
 
 using Words = std::list<KorString>;
 
-class Dialog : public Fake<IGuiSimpleDlg> {
+class Dialog : public Service<IGuiSimpleDlg> {
 public:
     std::int32_t show(std::int32_t kind, const KorString& text, const KorString& title, bool, bool,
                       bool) override {
@@ -49,7 +49,7 @@ public:
     std::vector<std::string> shown;
 };
 
-class Macros : public Fake<IMacroMgr> {
+class Macros : public Service<IMacroMgr> {
 public:
     bool query(bool running) override { return running; }
 };
