@@ -6,9 +6,9 @@
 #include "host/modelling/modellingcomponent.h"
 #include "platform/clock.h"
 #include "tests/support/fakemanager.h"
-#include "tests/support/wishtostop.h"
 #include "tests/support/folder.h"
 #include "tests/support/loopback.h"
+#include "tests/support/wishtostop.h"
 
 #include <QElapsedTimer>
 

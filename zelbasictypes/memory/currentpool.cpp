@@ -27,7 +27,7 @@ platform::CriticalSection& poolLock() {
 }
 
 /// Made during start-up: who allocates later may have no memory left.
-[[maybe_unused]] const platform::CriticalSection& madeAtStart = poolLock();
+[[maybe_unused]] const platform::CriticalSection& poolLockMade = poolLock();
 
 BucketMemoryPool* lookUpShared() {
     void* service = nullptr;

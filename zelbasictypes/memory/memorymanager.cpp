@@ -12,16 +12,16 @@ namespace {
 
 constinit std::atomic<IZelMManager*> found{nullptr};
 
-platform::CriticalSection& guard() {
+platform::CriticalSection& managerGuard() {
     static platform::CriticalSection section;
     return section;
 }
 
 /// Made during start-up: who asks later may have no memory left.
-[[maybe_unused]] const platform::CriticalSection& madeAtStart = guard();
+[[maybe_unused]] const platform::CriticalSection& managerGuardMade = managerGuard();
 
 IZelMManager* lookUp() {
-    const platform::CriticalSectionLock hold(guard());
+    const platform::CriticalSectionLock hold(managerGuard());
     static IPtr<IZelMManager> kept;
     if (!kept) {
         kept = SPtr<IZelMManager>();
