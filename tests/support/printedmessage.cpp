@@ -3,6 +3,7 @@
 #include "platform/message.h"
 
 #include <cstdio>
+#include <initializer_list>
 
 namespace platform {
 
