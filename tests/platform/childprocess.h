@@ -15,8 +15,9 @@ class ChildProcess {
 public:
     static constexpr int patienceMs = 20'000;
 
-    explicit ChildProcess(const QStringList& arguments) {
-        process.start(QStringLiteral(CHILD_PROGRAM), arguments);
+    explicit ChildProcess(const QStringList& arguments,
+                          const QString& program = QStringLiteral(CHILD_PROGRAM)) {
+        process.start(program, arguments);
     }
     ~ChildProcess() { kill(); }
 
@@ -33,6 +34,7 @@ public:
         }
         return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
     }
+    bool endsWithin(int milliseconds) { return process.waitForFinished(milliseconds); }
     std::string errors() { return process.readAllStandardError().toStdString(); }
     std::uint32_t id() const { return static_cast<std::uint32_t>(process.processId()); }
     void kill() {
