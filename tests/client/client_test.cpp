@@ -25,6 +25,7 @@
 
 #include <cstdlib>
 #include <functional>
+#include <new>
 #include <sstream>
 #include <utility>
 
@@ -210,6 +211,20 @@ TEST_F(ImportTest, LendsTheEnvironmentFileToTheServerAndPutsTheValuesBack) {
               (QStringList{"BRIX_TEST_NEW=1", "BRIX_TEST_LONG=a=b", "BRIX_TEST_KEPT=kept"}));
     EXPECT_EQ(platform::getenv("BRIX_TEST_LONG"), std::string(300, 'x'));
     EXPECT_STREQ(platform::getenv("BRIX_TEST_NEW"), "");
+}
+
+TEST_F(ImportTest, FailsWithoutMemoryAndPutsTheEnvironmentBack) {
+    class Exhausted : public WishToStop {
+    public:
+        bool isCancelled() override { throw std::bad_alloc(); }
+    };
+    manager.offer("IGuiBusyState", new Exhausted);
+    testsupport::setVariable("BRIX_TEST_LENT", "own");
+    folder.write("environment", "BRIX_TEST_LENT=lent\n");
+    folder.write("part.igs", "x");
+    EXPECT_FALSE(
+        run(words({"-FakeSleep", "700"}), FAKE_SERVER, KorString(path("environment").c_str())));
+    EXPECT_STREQ(platform::getenv("BRIX_TEST_LENT"), "own");
 }
 
 TEST_F(ImportTest, TellsWhyAServerDoesNotStart) {

@@ -116,6 +116,13 @@ TEST_F(Pool, GivesNoBlocksToANewPoolOfAnotherGranularity) {
     coarse->free(112, block);
 }
 
+TEST_F(Pool, DoublesItsClassesWithinItsNumbers) {
+    const IPtr<BucketMemoryPool> greedy(new BucketMemoryPool(4, 8192, 0x7FFFFFFF));
+    void* block = greedy->allocate(0x40000001, got);
+    EXPECT_EQ(got, 0x40000001U) << "too great for a class";
+    greedy->free(0x40000001, block);
+}
+
 TEST_F(Pool, AnswersForItsClassAndItsInterfaces) {
     EXPECT_EQ(zelQuery<BucketMemoryPool>(pool.iface), pool.iface);
     EXPECT_EQ(zelQuery<IBucketMemoryPool>(pool.iface), pool.iface);

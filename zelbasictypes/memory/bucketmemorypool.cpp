@@ -19,7 +19,7 @@ namespace {
 /// What a thread's store gives away when it is full, and gets when it is empty.
 std::uint32_t exchanged(std::uint32_t index) { return ThreadStore::roomOf(index) / 2; }
 
-/// It doubles once more within 32 bits without a sign.
+/// Doubling a smaller size never leaves 32 bits.
 constexpr std::int32_t greatestClass = 0x40000000;
 
 } // namespace

@@ -163,12 +163,15 @@ TEST_F(Rebuild, KeepsTheMeasuresWhenThePictureIsDeadly) {
     EXPECT_EQ(outcome.dropped[0].what, "picture");
 }
 
-TEST_F(Rebuild, NamesAFolderThatIsNotThere) {
-    options_.picture = scratch_.path("no/such/folder/shot.png");
-    const RebuildOutcome outcome = rebuildWith("");
-    EXPECT_FALSE(outcome.pictureWritten);
-    ASSERT_EQ(outcome.models.size(), 1U);
-    EXPECT_EQ(outcome.dropped.back().what, "picture");
+TEST_F(Rebuild, NamesAPlaceWhereNoPictureCanBe) {
+    for (const QString& place : {scratch_.path("no/such/folder/shot.png"), scratch_.path()}) {
+        options_.picture = place;
+        const RebuildOutcome outcome = rebuildWith("");
+        EXPECT_FALSE(outcome.pictureWritten);
+        ASSERT_EQ(outcome.models.size(), 1U);
+        EXPECT_EQ(outcome.dropped.back().what, "picture");
+    }
+    EXPECT_TRUE(scratch_.has("")) << "the folder stays";
 }
 
 } // namespace
