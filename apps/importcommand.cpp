@@ -85,10 +85,9 @@ void addOutput(CLI::App& parser, Words& words) {
 }
 
 constexpr const char* exitStatusHelp =
-    "Exit status: 0 the whole model arrived, 1 nothing was imported, 2 wrong use, or a file "
-    "beside\n"
-    "the model can't be read or written, 3 module or server unusable, 4 arrived with losses, each\n"
-    "named in the report.";
+    "Exit status: 0 the whole model arrived, 1 nothing was imported, 2 wrong use, or a file\n"
+    "beside the model can't be read or written, 3 module or server unusable, 4 arrived with\n"
+    "losses, each named in the report.";
 
 QStringList toQStrings(const std::vector<std::string>& texts) {
     QStringList list;

@@ -36,7 +36,7 @@ KorString outputBaseName(const std::list<KorString>& arguments) {
 
 } // namespace
 
-/// Nothing that was thrown leaves it: a run without memory is one that failed.
+/// A run without memory is one that failed.
 bool TessoraCADImporterClient::importModel(const KorString& environmentFile,
                                            const KorString& serverProgram,
                                            const std::list<KorString>& arguments,

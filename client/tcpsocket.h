@@ -52,8 +52,7 @@ public:
     /// The host is a name. The initial choice.
     void useHostName() { numeric = false; }
     /// The host is four groups of at most 15 digits with "." between them, each cut to one byte.
-    /// Anything else is not found. Beyond its form the system
-    /// must know a host of that address.
+    /// Anything else is not found. Beyond its form the system must know a host of that address.
     void useNumericAddress() { numeric = true; }
 
     std::int32_t port() const { return port_; }
