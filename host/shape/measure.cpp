@@ -2,7 +2,7 @@
 // Counting, integrating, checking.
 #include "host/shape/measure.h"
 
-#include "host/shape/faceintegral.h"
+#include "host/measure/faceintegral.h"
 #include "host/shape/geometry.h"
 #include "host/shape/kernelcall.h"
 

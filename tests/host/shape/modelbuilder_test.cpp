@@ -3,7 +3,7 @@
 #include "host/shape/modelbuilder.h"
 
 #include "host/shape/measure.h"
-#include "tests/host/shape/integralover.h"
+#include "tests/host/measure/integralover.h"
 #include "tests/host/shape/recordofshape.h"
 #include "tests/server/shapes.h"
 

@@ -2,7 +2,7 @@
 // Area and volume of a shape by the host's own integrals over its faces.
 #pragma once
 
-#include "host/shape/faceintegral.h"
+#include "host/measure/faceintegral.h"
 
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>

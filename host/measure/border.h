@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: Apache-2.0
+// The border of a face in the parameters of its surface.
+#pragma once
+
+#include <BRepAdaptor_Curve2d.hxx>
+#include <TopoDS_Face.hxx>
+#include <TopoDS_Wire.hxx>
+#include <gp_Pnt2d.hxx>
+
+#include <vector>
+
+namespace host {
+
+/// One use of an edge: its curve in the parameters, run along from `start` or against to `end`.
+struct BorderPiece {
+    BRepAdaptor_Curve2d curve;
+    bool isAlong = true;
+    gp_Pnt2d start, end;
+};
+
+/// Every edge of the wire that bounds the face, each once for every use, in an order in which a
+/// piece begins as near as possible to the end of the one before. `face` is oriented forward. May
+/// throw what the kernel throws for an edge without a curve in the parameters.
+std::vector<BorderPiece> borderOf(const TopoDS_Wire& wire, const TopoDS_Face& face);
+
+} // namespace host

@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: Apache-2.0
+// By Green's theorem: the integral of f over the face is that of F dv along its border, F being the
+// integral of f over u from a fixed place.
+#include "host/measure/faceintegral.h"
+
+#include "host/measure/border.h"
+#include "host/measure/stripintegral.h"
+
+#include <TColStd_Array1OfReal.hxx>
+#include <TopoDS.hxx>
+#include <TopoDS_Iterator.hxx>
+#include <gp_Vec2d.hxx>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace host {
+namespace {
+
+/// Of the face's range in v; a greater jump is no gap within tolerances but a fault.
+constexpr double greatestGap = 1e-2;
+
+class Integrator {
+public:
+    Integrator(const TopoDS_Face& face, const gp_Pnt& reference)
+        : face_(TopoDS::Face(face.Oriented(TopAbs_FORWARD))), surface_(face_),
+          strip_(surface_, reference) {
+        TColStd_Array1OfReal knots(1, surface_.NbVIntervals(GeomAbs_CN) + 1);
+        surface_.VIntervals(knots, GeomAbs_CN);
+        knots_.assign(knots.begin(), knots.end());
+    }
+
+    FaceIntegral integral() const {
+        Measures sum;
+        for (TopoDS_Iterator walk(face_); walk.More(); walk.Next()) {
+            if (walk.Value().ShapeType() != TopAbs_WIRE) continue;
+            sum += around(borderOf(TopoDS::Wire(walk.Value()), face_));
+        }
+        return {sum.area, sum.volume};
+    }
+
+private:
+    Measures around(const std::vector<BorderPiece>& border) const {
+        Measures sum;
+        for (std::size_t i = 0; i < border.size(); ++i) {
+            sum += along(border[i].curve) * (border[i].isAlong ? 1.0 : -1.0);
+            sum += between(border[i].end, border[(i + 1) % border.size()].start);
+        }
+        return sum;
+    }
+
+    /// Curves meet within a tolerance only. Without the gaps between them the result would depend
+    /// on where F begins. A loop round a closed surface comes back one period further on.
+    Measures between(const gp_Pnt2d& end, const gp_Pnt2d& next) const {
+        double gap = next.Y() - end.Y();
+        if (surface_.IsVPeriodic()) gap = std::remainder(gap, surface_.VPeriod());
+        if (gap == 0.0) return {};
+        const double range = surface_.LastVParameter() - surface_.FirstVParameter();
+        if (std::abs(gap) > greatestGap * range) {
+            throw OpenBorder("its border has a gap in the parameters of its surface");
+        }
+        return strip_.to(0.5 * (end.X() + next.X()), 0.5 * (end.Y() + next.Y())) * gap;
+    }
+
+    Measures along(const BRepAdaptor_Curve2d& curve) const {
+        const auto f = [&](double t) {
+            gp_Pnt2d uv;
+            gp_Vec2d speed;
+            curve.D1(t, uv, speed);
+            return speed.Y() == 0.0 ? Measures{} : strip_.to(uv.X(), uv.Y()) * speed.Y();
+        };
+        Measures sum;
+        const std::vector<double> breaks = breaksOf(curve);
+        for (std::size_t i = 1; i < breaks.size(); ++i) {
+            sum += quadrature(f, breaks[i - 1], breaks[i], strip_.tolerance());
+        }
+        return sum;
+    }
+
+    /// Where the integrand isn't smooth: the curve's own knots and its crossings of the surface's.
+    std::vector<double> breaksOf(const BRepAdaptor_Curve2d& curve) const {
+        TColStd_Array1OfReal own(1, curve.NbIntervals(GeomAbs_CN) + 1);
+        curve.Intervals(own, GeomAbs_CN);
+        std::vector<double> breaks{own.First()};
+        for (int i = own.Lower(); i < own.Upper(); ++i) {
+            addCrossings(curve, own(i), own(i + 1), breaks);
+            breaks.push_back(own(i + 1));
+        }
+        return breaks;
+    }
+
+    /// Those that lie between the ends of a stretch. What a bent stretch crosses twice is left to
+    /// the quadrature.
+    void addCrossings(const BRepAdaptor_Curve2d& curve, double from, double to,
+                      std::vector<double>& breaks) const {
+        const double v1 = curve.Value(from).Y(), v2 = curve.Value(to).Y();
+        const auto [low, high] = std::minmax(v1, v2);
+        const auto first = std::upper_bound(knots_.begin(), knots_.end(), low);
+        const auto last = std::lower_bound(first, knots_.end(), high);
+        const std::size_t before = breaks.size();
+        for (auto knot = first; knot != last; ++knot) {
+            breaks.push_back(crossing(curve, from, to, *knot));
+        }
+        std::sort(breaks.begin() + static_cast<std::ptrdiff_t>(before), breaks.end());
+    }
+
+    static double crossing(const BRepAdaptor_Curve2d& curve, double from, double to, double v) {
+        const bool isRising = curve.Value(from).Y() < v;
+        for (int i = 0; i < 48; ++i) {
+            const double middle = 0.5 * (from + to);
+            ((curve.Value(middle).Y() < v) == isRising ? from : to) = middle;
+        }
+        return 0.5 * (from + to);
+    }
+
+    const TopoDS_Face face_;
+    const BRepAdaptor_Surface surface_;
+    const StripIntegral strip_;
+    std::vector<double> knots_; ///< of the surface in v
+};
+
+} // namespace
+
+FaceIntegral integralOf(const TopoDS_Face& face, const gp_Pnt& reference) {
+    FaceIntegral result = Integrator(face, reference).integral();
+    if (face.Orientation() == TopAbs_REVERSED) result.volume = -result.volume;
+    return result;
+}
+
+} // namespace host
