@@ -2,6 +2,7 @@
 // The worker that holds the geometry kernel: reads a record, builds its solids and says on its
 // standard output what it is at and what came of it.
 #include "host/modelling/recordfile.h"
+#include "host/rebuild/processorlimit.h"
 #include "host/rebuild/workerlines.h"
 #include "host/shape/rebuilding.h"
 #include "platform/process.h"
@@ -20,6 +21,7 @@ struct Arguments {
     std::string size = "1024x768";
     std::vector<std::string> skipped;
     std::uint64_t memoryBytes = 0;
+    std::int64_t timeMs = 0, stepTimeMs = 0;
 };
 
 void tell(const host::WorkerLine& line) {
@@ -35,7 +37,11 @@ void describe(CLI::App& app, Arguments& arguments) {
         ->capture_default_str();
     app.add_option("--export", arguments.order.exportFile, "Write .brep, .step, .stl or .glb");
     app.add_option("--skip", arguments.skipped, "Leave a step out, as MODEL/WHAT/IDENTIFIER");
+    app.add_flag("--measures", arguments.order.tellsMeasures, "Tell what each face measures");
     app.add_option("--memory", arguments.memoryBytes, "Use at most so many bytes; 0: no limit");
+    app.add_option("--time", arguments.timeMs,
+                   "Use at most so many milliseconds of processor time; 0: no limit");
+    app.add_option("--step-time", arguments.stepTimeMs, "The same for one step");
 }
 
 /// The size and the skipped steps, which are texts so far; false when one of them isn't any.
@@ -55,12 +61,16 @@ bool complete(Arguments& arguments) {
 }
 
 int work(const Arguments& arguments) {
-    tell(host::Step{0, "record", 0});
+    host::ProcessorLimit limit(arguments.timeMs, arguments.stepTimeMs);
+    tell(host::BegunStep{{0, "record", 0}, 0});
     QFile file(QString::fromStdString(arguments.record));
     if (!file.open(QIODevice::ReadOnly)) return host::workerRecordUnreadable;
     const auto record = host::readRecord(file);
     if (!record) return host::workerRecordUnreadable;
-    host::rebuildHere(*record, arguments.order, tell);
+    host::rebuildHere(*record, arguments.order, [&limit](const host::WorkerLine& line) {
+        if (std::holds_alternative<host::BegunStep>(line)) limit.stepBegun();
+        tell(line);
+    });
     return host::workerDone;
 }
 

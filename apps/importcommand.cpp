@@ -19,7 +19,8 @@ struct Words {
     std::string model, outputBase, server, module, environment, answer, settingsFile, trace, json,
         picture, exportFile;
     std::vector<std::string> arguments, settings, without;
-    bool noServer = false, live = false, traceFrames = false;
+    bool noServer = false, live = false, traceFrames = false, noCompare = false;
+    int timeLimitSeconds = 0, memoryLimitMb = 0;
 };
 
 CLI::Option* addList(CLI::App& parser, const char* name, std::vector<std::string>& list,
@@ -84,6 +85,24 @@ void addOutput(CLI::App& parser, Words& words) {
         ->type_name("FILE");
 }
 
+void addLimits(CLI::App& parser, Words& words) {
+    parser.add_flag("--no-compare", words.noCompare,
+                    "don't compare areas and volumes with what the server measured");
+    parser
+        .add_option(
+            "--time-limit", words.timeLimitSeconds,
+            "processor time of the server, and of rebuilding solids; default: minutes, more\n"
+            "for large files and for many faces")
+        ->check(CLI::Range(1, 1'000'000))
+        ->type_name("SECONDS");
+    parser
+        .add_option("--memory-limit", words.memoryLimitMb,
+                    "memory of the server, and of rebuilding solids; default: 4096 and more for\n"
+                    "many faces")
+        ->check(CLI::Range(64, 1'000'000'000))
+        ->type_name("MB");
+}
+
 constexpr const char* exitStatusHelp =
     "Exit status: 0 the whole model arrived, 1 nothing was imported, 2 wrong use, or a file\n"
     "beside the model can't be read or written, 3 module or server unusable, 4 arrived with\n"
@@ -114,6 +133,9 @@ ImportCommand commandOf(const Words& words, bool json) {
     options.traceFile = QString::fromStdString(words.trace);
     options.picture = QString::fromStdString(words.picture);
     options.exportFile = QString::fromStdString(words.exportFile);
+    options.compares = !words.noCompare;
+    options.timeLimitSeconds = words.timeLimitSeconds;
+    options.memoryLimitMb = words.memoryLimitMb;
     command.json = json;
     command.jsonFile = QString::fromStdString(words.json);
     return command;
@@ -170,6 +192,7 @@ ParsedCommand parseImportCommand(const QStringList& commandLine) {
     addInput(parser, words);
     addHost(parser, words);
     addOutput(parser, words);
+    addLimits(parser, words);
 
     std::vector<std::string> reversed;
     for (const QString& word : commandLine.mid(1)) {

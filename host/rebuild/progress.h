@@ -13,9 +13,9 @@
 namespace host {
 
 /// One step of the work. `model` counts from 1; 0 stands for all models. `what` is
-/// - "edge" or "face", and "measure" for a face, with the identifier in the record;
+/// - "edge" or "face", and "measure" or "check" for a face, with the identifier in the record;
 /// - a stage of one model, with the model's number as identifier: "model" (putting it together),
-///   "box", "check";
+///   "box", "fit" (checking how its faces fit together);
 /// - a stage of all models, with 0: "record" (reading it), "picture", "export".
 struct Step {
     int model = 0;
@@ -32,6 +32,8 @@ struct Step {
 struct Progress {
     std::function<void(const Step&)> begins = [](const Step&) {};
     std::function<void(const DroppedRecord&)> drops = [](const DroppedRecord&) {};
+    /// What is worth knowing and costs nothing of the model.
+    std::function<void(const DroppedRecord&)> notes = [](const DroppedRecord&) {};
     std::set<Step> skipped; ///< never begun
     int model = 1;          ///< the model under way
 
@@ -41,6 +43,9 @@ struct Progress {
     void begin(const char* what, Identifier identifier) const { begins({model, what, identifier}); }
     void drop(const char* what, Identifier identifier, const std::string& why) const {
         drops({what, identifier, why});
+    }
+    void note(const char* what, Identifier identifier, const std::string& why) const {
+        notes({what, identifier, why});
     }
 };
 

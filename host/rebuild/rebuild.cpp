@@ -6,35 +6,59 @@
 #include "host/rebuild/worker.h"
 #include "platform/process.h"
 
-#include <QDeadlineTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QTemporaryDir>
 
+#include <algorithm>
+#include <map>
+
 namespace host {
 namespace {
 
-std::string reasonOf(WorkerEnd end) {
+/// What a step does, as the object and the verb of a sentence.
+const char* doingOf(const std::string& step) {
+    static const std::map<std::string, const char*> doings{
+        {"edge", "preparing it"},
+        {"face", "building it"},
+        {"measure", "measuring it"},
+        {"check", "checking it"},
+        {"model", "putting its solids together"},
+        {"box", "finding its bounding box"},
+        {"fit", "checking how its faces fit together"},
+        {"picture", "drawing it"},
+        {"export", "writing it"},
+    };
+    const auto found = doings.find(step);
+    return found == doings.end() ? "working on it" : found->second;
+}
+
+std::string reasonOf(WorkerEnd end, const std::string& step, const RebuildLimits& limits) {
+    const std::string doing = doingOf(step);
     switch (end) {
-    case WorkerEnd::hung:
-        return "the geometry kernel didn't come to an end with it";
+    case WorkerEnd::outOfStepTime:
+        return doing + " took more than " + std::to_string(limits.stepTimeMs / 1000) +
+               " s of processor time";
+    case WorkerEnd::silent:
+        return doing + " made no progress for " + std::to_string(limits.silenceMs / 1000) + " s";
     case WorkerEnd::outOfMemory:
-        return "the geometry kernel ran out of memory over it";
+        return doing + " took more than " + std::to_string(limits.memoryBytes >> 20) + " MB";
     default:
-        return "the geometry kernel crashed over it";
+        return "the geometry kernel crashed while " + doing;
     }
 }
 
 /// What becomes of the rest when nothing can be left out any more.
-QString failureOf(WorkerEnd end) {
+QString failureOf(WorkerEnd end, const RebuildLimits& limits) {
     switch (end) {
     case WorkerEnd::notStarted:
         return "the program that rebuilds solids could not be started";
     case WorkerEnd::refused:
         return "the program that rebuilds solids did not accept the record";
     case WorkerEnd::outOfTime:
-        return "the time for rebuilding solids was up";
+        return QString("rebuilding solids took more than %1 s of processor time")
+            .arg(limits.timeMs / 1000);
     case WorkerEnd::stopped:
         return "rebuilding solids was stopped";
     default:
@@ -58,12 +82,15 @@ bool copyOver(const QString& from, const QString& to) {
     return file.commit();
 }
 
+/// What can't be checked is as good as before.
+bool isCheck(const std::string& what) { return what == "check" || what == "fit"; }
+
 bool isStage(const std::string& what) { return what == "picture" || what == "export"; }
 
 class Rebuilding {
 public:
     Rebuilding(const ImportRecord& record, const RebuildOptions& options)
-        : record_(record), options_(options), deadline_(options.timeLimitMs) {}
+        : record_(record), options_(options) {}
 
     RebuildOutcome run() {
         if (!QFileInfo(options_.program).isExecutable()) {
@@ -97,20 +124,24 @@ private:
             end = result.end;
             takeOver(result);
             if (end == WorkerEnd::done) return finish();
+            spentMs_ += result.processorMs;
+            if (end == WorkerEnd::outOfStepTime) spentMs_ += options_.limits.stepTimeMs;
             if (end == WorkerEnd::crashed && isStopRequested()) end = WorkerEnd::stopped;
             if (!leaveOut(result, end)) break;
         }
-        if (outcome_.failure.isEmpty()) outcome_.failure = failureOf(end);
+        if (outcome_.failure.isEmpty()) outcome_.failure = failureOf(end, options_.limits);
         finish();
     }
 
     WorkerTask task() const {
         WorkerTask task{options_.program,
                         {inFolder("record")},
-                        options_.stepLimitMs,
-                        deadline_,
+                        options_.limits.silenceMs,
                         options_.stopRequested};
-        task.arguments << "--memory" << QString::number(options_.memoryLimitBytes);
+        task.arguments << "--memory" << QString::number(options_.limits.memoryBytes)
+                       << "--step-time" << QString::number(options_.limits.stepTimeMs) << "--time"
+                       << QString::number(timeLeftMs());
+        if (options_.measuresFaces) task.arguments << "--measures";
         if (!options_.picture.isEmpty()) {
             task.arguments
                 << "--picture" << pictureName() << "--size"
@@ -121,11 +152,18 @@ private:
         return task;
     }
 
+    /// 0 for no limit, so that a worker gets a millisecond at least.
+    std::int64_t timeLeftMs() const {
+        const std::int64_t limit = options_.limits.timeMs;
+        return limit == 0 ? 0 : std::max<std::int64_t>(1, limit - spentMs_);
+    }
+
     /// Of several runs the one that came furthest counts.
     void takeOver(const WorkerResult& result) {
         if (result.models.size() < outcome_.models.size()) return;
         outcome_.models = result.models;
         named_ = result.dropped;
+        noted_ = result.notes;
         outcome_.pictureWritten = result.pictureWritten;
         outcome_.exportWritten = result.exportWritten;
     }
@@ -134,17 +172,20 @@ private:
 
     /// False when there is nothing that another worker could do better.
     bool leaveOut(const WorkerResult& result, WorkerEnd end) {
-        const bool isSomethings =
-            end == WorkerEnd::crashed || end == WorkerEnd::hung || end == WorkerEnd::outOfMemory;
+        const bool isSomethings = end == WorkerEnd::crashed || end == WorkerEnd::outOfStepTime ||
+                                  end == WorkerEnd::silent || end == WorkerEnd::outOfMemory;
         if (!isSomethings || !result.step || result.step->what == "record") return false;
-        if (!skipped_.insert(*result.step).second) return false;
-        outcome_.dropped.push_back(
-            {result.step->what, result.step->identifier, reasonOf(end), result.step->model});
+        const Step& step = *result.step;
+        if (!skipped_.insert(step).second) return false;
+        auto& list = isCheck(step.what) ? outcome_.notes : outcome_.dropped;
+        const std::string reason = reasonOf(end, step.what, options_.limits);
+        list.push_back({step.what, step.identifier, reason, step.model});
         return true;
     }
 
     void finish() {
         outcome_.dropped.insert(outcome_.dropped.end(), named_.begin(), named_.end());
+        outcome_.notes.insert(outcome_.notes.end(), noted_.begin(), noted_.end());
         outcome_.pictureWritten =
             outcome_.pictureWritten && deliver(pictureName(), options_.picture, "picture");
         outcome_.exportWritten =
@@ -170,14 +211,25 @@ private:
 
     const ImportRecord& record_;
     const RebuildOptions& options_;
-    const QDeadlineTimer deadline_;
     const QTemporaryDir folder_;
     std::set<Step> skipped_;
-    std::vector<DroppedRecord> named_; ///< by the worker whose result counts
+    std::int64_t spentMs_ = 0;                 ///< processor time of the workers so far
+    std::vector<DroppedRecord> named_, noted_; ///< by the worker whose result counts
     RebuildOutcome outcome_;
 };
 
 } // namespace
+
+RebuildLimits RebuildLimits::forFaces(std::size_t faces) {
+    constexpr int timeMsForAFace = 50, stepTimeMsForAFace = 20;
+    constexpr std::int64_t bytesForAFace = 64 << 10;
+    const auto count = static_cast<int>(std::min<std::size_t>(faces, 10'000'000));
+    RebuildLimits limits;
+    limits.timeMs += count * timeMsForAFace;
+    limits.stepTimeMs += count * stepTimeMsForAFace;
+    limits.memoryBytes += count * bytesForAFace;
+    return limits;
+}
 
 QString rebuildProgram() {
     const QString told = qEnvironmentVariable("BRIX_REBUILD_PROGRAM");

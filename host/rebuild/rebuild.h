@@ -15,9 +15,22 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace host {
+
+/// Times are processor time of the worker, so that a result doesn't depend on what else the machine
+/// is doing. 0 sets no limit.
+struct RebuildLimits {
+    int timeMs = 120'000;    ///< for everything, all tries together
+    int stepTimeMs = 30'000; ///< for one step, such as one face
+    int silenceMs = 300'000; ///< by the clock: for a worker that says nothing and uses no processor
+    std::int64_t memoryBytes = std::int64_t{4} << 30; ///< of a worker
+
+    /// The defaults with room for a record of so many faces.
+    static RebuildLimits forFaces(std::size_t faces);
+};
 
 struct RebuildOptions {
     QString program;    ///< the worker; see rebuildProgram
@@ -25,30 +38,44 @@ struct RebuildOptions {
     QString exportFile; ///< .brep, .step, .stl or .glb; empty for none. Replaced when it exists
     int pictureWidth = 1024;
     int pictureHeight = 768;
-    int timeLimitMs = 120000; ///< for everything, all tries together
-    int stepLimitMs = 30000;  ///< for one step, such as one face, before it counts as hanging
-    std::int64_t memoryLimitBytes = std::int64_t{4} << 30; ///< of a worker; 0 for none
-    int tries = 16;                                        ///< how many workers may be started
+    RebuildLimits limits;
+    bool measuresFaces = true; ///< whether the outcome tells the figures of each face
+    int tries = 16;            ///< how many workers may be started
     /// Asked a few times a second on the calling thread; true ends the worker and the rebuilding.
     std::function<bool()> stopRequested;
+};
+
+/// What one face of a model measures.
+struct FaceMeasure {
+    Identifier identifier = 0;
+    double areaM2 = 0.0;
+    /// Between the face and a point that is the same for all faces of the model, negative when the
+    /// face looks at it: the sum over a closed shell is the volume within.
+    double volumeM3 = 0.0;
 };
 
 /// One model as it was built, whatever was left out of it.
 struct RebuiltModel {
     int faces = 0, edges = 0, shells = 0; ///< edges without extent, as at a pole, don't count
     bool closed = false;                  ///< every shell is
-    bool valid = false;                   ///< the kernel's own check finds nothing
+    /// Whether the kernel's own check finds nothing; none when not everything could be checked.
+    std::optional<bool> valid;
     double areaM2 = 0.0;
     double volumeM3 = 0.0;                ///< of the closed shells, voids taken off
     std::array<double, 6> boundingBoxM{}; ///< least x, y, z, then greatest; zeros when empty
+    std::vector<FaceMeasure> faceMeasures;
 };
 
 struct RebuildOutcome {
     std::vector<RebuiltModel> models; ///< one for each model of the record, in order
     /// What was left out: "face", "edge" and "shell" by their identifiers; "measure" by that of a
-    /// face that was built but does not count in areas and volumes; "model", "box" and "check" by
-    /// the number of the model from 1; "picture" and "export" with 0.
+    /// face that was built but does not count in areas and volumes; "validity" by that of a face
+    /// that the kernel's check finds fault with, or 0 when the fault is in how faces fit together;
+    /// "model" and "box" by the number of the model from 1; "picture" and "export" with 0.
     std::vector<DroppedRecord> dropped;
+    /// "check" by the identifier of a face that could not be checked, "fit" by the number of the
+    /// model when it could not be checked how its faces fit together.
+    std::vector<DroppedRecord> notes;
     bool pictureWritten = false;
     bool exportWritten = false;
     QString failure; ///< empty when a worker came to its end; what `models` holds is good anyway

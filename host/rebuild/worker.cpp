@@ -5,6 +5,8 @@
 #include <QElapsedTimer>
 #include <QProcess>
 
+#include <utility>
+
 namespace host {
 namespace {
 
@@ -21,7 +23,7 @@ public:
         process_.setStandardInputFile(QProcess::nullDevice());
         process_.start(task_.program, task_.arguments, QIODevice::ReadOnly);
         if (!process_.waitForStarted()) return result_;
-        stepTime_.start();
+        silence_.start();
         result_.end = WorkerEnd::crashed;
         while (process_.state() != QProcess::NotRunning && !isDone_) {
             process_.waitForReadyRead(pollMs);
@@ -40,10 +42,8 @@ private:
     bool interrupted() {
         if (task_.stopRequested && task_.stopRequested()) {
             result_.end = WorkerEnd::stopped;
-        } else if (task_.deadline.hasExpired()) {
-            result_.end = WorkerEnd::outOfTime;
-        } else if (stepTime_.elapsed() > task_.stepLimitMs) {
-            result_.end = WorkerEnd::hung;
+        } else if (task_.silenceMs > 0 && silence_.elapsed() > task_.silenceMs) {
+            result_.end = WorkerEnd::silent;
         } else {
             return false;
         }
@@ -59,6 +59,10 @@ private:
                 return WorkerEnd::refused;
             case workerOutOfMemory:
                 return WorkerEnd::outOfMemory;
+            case workerOutOfTime:
+                return WorkerEnd::outOfTime;
+            case workerOutOfStepTime:
+                return WorkerEnd::outOfStepTime;
             default:
                 break;
             }
@@ -71,15 +75,25 @@ private:
     }
     void take(const WorkerLine& line) {
         if (std::holds_alternative<std::monostate>(line)) return;
-        stepTime_.restart();
-        if (const auto* step = std::get_if<Step>(&line)) result_.step = *step;
-        if (const auto* drop = std::get_if<DroppedRecord>(&line)) result_.dropped.push_back(*drop);
-        if (const auto* model = std::get_if<RebuiltModel>(&line)) result_.models.push_back(*model);
-        if (const auto* file = std::get_if<WrittenFile>(&line)) {
-            (file->isPicture ? result_.pictureWritten : result_.exportWritten) = true;
-        }
-        isDone_ = isDone_ || std::holds_alternative<WorkDone>(line);
+        silence_.restart();
+        std::visit([this](const auto& kind) { take(kind); }, line);
     }
+    void take(const std::monostate&) {}
+    void take(const BegunStep& begun) {
+        result_.step = begun.step;
+        result_.processorMs = begun.processorMs;
+    }
+    void take(const DroppedRecord& drop) { result_.dropped.push_back(drop); }
+    void take(const WorkerNote& note) { result_.notes.push_back(note.note); }
+    void take(const FaceMeasure& face) { measures_.push_back(face); }
+    void take(const RebuiltModel& model) {
+        result_.models.push_back(model);
+        result_.models.back().faceMeasures = std::exchange(measures_, {});
+    }
+    void take(const WrittenFile& file) {
+        (file.isPicture ? result_.pictureWritten : result_.exportWritten) = true;
+    }
+    void take(const WorkDone&) { isDone_ = true; }
 
     void kill() {
         if (process_.state() == QProcess::NotRunning) return;
@@ -89,8 +103,9 @@ private:
 
     const WorkerTask& task_;
     QProcess process_;
-    QElapsedTimer stepTime_; ///< since the worker last said anything
+    QElapsedTimer silence_; ///< since the worker last said anything
     bool isDone_ = false;
+    std::vector<FaceMeasure> measures_; ///< of the model that is still to come
     WorkerResult result_;
 };
 

@@ -4,7 +4,6 @@
 
 #include "host/rebuild/workerlines.h"
 
-#include <QDeadlineTimer>
 #include <QStringList>
 
 #include <functional>
@@ -15,19 +14,19 @@ namespace host {
 struct WorkerTask {
     QString program;
     QStringList arguments;
-    int stepLimitMs = 0;
-    QDeadlineTimer deadline;             ///< of the whole run
+    int silenceMs = 0;                   ///< by the clock; 0 for no limit
     std::function<bool()> stopRequested; ///< may be empty
 };
 
 enum class WorkerEnd {
     done,
     notStarted,
-    refused, ///< it ended by itself and couldn't work: a wrong call, an unreadable record
-    crashed, ///< or was killed by somebody else
-    hung,    ///< in one step
+    refused,       ///< it ended by itself and couldn't work: a wrong call, an unreadable record
+    crashed,       ///< or was killed by somebody else
+    outOfStepTime, ///< one step took too much processor time
+    silent,        ///< it said nothing for too long, without using processor time
     outOfMemory,
-    outOfTime, ///< the deadline
+    outOfTime, ///< all its steps together took too much
     stopped,   ///< as requested
 };
 
@@ -35,7 +34,8 @@ struct WorkerResult {
     WorkerEnd end = WorkerEnd::notStarted;
     std::optional<Step> step; ///< the last that it began
     std::vector<RebuiltModel> models;
-    std::vector<DroppedRecord> dropped;
+    std::vector<DroppedRecord> dropped, notes;
+    std::int64_t processorMs = 0; ///< when it began that step
     bool pictureWritten = false, exportWritten = false;
 };
 

@@ -12,8 +12,12 @@ namespace {
 
 QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
-QJsonObject object(const Step& step) {
-    return {{"step", text(step.what)}, {"model", step.model}, {"identifier", step.identifier}};
+QJsonObject object(const BegunStep& begun) {
+    const Step& step = begun.step;
+    return {{"step", text(step.what)},
+            {"model", step.model},
+            {"identifier", step.identifier},
+            {"processorMs", static_cast<double>(begun.processorMs)}};
 }
 
 QJsonObject object(const DroppedRecord& drop) {
@@ -23,11 +27,25 @@ QJsonObject object(const DroppedRecord& drop) {
             {"why", text(drop.why)}};
 }
 
+QJsonObject object(const WorkerNote& note) {
+    QJsonObject json = object(note.note);
+    json["note"] = json.take("dropped");
+    return json;
+}
+
+QJsonObject object(const FaceMeasure& face) {
+    return {{"result", "face"},
+            {"identifier", face.identifier},
+            {"areaM2", face.areaM2},
+            {"volumeM3", face.volumeM3}};
+}
+
 QJsonObject object(const RebuiltModel& model) {
+    const QJsonValue valid = model.valid ? QJsonValue(*model.valid) : QJsonValue();
     QJsonArray box;
     for (const double bound : model.boundingBoxM) box.append(bound);
     return {{"result", "model"},      {"faces", model.faces},       {"edges", model.edges},
-            {"shells", model.shells}, {"closed", model.closed},     {"valid", model.valid},
+            {"shells", model.shells}, {"closed", model.closed},     {"valid", valid},
             {"areaM2", model.areaM2}, {"volumeM3", model.volumeM3}, {"boundingBoxM", box}};
 }
 
@@ -45,7 +63,7 @@ RebuiltModel modelFrom(const QJsonObject& line) {
     model.edges = line["edges"].toInt();
     model.shells = line["shells"].toInt();
     model.closed = line["closed"].toBool();
-    model.valid = line["valid"].toBool();
+    if (line["valid"].isBool()) model.valid = line["valid"].toBool();
     model.areaM2 = line["areaM2"].toDouble();
     model.volumeM3 = line["volumeM3"].toDouble();
     const QJsonArray box = line["boundingBoxM"].toArray();
@@ -53,8 +71,17 @@ RebuiltModel modelFrom(const QJsonObject& line) {
     return model;
 }
 
+DroppedRecord dropFrom(const QJsonObject& line, const char* key) {
+    return {line[key].toString().toStdString(), line["identifier"].toInt(),
+            line["why"].toString().toStdString(), line["model"].toInt()};
+}
+
 WorkerLine resultFrom(const QJsonObject& line) {
     const QString kind = line["result"].toString();
+    if (kind == "face") {
+        return FaceMeasure{line["identifier"].toInt(), line["areaM2"].toDouble(),
+                           line["volumeM3"].toDouble()};
+    }
     if (kind == "model") return modelFrom(line);
     if (kind == "picture") return WrittenFile{true};
     if (kind == "export") return WrittenFile{false};
@@ -71,14 +98,13 @@ QByteArray workerLine(const WorkerLine& line) {
 
 WorkerLine parseWorkerLine(const QByteArray& line) {
     const QJsonObject json = QJsonDocument::fromJson(line).object();
-    const int identifier = json["identifier"].toInt();
     if (json.contains("step")) {
-        return Step{json["model"].toInt(), json["step"].toString().toStdString(), identifier};
+        return BegunStep{{json["model"].toInt(), json["step"].toString().toStdString(),
+                          json["identifier"].toInt()},
+                         static_cast<std::int64_t>(json["processorMs"].toDouble())};
     }
-    if (json.contains("dropped")) {
-        return DroppedRecord{json["dropped"].toString().toStdString(), identifier,
-                             json["why"].toString().toStdString(), json["model"].toInt()};
-    }
+    if (json.contains("dropped")) return dropFrom(json, "dropped");
+    if (json.contains("note")) return WorkerNote{dropFrom(json, "note")};
     return resultFrom(json);
 }
 

@@ -14,6 +14,10 @@
 
 namespace host {
 
+/// Worth knowing, and no loss.
+struct WorkerNote {
+    DroppedRecord note;
+};
 /// A file that was asked for was written.
 struct WrittenFile {
     bool isPicture = false; ///< else the export
@@ -21,8 +25,15 @@ struct WrittenFile {
 /// Nothing comes behind it.
 struct WorkDone {};
 
-using WorkerLine =
-    std::variant<std::monostate, Step, DroppedRecord, RebuiltModel, WrittenFile, WorkDone>;
+/// The processor time that the worker has used so far comes with each step that it begins.
+struct BegunStep {
+    Step step;
+    std::int64_t processorMs = 0;
+};
+
+/// The measures of faces come in front of the model that they belong to.
+using WorkerLine = std::variant<std::monostate, BegunStep, DroppedRecord, WorkerNote, FaceMeasure,
+                                RebuiltModel, WrittenFile, WorkDone>;
 
 /// With a line feed.
 QByteArray workerLine(const WorkerLine& line);
@@ -41,6 +52,8 @@ enum WorkerExit {
     workerOutOfMemory = 5,
     workerCrashed = 8,
     workerOrphaned = 10,
+    workerOutOfTime = 11,     ///< of all its steps together
+    workerOutOfStepTime = 12, ///< of one step
 };
 
 } // namespace host

@@ -25,6 +25,9 @@ struct ImportOptions {
     QStringList without; ///< interfaces of services
     QString traceFile;
     QString picture, exportFile;
+    bool compares = true;     ///< what was rebuilt with what the server measured
+    int timeLimitSeconds = 0; ///< processor time of the server and of rebuilding; 0: the defaults
+    int memoryLimitMb = 0;    ///< likewise
 };
 
 } // namespace host

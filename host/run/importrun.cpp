@@ -61,6 +61,7 @@ private:
     void noteEarlyEnds();
     void noteTrace();
     std::list<KorString> optionList() const;
+    QStringList serverLimits() const;
     std::list<KorString> readingList(const KorString& base) const;
     bool wasStartRefused() const;
 
@@ -188,6 +189,7 @@ void ImportRun::import() {
     takeResults();
     outcome_.server = reportFile.read();
     facts_.serverReported = !outcome_.server.is_null();
+    facts_.serverFailure = failureIn(outcome_.server);
     outcome_.losses = outcome_.record.dropped;
     for (auto& loss : lostOnTheWay(outcome_.server, outcome_.record)) {
         outcome_.losses.push_back(std::move(loss));
@@ -205,13 +207,26 @@ std::list<KorString> ImportRun::optionList() const {
               << QString::number(controlPort_);
     }
     words << QStringLiteral("-InputFile") << options_.model << QStringLiteral("-OutputBaseName")
-          << outputBase_ << options_.arguments;
+          << outputBase_ << serverLimits() << options_.arguments;
     std::list<KorString> list;
     for (const QString& word : words) list.push_back(toKorString(word));
     return list;
 }
 
-/// For a run that reads what is there.
+/// Only what the user asks for: other servers needn't know these words.
+QStringList ImportRun::serverLimits() const {
+    QStringList words;
+    if (!options_.compares) words << QStringLiteral("-Compare") << QStringLiteral("off");
+    if (options_.timeLimitSeconds > 0) {
+        words << QStringLiteral("-TimeLimit") << QString::number(options_.timeLimitSeconds);
+    }
+    if (options_.memoryLimitMb > 0) {
+        words << QStringLiteral("-MemoryLimit") << QString::number(options_.memoryLimitMb);
+    }
+    return words;
+}
+
+/// Options for a run that starts no server and reads an existing model file.
 std::list<KorString> ImportRun::readingList(const KorString& base) const {
     std::list<KorString> list{"-ControlSocket", "", "0", "-OutputBaseName", base};
     for (const QString& word : options_.arguments) list.push_back(toKorString(word));

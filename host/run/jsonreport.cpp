@@ -18,18 +18,18 @@ Json modelJson(const RebuiltModel& model, bool rebuilt) {
     json["edges"] = model.edges;
     json["shells"] = model.shells;
     json["closed"] = model.closed;
-    json["valid"] = rebuilt ? Json(model.valid) : Json();
+    json["valid"] = rebuilt && model.valid ? Json(*model.valid) : Json();
     json["area"] = rebuilt ? Json(model.areaM2) : Json();
     json["volume"] = rebuilt ? Json(model.volumeM3) : Json();
     json["boundingBox"] = boxJson(model.boundingBoxM);
     return json;
 }
 
-Json lossJson(const DroppedRecord& loss, const char* by) {
-    return {{"what", loss.what},
-            {"model", loss.model ? Json(loss.model) : Json()},
-            {"identifier", loss.identifier},
-            {"why", loss.why},
+Json entryJson(const DroppedRecord& entry, const char* by) {
+    return {{"what", entry.what},
+            {"model", entry.model ? Json(entry.model) : Json()},
+            {"identifier", entry.identifier},
+            {"why", entry.why},
             {"by", by}};
 }
 
@@ -41,10 +41,11 @@ Json modelsJson(const RunOutcome& outcome) {
     return list;
 }
 
-Json lossesJson(const RunOutcome& outcome) {
+Json listJson(const std::vector<DroppedRecord>& ofServer,
+              const std::vector<DroppedRecord>& ofHost) {
     Json list = Json::array();
-    for (const auto& loss : serverLosses(outcome.server)) list.push_back(lossJson(loss, "server"));
-    for (const auto& loss : outcome.losses) list.push_back(lossJson(loss, "host"));
+    for (const auto& entry : ofServer) list.push_back(entryJson(entry, "server"));
+    for (const auto& entry : ofHost) list.push_back(entryJson(entry, "host"));
     return list;
 }
 
@@ -57,7 +58,8 @@ std::string jsonReport(const RunOutcome& outcome) {
     json["coordinateSystems"] = outcome.record.coordinateSystems.size();
     json["exportedFiles"] = outcome.exportedFiles;
     json["models"] = modelsJson(outcome);
-    json["dropped"] = lossesJson(outcome);
+    json["dropped"] = listJson(serverLosses(outcome.server), outcome.losses);
+    json["notes"] = listJson(serverNotes(outcome.server), outcome.notes);
     json["server"] = outcome.server;
     json["reason"] = outcome.reason.empty() ? Json() : Json(outcome.reason);
     json["exitStatus"] = static_cast<int>(exitStatus(outcome));

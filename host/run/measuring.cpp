@@ -2,6 +2,7 @@
 // Rebuilding, or counting instead.
 #include "host/run/measuring.h"
 
+#include "host/run/comparison.h"
 #include "host/run/importoptions.h"
 #include "host/run/interrupts.h"
 #include "host/run/runoutcome.h"
@@ -48,18 +49,49 @@ void addLosses(RunOutcome& outcome, const RebuildOutcome& rebuilt) {
     for (const DroppedRecord& loss : rebuilt.dropped) {
         if (!named.count(subjectOf(loss))) outcome.losses.push_back(loss);
     }
+    outcome.notes.insert(outcome.notes.end(), rebuilt.notes.begin(), rebuilt.notes.end());
     if (!rebuilt.failure.isEmpty()) {
         outcome.losses.push_back({"solid", 0, rebuilt.failure.toStdString()});
     }
 }
 
-RebuildOptions rebuildOptions(const ImportOptions& options) {
+std::size_t facesOf(const ImportRecord& record) {
+    std::size_t faces = 0;
+    for (const ModelRecord& model : record.models) faces += model.faces.size();
+    return faces;
+}
+
+RebuildLimits limitsOf(const ImportOptions& options, const ImportRecord& record) {
+    RebuildLimits limits = RebuildLimits::forFaces(facesOf(record));
+    if (options.timeLimitSeconds > 0) {
+        limits.timeMs = options.timeLimitSeconds * 1000;
+        limits.stepTimeMs = std::min(limits.stepTimeMs, limits.timeMs);
+    }
+    if (options.memoryLimitMb > 0) {
+        limits.memoryBytes = std::int64_t{options.memoryLimitMb} << 20;
+    }
+    return limits;
+}
+
+RebuildOptions rebuildOptions(const ImportOptions& options, const ImportRecord& record) {
     RebuildOptions result;
     result.program = rebuildProgram();
+    result.limits = limitsOf(options, record);
+    result.measuresFaces = options.compares;
     result.picture = options.picture;
     result.exportFile = options.exportFile;
     result.stopRequested = [] { return interruptCount() > 0; };
     return result;
+}
+
+/// A server writes one model; of several it isn't known which one its figures are of.
+void compare(RunOutcome& outcome) {
+    if (outcome.record.models.size() != 1 || outcome.models.size() != 1) return;
+    for (DroppedRecord& loss :
+         differences(outcome.server, outcome.record.models[0], outcome.models[0])) {
+        loss.model = 1;
+        outcome.losses.push_back(std::move(loss));
+    }
 }
 
 void noteUnmade(RunOutcome& outcome, const ImportOptions& options) {
@@ -72,7 +104,7 @@ void noteUnmade(RunOutcome& outcome, const ImportOptions& options) {
 
 void measure(RunOutcome& outcome, const ImportOptions& options) {
     if (outcome.record.models.empty()) return;
-    const RebuildOptions settings = rebuildOptions(options);
+    const RebuildOptions settings = rebuildOptions(options, outcome.record);
     if (settings.program.isEmpty()) {
         noteUnmade(outcome, options);
     } else {
@@ -80,6 +112,7 @@ void measure(RunOutcome& outcome, const ImportOptions& options) {
         addLosses(outcome, rebuilt);
         outcome.models = rebuilt.models;
         outcome.rebuilt = !rebuilt.models.empty();
+        if (options.compares) compare(outcome);
     }
     const auto& models = outcome.record.models;
     for (std::size_t i = outcome.models.size(); i < models.size(); ++i) {

@@ -8,8 +8,8 @@ namespace host {
 struct ImportOptions;
 struct RunOutcome;
 
-/// Fills `models` and `rebuilt`, and adds what was lost on the way to `losses`. Picture and export
-/// are made here. An interrupt ends it early.
+/// Fills `models` and `rebuilt`, and adds what was lost on the way, or differs from what the server
+/// measured, to `losses`. Picture and export are made here. An interrupt ends it early.
 void measure(RunOutcome& outcome, const ImportOptions& options);
 
 } // namespace host

@@ -9,8 +9,9 @@
 namespace host {
 
 /// An object with "result", "hasResults", "coordinateSystems", "exportedFiles", "models",
-/// "dropped", "server", "reason" (null when all is well) and "exitStatus". Lengths are in metres;
-/// "valid", "area" and "volume" of a model are null when no solid was rebuilt. Ends with a line
+/// "dropped", "notes", "server", "reason" (null when all is well) and "exitStatus". Lengths are in
+/// metres; "valid", "area" and "volume" of a model are null when no solid was rebuilt, and "valid"
+/// when not everything could be checked. Ends with a line
 /// feed; bytes that are no UTF-8 come out as replacement characters.
 std::string jsonReport(const RunOutcome& outcome);
 

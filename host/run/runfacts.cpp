@@ -14,6 +14,7 @@ std::string withoutModelFile(const RunFacts& facts) {
     if (!facts.missingModel.isEmpty()) {
         return "there is no CAD file " + facts.missingModel.toStdString();
     }
+    if (!facts.serverFailure.empty()) return serverEnd(facts) + ": " + facts.serverFailure;
     if (facts.live && !facts.modelNamed) return serverEnd(facts) + " and named no model file";
     return serverEnd(facts) + (facts.serverReported
                                    ? " without leaving a model file"

@@ -17,25 +17,41 @@ Identifier numberOf(const Json& entry, const char* key) {
     return found != entry.end() && found->is_number_integer() ? found->get<Identifier>() : 0;
 }
 
+std::vector<DroppedRecord> entriesOf(const Json& report, const char* key) {
+    std::vector<DroppedRecord> entries;
+    if (!report.is_object()) return entries;
+    const auto list = report.find(key);
+    if (list == report.end() || !list->is_array()) return entries;
+    for (const Json& entry : *list) {
+        if (!entry.is_object()) continue;
+        entries.push_back(
+            {textOf(entry, "what"), numberOf(entry, "identifier"), textOf(entry, "why")});
+    }
+    return entries;
+}
+
+std::vector<DroppedRecord> together(std::vector<DroppedRecord> first,
+                                    const std::vector<DroppedRecord>& second) {
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
+}
+
 } // namespace
 
 std::vector<DroppedRecord> serverLosses(const Json& serverReport) {
-    std::vector<DroppedRecord> losses;
-    if (!serverReport.is_object()) return losses;
-    const auto dropped = serverReport.find("dropped");
-    if (dropped == serverReport.end() || !dropped->is_array()) return losses;
-    for (const Json& entry : *dropped) {
-        if (!entry.is_object()) continue;
-        losses.push_back(
-            {textOf(entry, "what"), numberOf(entry, "identifier"), textOf(entry, "why")});
-    }
-    return losses;
+    return entriesOf(serverReport, "dropped");
+}
+
+std::vector<DroppedRecord> serverNotes(const Json& serverReport) {
+    return entriesOf(serverReport, "notes");
 }
 
 std::vector<DroppedRecord> allLosses(const RunOutcome& outcome) {
-    std::vector<DroppedRecord> losses = serverLosses(outcome.server);
-    losses.insert(losses.end(), outcome.losses.begin(), outcome.losses.end());
-    return losses;
+    return together(serverLosses(outcome.server), outcome.losses);
+}
+
+std::vector<DroppedRecord> allNotes(const RunOutcome& outcome) {
+    return together(serverNotes(outcome.server), outcome.notes);
 }
 
 ExitStatus exitStatus(const RunOutcome& outcome) {

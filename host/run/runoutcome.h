@@ -32,6 +32,8 @@ struct RunOutcome {
     bool rebuilt = false;              ///< whether `models` was measured on solids
     nlohmann::ordered_json server;     ///< the server's report, or null
     std::vector<DroppedRecord> losses; ///< of host and rebuilding; the server's are in its report
+    /// What is no part of the model and has no bearing on the exit status; likewise.
+    std::vector<DroppedRecord> notes;
     std::string reason; ///< why nothing came, or why the rest didn't, in one line; else empty
     /// Decides the exit status of a run that brought nothing: wrong use, or module or server
     /// unusable.
@@ -41,8 +43,13 @@ struct RunOutcome {
 /// The entries of the server's "dropped", as far as they are what they should be.
 std::vector<DroppedRecord> serverLosses(const nlohmann::ordered_json& serverReport);
 
+/// The entries of its "notes", likewise.
+std::vector<DroppedRecord> serverNotes(const nlohmann::ordered_json& serverReport);
+
 /// Everything lost, the server's first.
 std::vector<DroppedRecord> allLosses(const RunOutcome& outcome);
+/// Everything noted, the server's first.
+std::vector<DroppedRecord> allNotes(const RunOutcome& outcome);
 
 ExitStatus exitStatus(const RunOutcome& outcome);
 

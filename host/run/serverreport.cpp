@@ -42,6 +42,14 @@ nlohmann::ordered_json ServerReportFile::read() const {
     return report;
 }
 
+std::string failureIn(const nlohmann::ordered_json& report) {
+    if (!report.is_object()) return {};
+    const auto failure = report.find("failure");
+    if (failure == report.end() || !failure->is_object()) return {};
+    const auto reason = failure->find("reason");
+    return reason != failure->end() && reason->is_string() ? reason->get<std::string>() : "";
+}
+
 std::vector<DroppedRecord> lostOnTheWay(const nlohmann::ordered_json& report,
                                         const ImportRecord& record) {
     const struct {

@@ -23,6 +23,9 @@ private:
     QDateTime before_; ///< when the report that was there already was written
 };
 
+/// Why the server failed, by its own word; empty when it says nothing of it.
+std::string failureIn(const nlohmann::ordered_json& report);
+
 /// What the server says it wrote and the record hasn't, kind by kind. Nothing when the report has
 /// no numbers.
 std::vector<DroppedRecord> lostOnTheWay(const nlohmann::ordered_json& report,

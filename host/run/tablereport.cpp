@@ -36,8 +36,9 @@ std::string extent(const std::array<double, 6>& box) {
 }
 
 std::string solidity(const RebuiltModel& model) {
-    return std::string(model.closed ? "closed" : "open") +
-           (model.valid ? ", valid" : ", not valid");
+    const std::string closed = model.closed ? "closed" : "open";
+    if (!model.valid) return closed + ", not checked in full";
+    return closed + (*model.valid ? ", valid" : ", not valid");
 }
 
 std::string modelLines(std::size_t ordinal, const RebuiltModel& model, bool rebuilt) {
@@ -66,13 +67,15 @@ std::string subject(const DroppedRecord& loss, bool severalModels) {
     return loss.what + " of model " + std::to_string(loss.model);
 }
 
-/// Losses of one kind with one reason share a line.
-std::string lossLines(const std::vector<DroppedRecord>& losses, bool severalModels) {
+/// Entries of one kind with one reason share a line.
+std::string entryLines(const char* title, const std::vector<DroppedRecord>& entries,
+                       bool severalModels) {
+    if (entries.empty()) return {};
     std::map<std::pair<std::string, std::string>, std::vector<Identifier>> groups;
-    for (const DroppedRecord& loss : losses) {
-        groups[{subject(loss, severalModels), loss.why}].push_back(loss.identifier);
+    for (const DroppedRecord& entry : entries) {
+        groups[{subject(entry, severalModels), entry.why}].push_back(entry.identifier);
     }
-    std::string text = "losses: " + std::to_string(losses.size()) + '\n';
+    std::string text = title + std::to_string(entries.size()) + '\n';
     for (const auto& [group, identifiers] : groups) {
         text +=
             line(std::to_string(identifiers.size()) + ' ' + group.first,
@@ -102,8 +105,10 @@ std::string tableReport(const RunOutcome& outcome) {
     }
     text += fileLines(outcome);
     const std::vector<DroppedRecord> losses = allLosses(outcome);
-    if (!losses.empty()) return text + lossLines(losses, outcome.models.size() > 1);
-    return outcome.hasResults ? text + "losses: none\n" : text;
+    const bool severalModels = outcome.models.size() > 1;
+    text += entryLines("losses: ", losses, severalModels);
+    if (losses.empty() && outcome.hasResults) text += "losses: none\n";
+    return text + entryLines("notes: ", allNotes(outcome), severalModels);
 }
 
 } // namespace host

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-// Counting, integrating, checking.
+// Counting, adding up, checking.
 #include "host/shape/measure.h"
 
-#include "host/measure/faceintegral.h"
+#include "host/measure/validity.h"
 #include "host/shape/geometry.h"
 #include "host/shape/kernelcall.h"
 
 #include <BRepBndLib.hxx>
-#include <BRepCheck_Analyzer.hxx>
 #include <BRep_Tool.hxx>
 #include <Bnd_Box.hxx>
 #include <TopExp.hxx>
@@ -51,53 +50,63 @@ std::array<double, 6> boxOf(const TopoDS_Shape& shape) {
     return result;
 }
 
-/// Takes faces in as they are integrated and checked. Only closed shells have a volume.
-class FaceSum {
+/// Only closed shells have a volume.
+void sumUp(const BuiltModel& model, RebuiltModel& result) {
+    TopTools_IndexedMapOfShape enclosing;
+    for (TopExp_Explorer shell(model.shape, TopAbs_SHELL); shell.More(); shell.Next()) {
+        if (BRep_Tool::IsClosed(shell.Current())) {
+            TopExp::MapShapes(shell.Current(), TopAbs_FACE, enclosing);
+        }
+    }
+    for (const ModelFace& each : model.faces) {
+        if (!each.integral) continue;
+        const double area = each.integral->area / squareMillimetres;
+        const double volume = each.integral->volume / cubicMillimetres;
+        result.faceMeasures.push_back({each.identifier, area, volume});
+        result.areaM2 += area;
+        if (enclosing.Contains(each.face)) result.volumeM3 += volume;
+    }
+}
+
+/// Gathers what the checks say. Fault with a face is told once, with the face.
+class Validation {
 public:
-    explicit FaceSum(const BuiltModel& model) {
-        Bnd_Box box;
-        BRepBndLib::Add(model.shape, box, false);
-        if (!box.IsVoid()) {
-            reference_ = (box.CornerMin().XYZ() + box.CornerMax().XYZ()) * 0.5;
-        }
-        for (TopExp_Explorer shell(model.shape, TopAbs_SHELL); shell.More(); shell.Next()) {
-            if (BRep_Tool::IsClosed(shell.Current())) {
-                TopExp::MapShapes(shell.Current(), TopAbs_FACE, enclosing_);
-            }
-        }
-    }
+    explicit Validation(const Progress& progress) : progress_(progress) {}
 
-    void add(const TopoDS_Face& face) {
-        const FaceIntegral integral = integralOf(face, reference_);
-        areaMm2 += integral.area;
-        if (enclosing_.Contains(face)) volumeMm3 += integral.volume;
-        areValid = areValid && BRepCheck_Analyzer(face).IsValid();
+    void checkFace(const ModelFace& each) {
+        const std::string reason = reasonNotToCheck(each.face);
+        if (!reason.empty()) progress_.note("check", each.identifier, reason);
+        isComplete_ = isComplete_ && reason.empty();
+        if (reason.empty())
+            check("check", each.identifier, each.identifier, [&] { return faultOf(each.face); });
     }
-
-    double areaMm2 = 0.0, volumeMm3 = 0.0;
-    bool areValid = true;
+    void checkFit(const TopoDS_Shape& shape) {
+        check("fit", progress_.model, 0, [&] { return faultOfFit(shape); });
+    }
+    std::optional<bool> verdict() const {
+        if (!isValid_) return false;
+        return isComplete_ ? std::optional(true) : std::nullopt;
+    }
 
 private:
-    gp_Pnt reference_;
-    TopTools_IndexedMapOfShape enclosing_;
-};
-
-FaceSum summed(const BuiltModel& model, const Progress& progress) {
-    FaceSum sum(model);
-    for (const auto& [identifier, face] : model.faces) {
-        if (progress.isSkipped("measure", identifier)) {
-            sum.areValid = false;
-            continue;
+    template <class Check>
+    void check(const char* step, Identifier stepIdentifier, Identifier face, const Check& work) {
+        if (progress_.isSkipped(step, stepIdentifier)) {
+            isComplete_ = false;
+            return;
         }
-        progress.begin("measure", identifier);
-        const auto& known = face;
-        const std::string failure = kernelCall([&] { sum.add(known); });
-        if (failure.empty()) continue;
-        progress.drop("measure", identifier, failure);
-        sum.areValid = false;
+        progress_.begin(step, stepIdentifier);
+        std::string fault;
+        const std::string failure = kernelCall([&] { fault = work(); });
+        if (!failure.empty()) progress_.note(step, stepIdentifier, "not checked: " + failure);
+        if (!fault.empty()) progress_.drop("validity", face, fault);
+        isComplete_ = isComplete_ && failure.empty();
+        isValid_ = isValid_ && fault.empty();
     }
-    return sum;
-}
+
+    const Progress& progress_;
+    bool isValid_ = true, isComplete_ = true;
+};
 
 /// Does one stage and names its failure.
 template <class Work> void stage(const char* what, const Progress& progress, const Work& work) {
@@ -113,24 +122,13 @@ RebuiltModel measured(const BuiltModel& model, const Progress& progress) {
     RebuiltModel result;
     count(model.shape, result);
     if (result.faces == 0) return result;
-    const FaceSum sum = summed(model, progress);
-    result.areaM2 = sum.areaMm2 / squareMillimetres;
-    result.volumeM3 = sum.volumeMm3 / cubicMillimetres;
+    sumUp(model, result);
     stage("box", progress, [&] { result.boundingBoxM = boxOf(model.shape); });
-    constexpr bool checkGeometryAgain = false;
-    stage("check", progress, [&] {
-        result.valid =
-            sum.areValid && BRepCheck_Analyzer(model.shape, checkGeometryAgain).IsValid();
-    });
+    Validation validation(progress);
+    for (const ModelFace& each : model.faces) validation.checkFace(each);
+    validation.checkFit(model.shape);
+    result.valid = validation.verdict();
     return result;
-}
-
-double volumeWithin(const TopoDS_Shape& shell) {
-    double sum = 0.0;
-    for (TopExp_Explorer walk(shell, TopAbs_FACE); walk.More(); walk.Next()) {
-        sum += integralOf(TopoDS::Face(walk.Current()), gp_Pnt()).volume;
-    }
-    return sum;
 }
 
 } // namespace host

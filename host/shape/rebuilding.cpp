@@ -9,6 +9,7 @@
 #include "host/shape/modelbuilder.h"
 #include "host/shape/picture.h"
 #include "host/shape/pngfile.h"
+#include "platform/clock.h"
 
 #include <BRep_Builder.hxx>
 #include <Message.hxx>
@@ -23,10 +24,16 @@ class Rebuilder {
 public:
     Rebuilder(const RebuildingOrder& order, const std::function<void(const WorkerLine&)>& tell)
         : order_(order), tell_(tell) {
-        progress_.begins = [this](const Step& step) { tell_(step); };
+        progress_.begins = [this](const Step& step) {
+            tell_(BegunStep{step, platform::processorTimeMs()});
+        };
         progress_.drops = [this](DroppedRecord drop) {
             drop.model = progress_.model;
             tell_(drop);
+        };
+        progress_.notes = [this](DroppedRecord note) {
+            note.model = progress_.model;
+            tell_(WorkerNote{note});
         };
         progress_.skipped = order.skipped;
         builder_.MakeCompound(all_);
@@ -48,7 +55,11 @@ private:
         for (TopoDS_Iterator part(model.shape); part.More(); part.Next()) {
             builder_.Add(all_, part.Value());
         }
-        tell_(measured(model, progress_));
+        RebuiltModel figures = measured(model, progress_);
+        if (order_.tellsMeasures) {
+            for (const FaceMeasure& face : figures.faceMeasures) tell_(face);
+        }
+        tell_(figures);
     }
 
     template <class Work>

@@ -16,6 +16,7 @@ struct RebuildingOrder {
     std::string picture;    ///< UTF-8; empty for none
     std::string exportFile; ///< likewise
     int pictureWidth = 1024, pictureHeight = 768;
+    bool tellsMeasures = false; ///< of each face
     std::set<Step> skipped;
 };
 

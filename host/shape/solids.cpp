@@ -2,8 +2,6 @@
 // Shells are told apart by the sign of their volume and put together by where they lie.
 #include "host/shape/solids.h"
 
-#include "host/shape/measure.h"
-
 #include <BRepBndLib.hxx>
 #include <BRepClass3d_SolidClassifier.hxx>
 #include <BRep_Builder.hxx>
@@ -28,14 +26,14 @@ struct ClosedShell {
     Bnd_Box box;
 };
 
-ClosedShell closedShell(TopoDS_Shell shell) {
+ClosedShell closedShell(const MeasuredShell& measured) {
     ClosedShell result;
-    shell.Closed(true);
-    result.shell = shell;
+    result.shell = measured.shell;
+    result.shell.Closed(true);
+    result.volume = measured.volume;
     BRep_Builder().MakeSolid(result.solid);
-    BRep_Builder().Add(result.solid, shell);
-    result.volume = volumeWithin(shell);
-    BRepBndLib::Add(shell, result.box, false);
+    BRep_Builder().Add(result.solid, result.shell);
+    BRepBndLib::Add(result.shell, result.box, false);
     return result;
 }
 
@@ -76,16 +74,15 @@ ClosedShell* homeOf(const ClosedShell& cavity, std::vector<ClosedShell>& outers)
 
 } // namespace
 
-void addSolids(const std::vector<TopoDS_Shell>& shells, TopoDS_Compound& result) {
+void addSolids(const std::vector<MeasuredShell>& shells, TopoDS_Compound& result) {
     const BRep_Builder builder;
     std::vector<ClosedShell> outers, cavities;
-    for (const TopoDS_Shell& shell : shells) {
-        if (!BRep_Tool::IsClosed(shell)) {
-            builder.Add(result, shell);
-            continue;
+    for (const MeasuredShell& measured : shells) {
+        if (BRep_Tool::IsClosed(measured.shell)) {
+            (measured.volume < 0.0 ? cavities : outers).push_back(closedShell(measured));
+        } else {
+            builder.Add(result, measured.shell);
         }
-        ClosedShell closed = closedShell(shell);
-        (closed.volume < 0.0 ? cavities : outers).push_back(closed);
     }
     for (const ClosedShell& cavity : cavities) {
         if (ClosedShell* home = homeOf(cavity, outers)) {

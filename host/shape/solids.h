@@ -9,8 +9,13 @@
 
 namespace host {
 
+struct MeasuredShell {
+    TopoDS_Shell shell;
+    double volume = 0.0; ///< within it when it is closed, negative when its faces look inwards
+};
+
 /// Adds to `result` a solid for each closed shell that encloses material, with the voids that lie
 /// in it, and each open shell as it is. A void that lies in nothing is a solid of its own.
-void addSolids(const std::vector<TopoDS_Shell>& shells, TopoDS_Compound& result);
+void addSolids(const std::vector<MeasuredShell>& shells, TopoDS_Compound& result);
 
 } // namespace host

@@ -16,6 +16,12 @@ std::int64_t performanceCounter() {
 
 std::int64_t performanceFrequency() { return 1'000'000'000; }
 
+std::int64_t processorTimeMs() {
+    timespec used{};
+    ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &used);
+    return std::int64_t{used.tv_sec} * 1000 + used.tv_nsec / 1'000'000;
+}
+
 std::uint32_t processId() { return static_cast<std::uint32_t>(::getpid()); }
 
 void sleep(std::uint32_t milliseconds) {

@@ -29,7 +29,7 @@ TEST_F(ImportCommandTest, TakesTheModelAndEveryOption) {
     const QString words = "--output-base o/b --argument -Odd part.step --server s --module m "
                           "--environment e --answer yes --set A/b=c --set D/e=f --settings i.ini "
                           "--without IGuiSimpleDlg --trace t --picture p.png --export x.brep "
-                          "--json r.json";
+                          "--json r.json --no-compare --time-limit 7 --memory-limit 900";
     const ImportCommand command =
         require(words.split(' ') + QStringList{"--argument", "", "--set", "G/h i=j k"});
     const host::ImportOptions& options = command.options;
@@ -45,6 +45,9 @@ TEST_F(ImportCommandTest, TakesTheModelAndEveryOption) {
     EXPECT_EQ(options.picture, "p.png");
     EXPECT_EQ(options.exportFile, "x.brep");
     EXPECT_FALSE(options.noServer || options.live || options.traceFrames);
+    EXPECT_FALSE(options.compares);
+    EXPECT_EQ(options.timeLimitSeconds, 7);
+    EXPECT_EQ(options.memoryLimitMb, 900);
     EXPECT_TRUE(command.json);
     EXPECT_EQ(command.jsonFile, "r.json");
 }

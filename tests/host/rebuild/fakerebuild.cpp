@@ -32,6 +32,8 @@ void meet(const QString& fate) {
     if (fate == "crash") __builtin_trap();
     if (fate == "memory") std::exit(host::workerOutOfMemory);
     if (fate == "quit") std::exit(0);
+    if (fate == "slow") std::exit(host::workerOutOfStepTime);
+    if (fate == "late") std::exit(host::workerOutOfTime);
     if (fate == "hang") std::this_thread::sleep_for(std::chrono::minutes(5));
     if (fate == "garbage") {
         for (int i = 0; i < 1000; ++i) std::puts("{\"step\": chatter of the kernel");
@@ -57,7 +59,7 @@ int main(int argc, char** argv) {
     for (int face = 11; face <= 15; ++face) {
         const host::Step step{1, "face", face};
         if (arguments.contains(host::stepArgument(step))) continue;
-        tell(step);
+        tell(host::BegunStep{step, 1});
         meet(fateOf(face));
         ++built;
     }
@@ -67,7 +69,7 @@ int main(int argc, char** argv) {
     tell(model);
     const int picture = static_cast<int>(arguments.indexOf("--picture"));
     if (picture > 0) {
-        tell(host::Step{0, "picture", 0});
+        tell(host::BegunStep{{0, "picture", 0}, 1});
         meet(fateOf(0));
         if (writeText(arguments.value(picture + 1))) tell(host::WrittenFile{true});
     }

@@ -17,7 +17,9 @@ template <class Line> Line back(const Line& line) {
 }
 
 TEST(WorkerLines, CarryStepsAndDrops) {
-    const Step step = back(Step{2, "face", 300});
+    const BegunStep begun = back(BegunStep{{2, "face", 300}, 5'000'000'000});
+    const Step& step = begun.step;
+    EXPECT_EQ(begun.processorMs, 5'000'000'000);
     EXPECT_EQ(step.model, 2);
     EXPECT_EQ(step.what, "face");
     EXPECT_EQ(step.identifier, 300);
@@ -27,16 +29,20 @@ TEST(WorkerLines, CarryStepsAndDrops) {
     EXPECT_EQ(drop.what, "edge");
     EXPECT_EQ(drop.identifier, -7);
     EXPECT_EQ(drop.why, "line\nbreak, \"quotes\", \xC3\xBC");
+    EXPECT_EQ(back(WorkerNote{{"check", 8, "not checked", 1}}).note.identifier, 8);
 }
 
 TEST(WorkerLines, CarryModelsToTheLastDigit) {
-    RebuiltModel model{6, 12, 1, true, false, 1.0 / 3.0, 2.0 / 7.0, {-1, 0.1, 1e-9, 1, 2, 3}};
+    RebuiltModel model{6, 12, 1, true, false, 1.0 / 3.0, 2.0 / 7.0, {-1, 0.1, 1e-9, 1, 2, 3}, {}};
     const RebuiltModel other = back(model);
     EXPECT_EQ(other.faces, 6);
     EXPECT_EQ(other.edges, 12);
     EXPECT_EQ(other.shells, 1);
     EXPECT_TRUE(other.closed);
-    EXPECT_FALSE(other.valid);
+    EXPECT_EQ(other.valid, false);
+    model.valid.reset();
+    EXPECT_EQ(back(model).valid, std::nullopt);
+    EXPECT_EQ(back(FaceMeasure{7, 1.0 / 3.0, -2.0 / 7.0}).volumeM3, -2.0 / 7.0);
     EXPECT_EQ(other.areaM2, model.areaM2);
     EXPECT_EQ(other.volumeM3, model.volumeM3);
     EXPECT_EQ(other.boundingBoxM, model.boundingBoxM);

@@ -16,7 +16,7 @@ RunOutcome soundOutcome() {
     outcome.name = "part.step";
     outcome.result = outcome.hasResults = outcome.rebuilt = true;
     outcome.exportedFiles = {"out/part.igs"};
-    outcome.models = {{6, 12, 1, true, true, 0.25, 0.0625, {-0.0, 0, 0, 1, 2, 3.5}}};
+    outcome.models = {{6, 12, 1, true, true, 0.25, 0.0625, {-0.0, 0, 0, 1, 2, 3.5}, {}}};
     return outcome;
 }
 
@@ -38,6 +38,26 @@ TEST(ExitStatus, CountsWhatTheServerDroppedAndNotWhatItConverted) {
     outcome.server["dropped"].push_back({{"what", "face"}, {"identifier", 9}, {"why", "bad"}});
     EXPECT_EQ(exitStatus(outcome), ExitStatus::withLosses);
     EXPECT_EQ(allLosses(outcome).at(0).identifier, 9);
+}
+
+TEST(ExitStatus, TakesNoNotice) {
+    RunOutcome outcome = soundOutcome();
+    outcome.server = Json::parse(R"({"notes":[{"what":"SAT export","why":"not offered"}]})");
+    outcome.notes = {{"check", 12, "not checked"}};
+    outcome.models[0].valid.reset();
+    EXPECT_EQ(exitStatus(outcome), ExitStatus::complete);
+    const Json json = Json::parse(jsonReport(outcome));
+    EXPECT_EQ(json["notes"][0]["by"], "server");
+    EXPECT_EQ(json["notes"][1]["identifier"], 12);
+    EXPECT_EQ(json["models"][0]["valid"], nullptr);
+    const std::string table = tableReport(outcome);
+    EXPECT_NE(table.find("closed, not checked in full\n"), table.npos);
+    EXPECT_NE(table.find("losses: none\n"
+                         "notes: 2\n"
+                         "  1 SAT export        not offered\n"
+                         "  1 check             not checked: 12\n"),
+              table.npos)
+        << table;
 }
 
 TEST(ServerLosses, SurviveAReportOfAnyForm) {
@@ -124,6 +144,8 @@ TEST(Reason, NamesTheMostTellingFact) {
     facts.serverReported = true;
     facts.missingModel.clear();
     EXPECT_EQ(reasonForNothing(facts), "the server crashed without leaving a model file");
+    facts.serverFailure = "the disk is full";
+    EXPECT_EQ(reasonForNothing(facts), "the server crashed: the disk is full");
     facts.modelFileBytes = 0;
     EXPECT_EQ(reasonForNothing(facts), "the model file is empty");
     facts.modelFileBytes = 70;

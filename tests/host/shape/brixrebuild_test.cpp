@@ -18,7 +18,7 @@ class BrixRebuild : public ::testing::Test {
 protected:
     BrixRebuild() {
         options_.program = BRIX_REBUILD;
-        options_.memoryLimitBytes = 0; // sanitizers reserve far more than they use
+        options_.limits.memoryBytes = 0; // sanitizers reserve far more than they use
     }
     int exitCode(const QStringList& arguments) const {
         QProcess process;
@@ -44,11 +44,19 @@ TEST_F(BrixRebuild, BuildsMeasuresDrawsAndExports) {
     ASSERT_EQ(outcome.models.size(), 2U);
     EXPECT_EQ(outcome.models[0].faces, 6);
     EXPECT_NEAR(outcome.models[0].volumeM3, 6e-6, 1e-14);
-    EXPECT_TRUE(outcome.models[1].valid);
+    EXPECT_EQ(outcome.models[1].valid, true);
     EXPECT_TRUE(outcome.pictureWritten);
     EXPECT_TRUE(outcome.exportWritten);
     EXPECT_EQ(folder_.read("shot.png").left(8), QByteArray::fromHex("89504e470d0a1a0a"));
     EXPECT_TRUE(folder_.read("model.step").startsWith("ISO-10303-21;"));
+}
+
+TEST_F(BrixRebuild, EndsByItselfWhenItsProcessorTimeIsUp) {
+    record_.models.assign(400, recordOfShape(shapeNamed("Vase")));
+    options_.limits.timeMs = 200;
+    const RebuildOutcome outcome = rebuild(record_, options_);
+    EXPECT_TRUE(outcome.failure.contains("processor time")) << outcome.failure.toStdString();
+    EXPECT_LT(outcome.models.size(), record_.models.size());
 }
 
 TEST_F(BrixRebuild, NamesWhatItDropsAndDeliversTheRest) {

@@ -42,7 +42,7 @@ TEST(ModelBuilder, GivesEverySolidBackAsItWas) {
         EXPECT_EQ(result.figures.shells, each.shells);
         EXPECT_EQ(countOf(result.model.shape, TopAbs_SOLID), countOf(original, TopAbs_SOLID));
         EXPECT_TRUE(result.figures.closed);
-        EXPECT_TRUE(result.figures.valid);
+        EXPECT_EQ(result.figures.valid, true);
         const FaceIntegral expected = integralOver(original);
         EXPECT_NEAR(result.figures.areaM2 * 1e6, expected.area, 1e-6 * expected.area);
         EXPECT_NEAR(result.figures.volumeM3 * 1e9, expected.volume, 1e-6 * expected.volume);

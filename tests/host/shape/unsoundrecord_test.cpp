@@ -109,7 +109,7 @@ TEST_F(UnsoundRecord, GivesNothingForNothing) {
     const RebuiltModel model = build();
     EXPECT_EQ(model.faces, 0);
     EXPECT_FALSE(model.closed);
-    EXPECT_FALSE(model.valid);
+    EXPECT_FALSE(model.valid.has_value());
     EXPECT_EQ(model.boundingBoxM, (std::array<double, 6>{}));
 }
 

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: Apache-2.0
+// Ends the worker when it has used its processor time, whatever it is in.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <thread>
+
+namespace host {
+
+/// A thread looks at the process's processor time twenty times a second, for as long as this lives.
+/// Beyond a limit the process ends at once with workerOutOfTime or workerOutOfStepTime.
+class ProcessorLimit {
+public:
+    /// Of the whole process and of one step, in milliseconds; 0 for no limit.
+    ProcessorLimit(std::int64_t totalMs, std::int64_t stepMs);
+    ~ProcessorLimit();
+    ProcessorLimit(const ProcessorLimit&) = delete;
+    ProcessorLimit& operator=(const ProcessorLimit&) = delete;
+
+    /// A new step has begun. Any thread may say so.
+    void stepBegun();
+
+private:
+    void watch() const;
+
+    const std::int64_t totalMs_, stepMs_;
+    std::atomic<std::int64_t> stepStartMs_{0};
+    std::atomic<bool> isDone_{false};
+    std::thread thread_;
+};
+
+} // namespace host
