@@ -16,11 +16,15 @@ struct BorderPiece {
     BRepAdaptor_Curve2d curve;
     bool isAlong = true;
     gp_Pnt2d start, end;
+    double toleranceMm = 0.0; ///< of the edge and its vertices
 };
 
-/// Every edge of the wire that bounds the face, each once for every use, in an order in which a
-/// piece begins as near as possible to the end of the one before. `face` is oriented forward. May
-/// throw what the kernel throws for an edge without a curve in the parameters.
+/// Every edge of the wire that bounds the face, each once for every use, in the order in which they
+/// stand there. `face` is oriented forward. May throw what the kernel throws for an edge without a
+/// curve in the parameters.
 std::vector<BorderPiece> borderOf(const TopoDS_Wire& wire, const TopoDS_Face& face);
+
+/// Reorders the pieces so that each begins as near as possible to the end of the one before.
+void followEnds(std::vector<BorderPiece>& border);
 
 } // namespace host

@@ -18,8 +18,10 @@
 namespace host {
 namespace {
 
-/// Of the face's range in v; a greater jump is no gap within tolerances but a fault.
-constexpr double greatestGap = 1e-2;
+/// A gap is a fault when it is greater than this share of the border's size and than so many
+/// tolerances: then an edge is missing.
+constexpr double greatestGapShare = 1e-2;
+constexpr double greatestGapTolerances = 4.0;
 
 class Integrator {
 public:
@@ -35,7 +37,7 @@ public:
         Measures sum;
         for (TopoDS_Iterator walk(face_); walk.More(); walk.Next()) {
             if (walk.Value().ShapeType() != TopAbs_WIRE) continue;
-            sum += around(borderOf(TopoDS::Wire(walk.Value()), face_));
+            sum += around(closedBorder(TopoDS::Wire(walk.Value())));
         }
         return {sum.area, sum.volume};
     }
@@ -44,23 +46,55 @@ private:
     Measures around(const std::vector<BorderPiece>& border) const {
         Measures sum;
         for (std::size_t i = 0; i < border.size(); ++i) {
+            const gp_Pnt2d &end = border[i].end, &next = border[(i + 1) % border.size()].start;
             sum += along(border[i].curve) * (border[i].isAlong ? 1.0 : -1.0);
-            sum += between(border[i].end, border[(i + 1) % border.size()].start);
+            sum += between(end, next);
         }
         return sum;
     }
 
-    /// Curves meet within a tolerance only. Without the gaps between them the result would depend
-    /// on where F begins. A loop round a closed surface comes back one period further on.
+    std::vector<BorderPiece> closedBorder(const TopoDS_Wire& wire) const {
+        std::vector<BorderPiece> border = borderOf(wire, face_);
+        if (isClosed(border)) return border;
+        followEnds(border);
+        if (!isClosed(border)) throw OpenBorder("its border has a gap");
+        return border;
+    }
+
+    bool isClosed(const std::vector<BorderPiece>& border) const {
+        const double greatestGap = greatestGapOf(border);
+        for (std::size_t i = 0; i < border.size(); ++i) {
+            const gp_Pnt2d& next = border[(i + 1) % border.size()].start;
+            if (pointAt(border[i].end).Distance(pointAt(next)) > greatestGap) return false;
+        }
+        return true;
+    }
+
+    gp_Pnt pointAt(const gp_Pnt2d& uv) const { return surface_.Value(uv.X(), uv.Y()); }
+
+    double greatestGapOf(const std::vector<BorderPiece>& border) const {
+        double size = 0.0, tolerance = 0.0;
+        for (const BorderPiece& piece : border) {
+            size = std::max(size, pointAt(piece.end).Distance(pointAt(border[0].start)));
+            tolerance = std::max(tolerance, piece.toleranceMm);
+        }
+        return std::max(greatestGapShare * size, greatestGapTolerances * tolerance);
+    }
+
+    /// Curves meet within a tolerance only, and an edge without extent may be missing at a pole.
+    /// Without the way from one to the next the result would depend on where F begins. A loop round
+    /// a closed surface comes back one period further on.
     Measures between(const gp_Pnt2d& end, const gp_Pnt2d& next) const {
         double gap = next.Y() - end.Y();
         if (surface_.IsVPeriodic()) gap = std::remainder(gap, surface_.VPeriod());
         if (gap == 0.0) return {};
+        const auto f = [&](double share) {
+            return strip_.to(end.X() + share * (next.X() - end.X()), end.Y() + share * gap);
+        };
+        constexpr double small = 1e-3;
         const double range = surface_.LastVParameter() - surface_.FirstVParameter();
-        if (std::abs(gap) > greatestGap * range) {
-            throw OpenBorder("its border has a gap in the parameters of its surface");
-        }
-        return strip_.to(0.5 * (end.X() + next.X()), 0.5 * (end.Y() + next.Y())) * gap;
+        if (std::abs(gap) <= small * range) return f(0.5) * gap;
+        return quadrature(f, 0.0, 1.0, strip_.tolerance()) * gap;
     }
 
     Measures along(const BRepAdaptor_Curve2d& curve) const {

@@ -20,7 +20,7 @@
 namespace host {
 namespace {
 
-constexpr int mostLoops = 400;
+constexpr int mostLoops = 500;
 
 std::string textOf(BRepCheck_Status status) {
     static const std::map<BRepCheck_Status, const char*> texts{
