@@ -23,6 +23,9 @@ namespace {
 constexpr double greatestGapShare = 1e-2;
 constexpr double greatestGapTolerances = 4.0;
 
+/// Of a curve's spans times the surface's.
+constexpr int mostPieces = 10000;
+
 class Integrator {
 public:
     Integrator(const TopoDS_Face& face, const gp_Pnt& reference)
@@ -94,7 +97,7 @@ private:
         constexpr double small = 1e-3;
         const double range = surface_.LastVParameter() - surface_.FirstVParameter();
         if (std::abs(gap) <= small * range) return f(0.5) * gap;
-        return quadrature(f, 0.0, 1.0, strip_.tolerance()) * gap;
+        return quadrature(longRule, f, 0.0, 1.0, strip_.tolerance()) * gap;
     }
 
     Measures along(const BRepAdaptor_Curve2d& curve) const {
@@ -107,19 +110,23 @@ private:
         Measures sum;
         const std::vector<double> breaks = breaksOf(curve);
         for (std::size_t i = 1; i < breaks.size(); ++i) {
-            sum += quadrature(f, breaks[i - 1], breaks[i], strip_.tolerance());
+            sum += quadrature(longRule, f, breaks[i - 1], breaks[i], strip_.tolerance());
         }
         return sum;
     }
 
     /// Where the integrand isn't smooth: the curve's own knots and its crossings of the surface's.
+    /// Of a curve with very many knots across a surface with very many, stretches of several spans
+    /// are taken: they are smoother than their number suggests, and what isn't is refined.
     std::vector<double> breaksOf(const BRepAdaptor_Curve2d& curve) const {
         TColStd_Array1OfReal own(1, curve.NbIntervals(GeomAbs_CN) + 1);
         curve.Intervals(own, GeomAbs_CN);
         std::vector<double> breaks{own.First()};
-        for (int i = own.Lower(); i < own.Upper(); ++i) {
-            addCrossings(curve, own(i), own(i + 1), breaks);
-            breaks.push_back(own(i + 1));
+        const int stride = 1 + own.Length() * surface_.NbUIntervals(GeomAbs_CN) / mostPieces;
+        for (int i = own.Lower(); i < own.Upper(); i += stride) {
+            const double to = own(std::min(i + stride, own.Upper()));
+            addCrossings(curve, own(i), to, breaks);
+            breaks.push_back(to);
         }
         return breaks;
     }

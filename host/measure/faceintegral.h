@@ -27,7 +27,7 @@ public:
 };
 
 /// The face has curves in its surface's parameters, or is plane. The answer is good to one part in
-/// 1e9. Throws OpenBorder when its curves leave a gap there, IntegrationLimit (quadrature.h) when
+/// 1e8. Throws OpenBorder when its curves leave a gap there, IntegrationLimit (quadrature.h) when
 /// the integral doesn't settle, and what the kernel throws.
 FaceIntegral integralOf(const TopoDS_Face& face, const gp_Pnt& reference);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Adaptive 15-point Gauss-Kronrod quadrature of an area and a volume at once.
+// Adaptive Gauss-Kronrod quadrature of an area and a volume at once.
 #pragma once
 
 #include <array>
@@ -44,12 +44,22 @@ private:
     std::int64_t evaluations_, left_;
 };
 
-/// The non-negative nodes of the 15-point rule. Every second node is one of the 7-point Gauss rule,
-/// whose weight is 0 at the others.
+/// A non-negative node of a Kronrod rule. Every second node is one of a Gauss rule as well, whose
+/// weight is 0 at the others.
 struct QuadratureNode {
     double at, kronrod, gauss;
 };
-inline constexpr std::array<QuadratureNode, 8> quadratureNodes{{
+
+/// 7 points, 3 of them Gauss's: for pieces of low degree, such as a surface between two knots.
+inline constexpr std::array<QuadratureNode, 4> shortRule{{
+    {0.960491268708020283423507092629080, 0.104656226026467265193823857192073, 0.0},
+    {0.774596669241483377035853079956480, 0.268488089868333440728569280666710,
+     0.555555555555555555555555555555556},
+    {0.434243749346802558002071502844628, 0.401397414775962222905051818618432, 0.0},
+    {0.0, 0.450916538658474142345110087045571, 0.888888888888888888888888888888889},
+}};
+/// 15 points, 7 of them Gauss's.
+inline constexpr std::array<QuadratureNode, 8> longRule{{
     {0.991455371120812639206854697526329, 0.022935322010529224963732008058970, 0.0},
     {0.949107912342758524526189684047851, 0.063092092629978553290700663189204,
      0.129484966168869693270611432679082},
@@ -66,15 +76,15 @@ inline constexpr std::array<QuadratureNode, 8> quadratureNodes{{
 /// Halves an interval at most this often.
 inline constexpr int greatestQuadratureDepth = 12;
 
-/// The integral of `f` from `from` to `to`. An interval is halved until the 15-point and the
-/// 7-point rule differ by no more than `tolerance` in both figures; the true error of the 15-point
-/// rule is far below that difference.
-template <class Function>
-Measures quadrature(const Function& f, double from, double to, const Measures& tolerance,
-                    int depth = greatestQuadratureDepth) {
+/// The integral of `f` from `from` to `to`. An interval is halved until the Kronrod and the Gauss
+/// rule differ by no more than `tolerance` in both figures; the true error of the Kronrod rule is
+/// far below that difference.
+template <class Rule, class Function>
+Measures quadrature(const Rule& rule, const Function& f, double from, double to,
+                    const Measures& tolerance, int depth = greatestQuadratureDepth) {
     const double middle = 0.5 * (from + to), half = 0.5 * (to - from);
     Measures fine, coarse;
-    for (const QuadratureNode& node : quadratureNodes) {
+    for (const QuadratureNode& node : rule) {
         Measures value = f(middle + half * node.at);
         if (node.at > 0.0) value += f(middle - half * node.at);
         fine += value * node.kronrod;
@@ -85,8 +95,8 @@ Measures quadrature(const Function& f, double from, double to, const Measures& t
     const bool agrees = std::abs(fine.area - coarse.area) <= tolerance.area &&
                         std::abs(fine.volume - coarse.volume) <= tolerance.volume;
     if (agrees || depth == 0) return fine;
-    Measures result = quadrature(f, from, middle, tolerance, depth - 1);
-    result += quadrature(f, middle, to, tolerance, depth - 1);
+    Measures result = quadrature(rule, f, from, middle, tolerance, depth - 1);
+    result += quadrature(rule, f, middle, to, tolerance, depth - 1);
     return result;
 }
 
