@@ -16,6 +16,9 @@ install(FILES
   ${CMAKE_CURRENT_BINARY_DIR}/brixConfigVersion.cmake
   DESTINATION ${brix_package_dir})
 
+# The files move with the prefix, and so does what they say.
+file(RELATIVE_PATH brix_prefix_from_pkgconfig
+  ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 foreach(package brix-zelbasictypes brix-protocol)
   configure_file(cmake/${package}.pc.in ${package}.pc @ONLY)
   install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${package}.pc
