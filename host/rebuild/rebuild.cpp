@@ -4,13 +4,16 @@
 
 #include "host/modelling/recordfile.h"
 #include "host/rebuild/worker.h"
+#include "host/temporaryfolder.h"
 #include "platform/process.h"
 
 #include <QDeadlineTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
-#include <QTemporaryDir>
+
+#include <algorithm>
+#include <map>
 
 namespace host {
 namespace {
@@ -58,6 +61,14 @@ bool copyOver(const QString& from, const QString& to) {
     return file.commit();
 }
 
+/// How many steps of that kind a record makes likely.
+std::size_t likelySteps(const ImportRecord& record, const Step& step) {
+    if (step.model < 1 || static_cast<std::size_t>(step.model) > record.models.size()) return 1;
+    const ModelRecord& model = record.models[static_cast<std::size_t>(step.model - 1)];
+    if (step.what == "face" || step.what == "measure") return model.faces.size();
+    return step.what == "edge" ? model.edges.size() : 1;
+}
+
 bool isStage(const std::string& what) { return what == "picture" || what == "export"; }
 
 class Rebuilding {
@@ -81,8 +92,8 @@ public:
 private:
     bool prepare() {
         QFile file(inFolder("record"));
-        return folder_.isValid() && file.open(QIODevice::WriteOnly) && writeRecord(file, record_) &&
-               file.flush();
+        return folder_.problem().isEmpty() && file.open(QIODevice::WriteOnly) &&
+               writeRecord(file, record_) && file.flush();
     }
     QString inFolder(const QString& name) const { return folder_.filePath(name); }
     QString pictureName() const { return inFolder("picture.png"); }
@@ -104,12 +115,20 @@ private:
         finish();
     }
 
+    /// Each worker begins from the beginning.
+    std::function<void(const Step&)> stepCounter() const {
+        if (!options_.stepBegun) return {};
+        return
+            [this, begun = std::map<std::pair<int, std::string>, int>()](const Step& step) mutable {
+                const int count = static_cast<int>(likelySteps(record_, step));
+                const int number = ++begun[{step.model, step.what}];
+                options_.stepBegun(step, std::min(number, count), count);
+            };
+    }
+
     WorkerTask task() const {
-        WorkerTask task{options_.program,
-                        {inFolder("record")},
-                        options_.stepLimitMs,
-                        deadline_,
-                        options_.stopRequested};
+        WorkerTask task{options_.program, {inFolder("record")},   options_.stepLimitMs,
+                        deadline_,        options_.stopRequested, stepCounter()};
         task.arguments << "--memory" << QString::number(options_.memoryLimitBytes);
         if (!options_.picture.isEmpty()) {
             task.arguments
@@ -171,7 +190,7 @@ private:
     const ImportRecord& record_;
     const RebuildOptions& options_;
     const QDeadlineTimer deadline_;
-    const QTemporaryDir folder_;
+    const TemporaryFolder folder_;
     std::set<Step> skipped_;
     std::vector<DroppedRecord> named_; ///< by the worker whose result counts
     RebuildOutcome outcome_;

@@ -19,6 +19,8 @@
 
 namespace host {
 
+struct Step;
+
 struct RebuildOptions {
     QString program;    ///< the worker; see rebuildProgram
     QString picture;    ///< where a PNG goes; empty for none. Replaced when it exists
@@ -31,6 +33,9 @@ struct RebuildOptions {
     int tries = 16;                                        ///< how many workers may be started
     /// Asked a few times a second on the calling thread; true ends the worker and the rebuilding.
     std::function<bool()> stopRequested;
+    /// Told of each step that a worker begins, on the calling thread: it is number `number` of the
+    /// `count` of its kind that the record makes likely, from 1.
+    std::function<void(const Step& step, int number, int count)> stepBegun;
 };
 
 /// One model as it was built, whatever was left out of it.

@@ -2,6 +2,8 @@
 // Reading the worker's lines with an eye on the clocks.
 #include "host/rebuild/worker.h"
 
+#include "platform/process.h"
+
 #include <QElapsedTimer>
 #include <QProcess>
 
@@ -72,7 +74,7 @@ private:
     void take(const WorkerLine& line) {
         if (std::holds_alternative<std::monostate>(line)) return;
         stepTime_.restart();
-        if (const auto* step = std::get_if<Step>(&line)) result_.step = *step;
+        if (const auto* step = std::get_if<Step>(&line)) begin(*step);
         if (const auto* drop = std::get_if<DroppedRecord>(&line)) result_.dropped.push_back(*drop);
         if (const auto* model = std::get_if<RebuiltModel>(&line)) result_.models.push_back(*model);
         if (const auto* file = std::get_if<WrittenFile>(&line)) {
@@ -81,13 +83,20 @@ private:
         isDone_ = isDone_ || std::holds_alternative<WorkDone>(line);
     }
 
+    void begin(const Step& step) {
+        result_.step = step;
+        if (task_.stepBegun) task_.stepBegun(step);
+    }
+
+    /// Whatever the program has started in its turn goes with it.
     void kill() {
-        if (process_.state() == QProcess::NotRunning) return;
-        process_.kill();
-        process_.waitForFinished(-1);
+        offspring_.end(true);
+        if (process_.state() != QProcess::NotRunning) process_.waitForFinished(-1);
+        offspring_.endAll();
     }
 
     const WorkerTask& task_;
+    const platform::Offspring offspring_;
     QProcess process_;
     QElapsedTimer stepTime_; ///< since the worker last said anything
     bool isDone_ = false;

@@ -16,8 +16,9 @@ struct WorkerTask {
     QString program;
     QStringList arguments;
     int stepLimitMs = 0;
-    QDeadlineTimer deadline;             ///< of the whole run
-    std::function<bool()> stopRequested; ///< may be empty
+    QDeadlineTimer deadline;                    ///< of the whole run
+    std::function<bool()> stopRequested;        ///< may be empty
+    std::function<void(const Step&)> stepBegun; ///< may be empty
 };
 
 enum class WorkerEnd {

@@ -2,16 +2,21 @@
 // What one import of the reference host is asked to do.
 #pragma once
 
+#include "host/run/progressdisplay.h"
+
 #include <QString>
 #include <QStringList>
 
 #include <optional>
+#include <string>
 
 namespace host {
 
 /// Empty texts mean the default, or that a thing isn't wanted.
 struct ImportOptions {
-    QString model;      ///< the CAD file; none when there is no server
+    QString model; ///< the CAD file; none when there is no server
+    /// Its name as the system has it, where `model` can't hold that: bytes that are no UTF-8.
+    std::string modelBytes;
     QString outputBase; ///< default: in a new temporary directory, removed at the end
     bool noServer = false;
     bool live = false;        ///< over a control connection
@@ -25,6 +30,7 @@ struct ImportOptions {
     QStringList without; ///< interfaces of services
     QString traceFile;
     QString picture, exportFile;
+    ProgressStyle progress = ProgressStyle::none;
 };
 
 } // namespace host

@@ -53,12 +53,13 @@ void addLosses(RunOutcome& outcome, const RebuildOutcome& rebuilt) {
     }
 }
 
-RebuildOptions rebuildOptions(const ImportOptions& options) {
+RebuildOptions rebuildOptions(const ImportOptions& options, const StepListener& stepBegun) {
     RebuildOptions result;
     result.program = rebuildProgram();
     result.picture = options.picture;
     result.exportFile = options.exportFile;
     result.stopRequested = [] { return interruptCount() > 0; };
+    result.stepBegun = stepBegun;
     return result;
 }
 
@@ -70,9 +71,9 @@ void noteUnmade(RunOutcome& outcome, const ImportOptions& options) {
 
 } // namespace
 
-void measure(RunOutcome& outcome, const ImportOptions& options) {
+void measure(RunOutcome& outcome, const ImportOptions& options, const StepListener& stepBegun) {
     if (outcome.record.models.empty()) return;
-    const RebuildOptions settings = rebuildOptions(options);
+    const RebuildOptions settings = rebuildOptions(options, stepBegun);
     if (settings.program.isEmpty()) {
         noteUnmade(outcome, options);
     } else {

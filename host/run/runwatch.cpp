@@ -3,9 +3,6 @@
 #include "host/run/runwatch.h"
 
 #include "host/run/interrupts.h"
-#include "platform/process.h"
-
-#include <ostream>
 
 namespace host {
 namespace {
@@ -13,29 +10,34 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto turn = 50ms;
-constexpr auto patience = 2s; ///< between asking the server to stop and killing it
-constexpr auto progressPause = 5s;
+constexpr auto patience = 2s; ///< between asking processes to stop and killing them
+constexpr auto shortPatience = 500ms;
 
 } // namespace
 
-RunWatch::RunWatch(const Services& services, std::string what, std::ostream& progress)
-    : busyState_(services.busyState), dialog_(services.dialog), what_(std::move(what)),
-      progress_(progress) {
-    showProgress();
+/// The display speaks through the tap, but not before it is told to.
+RunWatch::RunWatch(const Services& services, const std::string& what, ProgressStyle style)
+    : busyState_(services.busyState), dialog_(services.dialog),
+      display_(style, what, platform::errorColumns(),
+               [this](std::string_view text) { tap_.write(text); }),
+      tap_([this](std::string_view piece) { display_.take(piece); }) {
     thread_ = std::thread([this] { watch(); });
 }
 
 RunWatch::~RunWatch() {
+    endProcesses();
     done_ = true;
     thread_.join();
+    tap_.close();
+    display_.finish();
 }
 
 void RunWatch::watch() {
-    while (!done_) {
+    do {
         passInterruptsOn();
-        if (Clock::now() >= nextProgress_ && !dialog_->isAsking()) showProgress();
+        display_.tick(dialog_->isAsking());
         std::this_thread::sleep_for(turn);
-    }
+    } while (!done_);
 }
 
 /// Repeated at every turn, so that a server which starts after the interrupt is stopped as well.
@@ -44,16 +46,8 @@ void RunWatch::passInterruptsOn() {
     if (count == 0) return;
     if (!busyState_->isCancelled()) askedToStop_ = Clock::now();
     busyState_->cancel();
-    const bool kill = count > 1 || Clock::now() - askedToStop_ > patience;
-    platform::terminateChildren(kill);
-}
-
-void RunWatch::showProgress() {
-    const auto elapsed = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - start_);
-    progress_ << "importing " << what_;
-    if (elapsed.count() > 0) progress_ << ", " << elapsed.count() << " s";
-    progress_ << std::endl;
-    nextProgress_ = Clock::now() + progressPause;
+    const auto waited = Clock::now() - askedToStop_;
+    offspring_.end(waited > (count > 1 ? shortPatience : patience));
 }
 
 } // namespace host

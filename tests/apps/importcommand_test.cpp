@@ -12,7 +12,9 @@ protected:
     static ParsedCommand parse(const QStringList& words) {
         testing::internal::CaptureStdout();
         testing::internal::CaptureStderr();
-        const ParsedCommand parsed = parseImportCommand(QStringList{"brix-import"} + words);
+        std::vector<std::string> all{"brix-import"};
+        for (const QString& word : words) all.push_back(word.toStdString());
+        const ParsedCommand parsed = parseImportCommand(all);
         output = testing::internal::GetCapturedStdout();
         errors = testing::internal::GetCapturedStderr();
         return parsed;

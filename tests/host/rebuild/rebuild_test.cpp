@@ -26,7 +26,7 @@ protected:
     }
     void TearDown() override {
         EXPECT_TRUE(QDir(scratch_.path()).entryList({"brix*", "host_*", "*rebuild*"}).isEmpty());
-        EXPECT_TRUE(platform::childProcesses().empty());
+        EXPECT_TRUE(platform::descendants().empty());
         qunsetenv("BRIX_FAKE_REBUILD");
         for (std::size_t i = 0; i < temporary_.size(); ++i) {
             const char* variable = testsupport::temporaryVariables[i];
