@@ -26,7 +26,8 @@ bool Offspring::endAll() const {
     constexpr int turns = 250, patientTurns = 50;
     constexpr std::uint32_t turnMs = 10;
     for (int turn = 0; turn < turns; ++turn) {
-        if (end(turn >= patientTurns) == 0) return true;
+        const bool isAsking = turn > 0 && turn < patientTurns;
+        if (isAsking ? running().empty() : end(turn > 0) == 0) return true;
         sleep(turnMs);
     }
     return running().empty();

@@ -30,8 +30,8 @@ public:
     std::vector<std::uint32_t> running() const;
     /// Asks each to end, or ends it by force. Returns how many there were.
     std::int32_t end(bool force = false) const;
-    /// Asks each to end, also those that come up meanwhile, and after half a second ends by force.
-    /// False when some are still there two seconds later.
+    /// Asks each to end, and half a second later ends by force all that are there. False when some
+    /// still are after two more seconds.
     bool endAll() const;
 
 private:

@@ -103,8 +103,9 @@ void ProgressDisplay::take(std::string_view piece) {
 void ProgressDisplay::takeLine(const std::string& line) {
     const auto progress = isMidLine_ ? std::nullopt : parseProgress(line);
     if (!progress) return pass(line);
-    phase_ = progress->phase;
-    percent_ = progress->percent;
+    const bool isServerDone = progress->percent == 100;
+    phase_ = isServerDone ? "taking the model in" : progress->phase;
+    percent_ = isServerDone ? std::nullopt : std::optional(progress->percent);
 }
 
 void ProgressDisplay::pass(std::string_view text) {

@@ -41,13 +41,17 @@ void RunWatch::watch() {
 }
 
 /// Repeated at every turn, so that a server which starts after the interrupt is stopped as well.
+/// Who was asked isn't asked again: that would interrupt the tidying up.
 void RunWatch::passInterruptsOn() {
     const int count = interruptCount();
     if (count == 0) return;
     if (!busyState_->isCancelled()) askedToStop_ = Clock::now();
     busyState_->cancel();
     const auto waited = Clock::now() - askedToStop_;
-    offspring_.end(waited > (count > 1 ? shortPatience : patience));
+    const bool isUp = waited > (count > 1 ? shortPatience : patience);
+    for (const std::uint32_t id : offspring_.running()) {
+        if (asked_.insert(id).second || isUp) platform::endProcess(id, isUp);
+    }
 }
 
 } // namespace host

@@ -11,6 +11,8 @@
 
 #include <atomic>
 #include <chrono>
+#include <cstdint>
+#include <set>
 #include <string>
 #include <thread>
 
@@ -48,6 +50,7 @@ private:
     ProgressDisplay display_;
     platform::ErrorTap tap_;
     Clock::time_point askedToStop_{};
+    std::set<std::uint32_t> asked_; ///< processes
     std::atomic<bool> done_ = false;
     std::thread thread_;
 };
