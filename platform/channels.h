@@ -5,6 +5,7 @@
 #include <atomic>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string_view>
 #include <thread>
 
@@ -27,10 +28,12 @@ bool isErrorTerminal();
 /// The width of the terminal behind standard error; 80 where it doesn't tell.
 std::int32_t errorColumns();
 
-/// Stands in front of standard error for its lifetime: what this process and those it starts write
-/// there goes to `take`, on a thread of its own and in pieces as they come; an empty piece says
-/// that nothing came for a twentieth of a second. Where the system has no means left, nothing is
-/// taken and all goes its usual way. One at a time.
+/// Stands in front of standard error for its lifetime: what the processes that are started from
+/// here write there goes to `take`, on a thread of its own and in pieces of at most 4096 bytes as
+/// they come; an empty piece says that nothing came for a twentieth of a second. On a POSIX system
+/// it gets what this process writes as well, but for the C library's `stderr`: the last words of a
+/// process that ends at once go straight to where they belong. Where the system has no means left,
+/// nothing is taken. One at a time. `take` may be without memory: then the piece goes on as it is.
 class ErrorTap {
 public:
     explicit ErrorTap(std::function<void(std::string_view)> take);
@@ -46,10 +49,11 @@ public:
 
 private:
     void listen();
+    void pass(std::string_view piece) const;
 
     std::function<void(std::string_view)> take_;
-    std::int32_t original_ = -1; ///< a descriptor; -1 without a tap
-    std::int32_t source_ = -1;
+    struct System;
+    std::unique_ptr<System> system_; ///< null without a tap
     std::atomic<bool> done_ = false;
     std::thread thread_;
 };

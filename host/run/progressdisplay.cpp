@@ -63,7 +63,10 @@ bool mayBecomeProgress(const std::string& tail) {
 
 ProgressDisplay::ProgressDisplay(ProgressStyle style, const std::string& what, int columns, Put put)
     : style_(style), what_(printable(what)),
-      width_(static_cast<std::size_t>(std::max(columns, 20) - 1)), put_(std::move(put)) {}
+      width_(static_cast<std::size_t>(std::max(columns, 20) - 1)),
+      blank_('\r' + std::string(width_, ' ') + '\r'), put_(std::move(put)) {
+    tail_.reserve(2 * longestTail);
+}
 
 void ProgressDisplay::finish() {
     const std::lock_guard hold(lock_);
@@ -85,23 +88,25 @@ void ProgressDisplay::tick(bool isHeld) {
     show();
 }
 
+/// Asks for no memory, so that the last words of a process that has none get through.
 void ProgressDisplay::take(std::string_view piece) {
     const std::lock_guard hold(lock_);
     tail_ += piece;
-    std::size_t end = 0;
-    while ((end = tail_.find('\n')) != tail_.npos) {
-        const std::string line = tail_.substr(0, end + 1);
-        tail_.erase(0, end + 1);
-        takeLine(line);
+    std::size_t begin = 0, end = 0;
+    while ((end = tail_.find('\n', begin)) != tail_.npos) {
+        takeLine(std::string_view(tail_).substr(begin, end + 1 - begin));
+        begin = end + 1;
     }
+    tail_.erase(0, begin);
     const bool isDue = piece.empty() || tail_.size() >= longestTail;
     if (!isDue || tail_.empty() || mayBecomeProgress(tail_)) return;
     pass(tail_);
     tail_.clear();
 }
 
-void ProgressDisplay::takeLine(const std::string& line) {
-    const auto progress = isMidLine_ ? std::nullopt : parseProgress(line);
+void ProgressDisplay::takeLine(std::string_view line) {
+    if (isMidLine_ || line.substr(0, progressWord.size()) != progressWord) return pass(line);
+    const auto progress = parseProgress(std::string(line));
     if (!progress) return pass(line);
     const bool isServerDone = progress->percent == 100;
     phase_ = isServerDone ? "taking the model in" : progress->phase;
@@ -116,7 +121,7 @@ void ProgressDisplay::pass(std::string_view text) {
 
 void ProgressDisplay::clear() {
     if (!isOnLine_) return;
-    put_('\r' + std::string(width_, ' ') + '\r');
+    put_(blank_);
     isOnLine_ = false;
 }
 

@@ -32,8 +32,8 @@ public:
 
     /// What the run is at, and how much of it is done.
     void enter(const std::string& phase, std::optional<int> percent = {});
-    /// Pieces of what a server or anybody else says. An empty piece says that nothing came for a
-    /// while, so that what has no end yet, such as a question, is shown.
+    /// Pieces, up to 4096 bytes, of what a server or anybody else says. An empty piece says that
+    /// nothing came for a while, so that what has no end yet, such as a question, is shown.
     void take(std::string_view piece);
     /// Time has passed. While `isHeld`, as during a question, the display keeps still.
     void tick(bool isHeld);
@@ -41,7 +41,7 @@ public:
     void finish();
 
 private:
-    void takeLine(const std::string& line);
+    void takeLine(std::string_view line);
     void show();
     void clear();
     void pass(std::string_view text);
@@ -53,6 +53,7 @@ private:
     const ProgressStyle style_;
     const std::string what_;
     const std::size_t width_;
+    const std::string blank_; ///< clears the line
     const Put put_;
     const Clock::time_point start_ = Clock::now();
 

@@ -4,6 +4,8 @@
 
 #include "host/run/interrupts.h"
 
+#include <new>
+
 namespace host {
 namespace {
 
@@ -34,8 +36,11 @@ RunWatch::~RunWatch() {
 
 void RunWatch::watch() {
     do {
-        passInterruptsOn();
-        display_.tick(dialog_->isAsking());
+        try {
+            passInterruptsOn();
+            display_.tick(dialog_->isAsking());
+        } catch (const std::bad_alloc&) { // the next turn may have more
+        }
         std::this_thread::sleep_for(turn);
     } while (!done_);
 }

@@ -4,7 +4,9 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdio>
 #include <fcntl.h>
+#include <new>
 #include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -51,40 +53,72 @@ std::int32_t errorColumns() {
     return ::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
 }
 
-ErrorTap::ErrorTap(std::function<void(std::string_view)> take) : take_(std::move(take)) {
-    int ends[2];
-    if (::pipe2(ends, O_CLOEXEC) != 0) return;
-    ::fcntl(ends[0], F_SETFL, O_NONBLOCK);
-    original_ = ::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-    if (original_ >= 0 && ::dup2(ends[1], STDERR_FILENO) >= 0) {
-        source_ = ends[0];
+/// The process's own `stderr` stays with the original.
+struct ErrorTap::System {
+    int source = -1;
+    std::FILE* original = nullptr;
+    std::FILE* before = stderr;
+
+    ~System() {
+        if (source >= 0) ::close(source);
+        if (original) std::fclose(original);
+    }
+    bool open() {
+        int ends[2];
+        if (::pipe2(ends, O_CLOEXEC) != 0) return false;
+        source = ends[0];
+        ::fcntl(source, F_SETFL, O_NONBLOCK);
+        const bool stands = keepOriginal() && ::dup2(ends[1], STDERR_FILENO) >= 0;
+        ::close(ends[1]);
+        if (stands) stderr = original;
+        return stands;
+    }
+    void restore() const {
+        ::dup2(::fileno(original), STDERR_FILENO);
+        stderr = before;
+    }
+
+private:
+    bool keepOriginal() {
+        const int copy = ::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+        original = copy >= 0 ? ::fdopen(copy, "w") : nullptr;
+        return original && std::setvbuf(original, nullptr, _IONBF, 0) == 0;
+    }
+};
+
+ErrorTap::ErrorTap(std::function<void(std::string_view)> take)
+    : take_(std::move(take)), system_(std::make_unique<System>()) {
+    if (system_->open()) {
         thread_ = std::thread([this] { listen(); });
     } else {
-        ::close(ends[0]);
+        system_ = nullptr;
     }
-    ::close(ends[1]);
 }
+
+ErrorTap::~ErrorTap() { close(); }
 
 void ErrorTap::close() {
     if (!thread_.joinable()) return;
-    ::dup2(original_, STDERR_FILENO);
+    system_->restore();
     done_ = true;
     thread_.join();
-    ::close(source_);
-}
-
-ErrorTap::~ErrorTap() {
-    close();
-    if (original_ >= 0) ::close(original_);
 }
 
 void ErrorTap::write(std::string_view text) const {
-    const int file = original_ < 0 ? STDERR_FILENO : original_;
+    const int file = system_ ? ::fileno(system_->original) : STDERR_FILENO;
     while (!text.empty()) {
         const ssize_t put = ::write(file, text.data(), text.size());
         if (put < 0 && errno == EINTR) continue;
         if (put <= 0) return;
         text.remove_prefix(static_cast<std::size_t>(put));
+    }
+}
+
+void ErrorTap::pass(std::string_view piece) const {
+    try {
+        take_(piece);
+    } catch (const std::bad_alloc&) {
+        write(piece);
     }
 }
 
@@ -94,10 +128,10 @@ void ErrorTap::listen() {
     char piece[4096];
     for (;;) {
         const bool last = done_;
-        const bool ready = isReady(source_, POLLIN, last ? 0 : pauseMs);
-        const ssize_t got = ready ? ::read(source_, piece, sizeof piece) : 0;
+        const bool ready = isReady(system_->source, POLLIN, last ? 0 : pauseMs);
+        const ssize_t got = ready ? ::read(system_->source, piece, sizeof piece) : 0;
         if (got < 0 && errno == EINTR) continue;
-        take_({piece, static_cast<std::size_t>(got > 0 ? got : 0)});
+        pass({piece, static_cast<std::size_t>(got > 0 ? got : 0)});
         if (got <= 0 && (last || ready)) return;
     }
 }

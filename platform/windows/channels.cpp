@@ -2,25 +2,16 @@
 // The standard handles, and the runtime library's descriptors over them.
 #include "platform/channels.h"
 
-#include <fcntl.h>
-#include <io.h>
+#include <new>
 #include <utility>
 #include <windows.h>
 
 namespace platform {
 namespace {
 
-constexpr int errorChannel = 2;
 constexpr DWORD pauseMs = 50;
 constexpr DWORD turnMs = 5;
-constexpr unsigned pipeBytes = 1 << 16;
-
-HANDLE handleOf(int descriptor) { return reinterpret_cast<HANDLE>(::_get_osfhandle(descriptor)); }
-
-DWORD waitingBytes(int descriptor) {
-    DWORD bytes = 0;
-    return ::PeekNamedPipe(handleOf(descriptor), nullptr, 0, nullptr, &bytes, nullptr) ? bytes : 0;
-}
+constexpr DWORD pipeBytes = 1 << 16;
 
 void openOnNothing(DWORD channel) {
     const HANDLE present = ::GetStdHandle(channel);
@@ -69,39 +60,62 @@ std::int32_t errorColumns() {
     return buffer.srWindow.Right - buffer.srWindow.Left + 1;
 }
 
-/// The runtime library keeps the standard handle in step with its descriptor, where programs that
-/// are started take theirs from.
-ErrorTap::ErrorTap(std::function<void(std::string_view)> take) : take_(std::move(take)) {
-    int ends[2];
-    if (::_pipe(ends, pipeBytes, _O_BINARY | _O_NOINHERIT) != 0) return;
-    original_ = ::_dup(errorChannel);
-    if (original_ >= 0 && ::_dup2(ends[1], errorChannel) == 0) {
-        ::SetStdHandle(STD_ERROR_HANDLE, handleOf(errorChannel));
-        source_ = ends[0];
+/// Programs that are started take the standard handle; the descriptors of the runtime library, and
+/// with them what this process says itself, stay as they are.
+struct ErrorTap::System {
+    HANDLE source = nullptr;
+    HANDLE sink = nullptr;
+    HANDLE original = ::GetStdHandle(STD_ERROR_HANDLE);
+
+    ~System() {
+        if (source) ::CloseHandle(source);
+        if (sink) ::CloseHandle(sink);
+    }
+    bool open() {
+        return ::CreatePipe(&source, &sink, nullptr, pipeBytes) &&
+               ::SetStdHandle(STD_ERROR_HANDLE, sink);
+    }
+    DWORD waitingBytes() const {
+        DWORD bytes = 0;
+        return ::PeekNamedPipe(source, nullptr, 0, nullptr, &bytes, nullptr) ? bytes : 0;
+    }
+    std::size_t read(char* room, std::size_t size) const {
+        DWORD got = 0;
+        if (waitingBytes() == 0) return 0;
+        return ::ReadFile(source, room, static_cast<DWORD>(size), &got, nullptr) ? got : 0;
+    }
+};
+
+ErrorTap::ErrorTap(std::function<void(std::string_view)> take)
+    : take_(std::move(take)), system_(std::make_unique<System>()) {
+    if (system_->open()) {
         thread_ = std::thread([this] { listen(); });
     } else {
-        ::_close(ends[0]);
+        system_ = nullptr;
     }
-    ::_close(ends[1]);
 }
+
+ErrorTap::~ErrorTap() { close(); }
 
 void ErrorTap::close() {
     if (!thread_.joinable()) return;
-    ::_dup2(original_, errorChannel);
-    ::SetStdHandle(STD_ERROR_HANDLE, handleOf(errorChannel));
+    ::SetStdHandle(STD_ERROR_HANDLE, system_->original);
     done_ = true;
     thread_.join();
-    ::_close(source_);
-}
-
-ErrorTap::~ErrorTap() {
-    close();
-    if (original_ >= 0) ::_close(original_);
 }
 
 void ErrorTap::write(std::string_view text) const {
-    const int file = original_ < 0 ? errorChannel : original_;
-    ::_write(file, text.data(), static_cast<unsigned>(text.size()));
+    const HANDLE error = system_ ? system_->original : ::GetStdHandle(STD_ERROR_HANDLE);
+    DWORD written = 0;
+    ::WriteFile(error, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
+}
+
+void ErrorTap::pass(std::string_view piece) const {
+    try {
+        take_(piece);
+    } catch (const std::bad_alloc&) {
+        write(piece);
+    }
 }
 
 /// A read would wait for as long as some process has the other end, so it looks first.
@@ -110,10 +124,9 @@ void ErrorTap::listen() {
     DWORD silentMs = 0;
     for (;;) {
         const bool last = done_;
-        const DWORD waiting = waitingBytes(source_);
-        const int got = waiting ? ::_read(source_, piece, sizeof piece) : 0;
+        const std::size_t got = system_->read(piece, sizeof piece);
         if (got > 0 || silentMs >= pauseMs) {
-            take_({piece, static_cast<std::size_t>(got > 0 ? got : 0)});
+            pass({piece, got});
             silentMs = 0;
         }
         if (got > 0) continue;
