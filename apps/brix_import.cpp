@@ -3,37 +3,52 @@
 #include "apps/importcommand.h"
 #include "host/run/importrun.h"
 #include "host/run/interrupts.h"
+#include "host/run/outputfile.h"
 #include "host/run/report.h"
+#include "platform/channels.h"
 #include "platform/process.h"
 
 #include <QCoreApplication>
-#include <QFile>
 
 #include <clocale>
 #include <cstdint>
 #include <iostream>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace {
 
-bool writeFile(const QString& fileName, const std::string& text) {
-    QFile file(fileName);
-    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) &&
-           file.write(text.data(), static_cast<qint64>(text.size())) ==
-               static_cast<qint64>(text.size()) &&
-           file.flush();
+/// The first file that can't be written, and why; empty when all can. Asked before the work.
+std::string writeProblem(const apps::ImportCommand& command) {
+    const host::ImportOptions& options = command.options;
+    const struct {
+        const QString& file;
+        bool isDeviceFine;
+    } outputs[] = {{command.jsonFile, true},
+                   {options.traceFile, true},
+                   {options.picture, false},
+                   {options.exportFile, false}};
+    for (const auto& output : outputs) {
+        if (output.file.isEmpty()) continue;
+        const QString problem = host::writeProblem(output.file, output.isDeviceFine);
+        if (!problem.isEmpty()) {
+            return output.file.toStdString() + " can't be written: " + problem.toStdString();
+        }
+    }
+    return {};
 }
 
-/// False when the report can't be written. What it would have told is told as a table then.
+/// False when the report can't be written. A reader that has gone had what it wanted. What it would
+/// have told is told as a table then.
 bool writeReport(const apps::ImportCommand& command, const host::RunOutcome& outcome) {
     const std::string report =
         command.json ? host::jsonReport(outcome) : host::tableReport(outcome);
     bool isWritten = false;
     if (command.jsonFile.isEmpty()) {
-        isWritten = bool(std::cout << report << std::flush);
+        isWritten = std::cout << report << std::flush || !platform::isOutputRead();
     } else {
-        isWritten = writeFile(command.jsonFile, report);
+        isWritten = host::writeWhole(command.jsonFile, report);
     }
     if (!isWritten) {
         const QString where =
@@ -55,6 +70,11 @@ std::optional<std::string> askTerminal() {
 }
 
 int run(const apps::ImportCommand& command) {
+    const std::string problem = writeProblem(command);
+    if (!problem.empty()) {
+        std::cerr << "brix-import: " << problem << std::endl;
+        return static_cast<int>(host::ExitStatus::wrongUse);
+    }
     const host::RunSurroundings surroundings{
         std::cerr, platform::isInputTerminal() ? host::LineReader(askTerminal) : nullptr};
     const host::RunOutcome outcome = host::runImport(command.options, surroundings);
@@ -68,10 +88,13 @@ int run(const apps::ImportCommand& command) {
 } // namespace
 
 int main(int argc, char** argv) {
-    QCoreApplication application(argc, argv);
+    platform::prepareChannels();
+    // Before Qt takes its own words out.
+    const std::vector<std::string> words = platform::commandLine(argc, argv);
+    const QCoreApplication application(argc, argv);
     // Qt adopts the user's locale; numbers of our own output keep the point.
     std::setlocale(LC_NUMERIC, "C");
-    const apps::ParsedCommand parsed = apps::parseImportCommand(application.arguments());
+    const apps::ParsedCommand parsed = apps::parseImportCommand(words);
     if (!parsed.command) return parsed.exitStatus;
     try {
         host::countInterrupts();

@@ -5,6 +5,7 @@
 #include "host/rebuild/processorlimit.h"
 #include "host/rebuild/workerlines.h"
 #include "host/shape/rebuilding.h"
+#include "platform/channels.h"
 #include "platform/process.h"
 
 #include <CLI/CLI.hpp>
@@ -77,6 +78,7 @@ int work(const Arguments& arguments) {
 } // namespace
 
 int main(int argc, char** argv) {
+    platform::prepareChannels();
     platform::onParentDeath([] { platform::exitNow(host::workerOrphaned); });
     Arguments arguments;
     CLI::App app("Builds the solids of a record; brix-import runs it", "brix-rebuild");

@@ -2,6 +2,7 @@
 // direct-dump: looks into a model file, the records that a server left.
 #include "apps/messagejson.h"
 #include "cadimport/recordreader.h"
+#include "platform/channels.h"
 
 #include <CLI/CLI.hpp>
 #include <QCoreApplication>
@@ -146,11 +147,13 @@ Status read(QFile& file, const Options& options,
 
 Status show(QFile& file, const Options& options) {
     const auto output = outputFor(options);
-    const Status status =
-        read(file, options, [&](const Message& m, qint64 offset) { output->add(m, offset); });
+    const Status status = read(file, options, [&](const Message& m, qint64 offset) {
+        if (std::cout.good()) output->add(m, offset);
+    });
     output->finish();
     std::cout << std::flush;
-    return std::cout.good() ? status : complain("the output can't be written", unusable);
+    const bool isLost = !std::cout.good() && platform::isOutputRead();
+    return isLost ? complain("the output can't be written", unusable) : status;
 }
 
 Status rewrite(QFile& file, const Options& options) {
@@ -177,6 +180,7 @@ Status run(const Options& options) {
 } // namespace
 
 int main(int argc, char** argv) {
+    platform::prepareChannels();
     const QCoreApplication application(argc, argv);
     CLI::App parser("Shows the messages of a model file, a .direct file.", "direct-dump");
     parser.set_version_flag("--version", "direct-dump " BRIX_VERSION);

@@ -2,8 +2,11 @@
 // Parsing the command line of brix-import.
 #include "apps/importcommand.h"
 
+#include "platform/channels.h"
+
 #include <CLI/CLI.hpp>
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -17,9 +20,9 @@ constexpr int wrongUse = 2;
 /// The texts as the parser fills them.
 struct Words {
     std::string model, outputBase, server, module, environment, answer, settingsFile, trace, json,
-        picture, exportFile;
+        picture, exportFile, progress = "auto";
     std::vector<std::string> arguments, settings, without;
-    bool noServer = false, live = false, traceFrames = false, noCompare = false;
+    bool noServer = false, live = false, traceFrames = false, noCompare = false, quiet = false;
     int timeLimitSeconds = 0, memoryLimitMb = 0;
 };
 
@@ -103,6 +106,17 @@ void addLimits(CLI::App& parser, Words& words) {
         ->type_name("MB");
 }
 
+void addProgress(CLI::App& parser, Words& words) {
+    auto* progress =
+        parser
+            .add_option("--progress", words.progress,
+                        "always: one line that is rewritten; never: none; auto: the line on a\n"
+                        "terminal, elsewhere at most one line a second")
+            ->check(CLI::IsMember({"auto", "always", "never"}))
+            ->type_name("auto|always|never");
+    parser.add_flag("--quiet", words.quiet, "no progress, as --progress never")->excludes(progress);
+}
+
 constexpr const char* exitStatusHelp =
     "Exit status: 0 the whole model arrived, 1 nothing was imported, 2 wrong use, or a file\n"
     "beside the model can't be read or written, 3 module or server unusable, 4 arrived with\n"
@@ -114,10 +128,30 @@ QStringList toQStrings(const std::vector<std::string>& texts) {
     return list;
 }
 
+/// Whether the name leads to the same file once Qt has had it.
+bool isWhole(const std::string& name) {
+    return QFile::encodeName(QString::fromStdString(name)).toStdString() == name;
+}
+
+bool areTexts(const std::vector<std::string>& commandLine, const std::string& model) {
+    return std::all_of(commandLine.begin() + 1, commandLine.end(), [&](const std::string& word) {
+        return word == model || QString::fromStdString(word).toStdString() == word;
+    });
+}
+
+host::ProgressStyle progressOf(const Words& words) {
+    using host::ProgressStyle;
+    if (words.quiet || words.progress == "never") return ProgressStyle::none;
+    const bool isRewritten = words.progress == "always" || platform::isErrorTerminal();
+    return isRewritten ? ProgressStyle::rewritten : ProgressStyle::lines;
+}
+
 ImportCommand commandOf(const Words& words, bool json) {
     ImportCommand command;
     host::ImportOptions& options = command.options;
     options.model = QString::fromStdString(words.model);
+    if (!isWhole(words.model)) options.modelBytes = words.model;
+    options.progress = progressOf(words);
     options.outputBase = QString::fromStdString(words.outputBase);
     options.noServer = words.noServer;
     options.live = words.live;
@@ -183,7 +217,7 @@ const char* problemOf(const Words& words) {
 
 } // namespace
 
-ParsedCommand parseImportCommand(const QStringList& commandLine) {
+ParsedCommand parseImportCommand(const std::vector<std::string>& commandLine) {
     CLI::App parser("Imports a CAD file through the component and reports what came.",
                     "brix-import");
     parser.set_version_flag("--version", "brix-import " BRIX_VERSION);
@@ -193,18 +227,20 @@ ParsedCommand parseImportCommand(const QStringList& commandLine) {
     addHost(parser, words);
     addOutput(parser, words);
     addLimits(parser, words);
+    addProgress(parser, words);
 
-    std::vector<std::string> reversed;
-    for (const QString& word : commandLine.mid(1)) {
-        reversed.insert(reversed.begin(), word.toStdString());
-    }
+    std::vector<std::string> reversed(commandLine.rbegin(), commandLine.rend());
+    if (!reversed.empty()) reversed.pop_back();
     try {
         parser.parse(reversed);
     } catch (const CLI::ParseError& error) {
         return {{}, parser.exit(error) == 0 ? 0 : wrongUse};
     }
     settleJson(words);
-    if (const char* problem = problemOf(words)) {
+    const char* const problem = areTexts(commandLine, words.model)
+                                    ? problemOf(words)
+                                    : "a word other than MODEL is no UTF-8";
+    if (problem) {
         std::cerr << "brix-import: " << problem << "\nRun with --help for more information.\n";
         return {{}, wrongUse};
     }

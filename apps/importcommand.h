@@ -4,6 +4,9 @@
 
 #include "host/run/importoptions.h"
 
+#include <string>
+#include <vector>
+
 namespace apps {
 
 struct ImportCommand {
@@ -17,8 +20,9 @@ struct ParsedCommand {
     int exitStatus = 0;
 };
 
-/// Takes the words of the command line, the program's name first. Help and version go to standard
-/// output with status 0, what is wrong goes to standard error with status 2.
-ParsedCommand parseImportCommand(const QStringList& words);
+/// Takes the words of the command line, the program's name first, in UTF-8; of MODEL alone the
+/// bytes may be any. Help and version go to standard output with status 0, what is wrong goes to
+/// standard error with status 2.
+ParsedCommand parseImportCommand(const std::vector<std::string>& words);
 
 } // namespace apps

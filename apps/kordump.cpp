@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // kor-dump: looks into a data-model file, its tree of blocks.
 #include "apps/blockjson.h"
+#include "platform/channels.h"
 #include "platform/file.h"
 #include "zelbasictypes/data/bininputfile.h"
 #include "zelbasictypes/text/korstring.h"
@@ -129,13 +130,16 @@ Status run(const Options& options) {
     output->finish();
     std::cout << std::flush;
     if (!source.good()) return complain("can't read " + options.file + " to its end", unusable);
-    if (!std::cout.good()) return complain("the output can't be written", unusable);
+    if (!std::cout.good() && platform::isOutputRead()) {
+        return complain("the output can't be written", unusable);
+    }
     return output->isSound() ? sound : damaged;
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
+    platform::prepareChannels();
     std::ios::sync_with_stdio(false);
     CLI::App parser("Shows the blocks of a data-model file.", "kor-dump");
     parser.set_version_flag("--version", "kor-dump " BRIX_VERSION);

@@ -48,7 +48,8 @@ private:
 };
 
 QStringList Run::results() const {
-    QStringList files{result(".direct"), result(".direct.partial"), result(".report.json")};
+    QStringList files{result(".direct"), result(".direct.partial"), result(".igs.partial"),
+                      result(".report.json"), result(".report.json.partial")};
     if (options_.igs) files << result(".igs");
     return files;
 }

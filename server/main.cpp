@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // cad-importer-server: the command line, and how the process ends when it isn't by itself.
+#include "platform/channels.h"
 #include "platform/process.h"
 #include "server/conversation.h"
 #include "server/failure.h"
@@ -24,16 +25,16 @@ const char* lastWords() {
     return server::Progress::phase();
 }
 
+/// Says why first: that may take its time, in which the import goes on and makes files.
 void endAt(ExitCode code, const char* reason) {
-    server::PartialFile::removeAll();
     std::cerr << "cad-importer-server: " << reason << std::endl;
+    server::PartialFile::removeAll();
     platform::exitNow(static_cast<int>(code));
 }
 
 /// The kernel can't be interrupted, so the process ends under it.
 void watchForTheEnd() {
     platform::onInterrupt([] { endAt(ExitCode::stopped, "stopped on request"); });
-    platform::onParentDeath([] { endAt(ExitCode::parentGone, "the starting process has gone"); });
     platform::onCrash("cad-importer-server", &lastWords, {},
                       static_cast<int>(ExitCode::kernelCrashed));
 }
@@ -61,6 +62,8 @@ ExitCode perform(const QStringList& words) {
 } // namespace
 
 int main(int count, char** words) {
+    platform::prepareChannels();
+    platform::onParentDeath([] { endAt(ExitCode::parentGone, "the starting process has gone"); });
     const QCoreApplication application(count, words);
     // Qt has taken the user's locale; the kernel reads numbers with the C library.
     std::setlocale(LC_NUMERIC, "C");

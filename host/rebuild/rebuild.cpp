@@ -4,12 +4,12 @@
 
 #include "host/modelling/recordfile.h"
 #include "host/rebuild/worker.h"
+#include "host/temporaryfolder.h"
 #include "platform/process.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <map>
@@ -85,6 +85,15 @@ bool copyOver(const QString& from, const QString& to) {
 /// What can't be checked is as good as before.
 bool isCheck(const std::string& what) { return what == "check" || what == "fit"; }
 
+/// How many steps of that kind a record makes likely.
+std::size_t likelySteps(const ImportRecord& record, const Step& step) {
+    if (step.model < 1 || static_cast<std::size_t>(step.model) > record.models.size()) return 1;
+    const ModelRecord& model = record.models[static_cast<std::size_t>(step.model - 1)];
+    if (step.what == "face" || step.what == "measure" || step.what == "check")
+        return model.faces.size();
+    return step.what == "edge" ? model.edges.size() : 1;
+}
+
 bool isStage(const std::string& what) { return what == "picture" || what == "export"; }
 
 class Rebuilding {
@@ -108,8 +117,8 @@ public:
 private:
     bool prepare() {
         QFile file(inFolder("record"));
-        return folder_.isValid() && file.open(QIODevice::WriteOnly) && writeRecord(file, record_) &&
-               file.flush();
+        return folder_.problem().isEmpty() && file.open(QIODevice::WriteOnly) &&
+               writeRecord(file, record_) && file.flush();
     }
     QString inFolder(const QString& name) const { return folder_.filePath(name); }
     QString pictureName() const { return inFolder("picture.png"); }
@@ -133,11 +142,23 @@ private:
         finish();
     }
 
+    /// Each worker begins from the beginning.
+    std::function<void(const Step&)> stepCounter() const {
+        if (!options_.stepBegun) return {};
+        return
+            [this, begun = std::map<std::pair<int, std::string>, int>()](const Step& step) mutable {
+                const int count = static_cast<int>(likelySteps(record_, step));
+                const int number = ++begun[{step.model, step.what}];
+                options_.stepBegun(step, std::min(number, count), count);
+            };
+    }
+
     WorkerTask task() const {
         WorkerTask task{options_.program,
                         {inFolder("record")},
                         options_.limits.silenceMs,
-                        options_.stopRequested};
+                        options_.stopRequested,
+                        stepCounter()};
         task.arguments << "--memory" << QString::number(options_.limits.memoryBytes)
                        << "--step-time" << QString::number(options_.limits.stepTimeMs) << "--time"
                        << QString::number(timeLeftMs());
@@ -211,7 +232,7 @@ private:
 
     const ImportRecord& record_;
     const RebuildOptions& options_;
-    const QTemporaryDir folder_;
+    const TemporaryFolder folder_;
     std::set<Step> skipped_;
     std::int64_t spentMs_ = 0;                 ///< processor time of the workers so far
     std::vector<DroppedRecord> named_, noted_; ///< by the worker whose result counts

@@ -20,6 +20,8 @@
 
 namespace host {
 
+struct Step;
+
 /// Times are processor time of the worker, so that a result doesn't depend on what else the machine
 /// is doing. 0 sets no limit.
 struct RebuildLimits {
@@ -43,6 +45,9 @@ struct RebuildOptions {
     int tries = 16;            ///< how many workers may be started
     /// Asked a few times a second on the calling thread; true ends the worker and the rebuilding.
     std::function<bool()> stopRequested;
+    /// Told of each step that a worker begins, on the calling thread: it is number `number` of the
+    /// `count` of its kind that the record makes likely, from 1.
+    std::function<void(const Step& step, int number, int count)> stepBegun;
 };
 
 /// What one face of a model measures.

@@ -2,6 +2,8 @@
 // Reading the worker's lines with an eye on the clocks.
 #include "host/rebuild/worker.h"
 
+#include "platform/process.h"
+
 #include <QElapsedTimer>
 #include <QProcess>
 
@@ -82,6 +84,7 @@ private:
     void take(const BegunStep& begun) {
         result_.step = begun.step;
         result_.processorMs = begun.processorMs;
+        if (task_.stepBegun) task_.stepBegun(begun.step);
     }
     void take(const DroppedRecord& drop) { result_.dropped.push_back(drop); }
     void take(const WorkerNote& note) { result_.notes.push_back(note.note); }
@@ -95,13 +98,15 @@ private:
     }
     void take(const WorkDone&) { isDone_ = true; }
 
+    /// Whatever the program has started in its turn goes with it.
     void kill() {
-        if (process_.state() == QProcess::NotRunning) return;
-        process_.kill();
-        process_.waitForFinished(-1);
+        offspring_.end(true);
+        if (process_.state() != QProcess::NotRunning) process_.waitForFinished(-1);
+        offspring_.endAll();
     }
 
     const WorkerTask& task_;
+    const platform::Offspring offspring_;
     QProcess process_;
     QElapsedTimer silence_; ///< since the worker last said anything
     bool isDone_ = false;

@@ -14,8 +14,9 @@ namespace host {
 struct WorkerTask {
     QString program;
     QStringList arguments;
-    int silenceMs = 0;                   ///< by the clock; 0 for no limit
-    std::function<bool()> stopRequested; ///< may be empty
+    int silenceMs = 0;                          ///< by the clock; 0 for no limit
+    std::function<bool()> stopRequested;        ///< may be empty
+    std::function<void(const Step&)> stepBegun; ///< may be empty
 };
 
 enum class WorkerEnd {

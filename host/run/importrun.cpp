@@ -9,22 +9,26 @@
 #include "host/run/liveimport.h"
 #include "host/run/loadedmodule.h"
 #include "host/run/measuring.h"
+#include "host/run/outputfile.h"
 #include "host/run/programfiles.h"
+#include "host/run/resultbase.h"
 #include "host/run/runfacts.h"
 #include "host/run/runwatch.h"
 #include "host/run/serverreport.h"
+#include "host/run/stepphase.h"
 #include "host/services/services.h"
+#include "host/temporaryfolder.h"
 #include "host/text.h"
+#include "platform/process.h"
 #include "zelbasictypes/sets/bitvector.h"
 #include "zelbasictypes/text/zeltranslator.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
+#include <optional>
 #include <utility>
 
 namespace host {
@@ -53,7 +57,9 @@ private:
     void lookAtModelFile();
     void lookAtServer();
     void import();
+    std::string linkModel();
     bool callImport();
+    void tidyUp(RunWatch& watch) const;
     bool importModel(const std::list<KorString>& words, std::list<KorString>& files);
     bool readWhatWasNamed(std::list<KorString>& files);
     void takeResults();
@@ -67,9 +73,11 @@ private:
 
     const ImportOptions& options_;
     const RunSurroundings& surroundings_;
-    QTemporaryDir temporary_;
+    const TemporaryFolder temporary_;
+    ResultBase base_;
     QString outputBase_;
-    std::ofstream trace_;
+    QString input_; ///< the CAD file by a name that a server can be told
+    std::optional<LateFile> trace_;
     IPtr<SettingsStore> settings_{new SettingsStore};
     Services services_;
     std::unique_ptr<ModellingComponent> modelling_;
@@ -129,21 +137,31 @@ bool isReadable(const QString& file) {
     return file.isEmpty() || (QFileInfo(file).isFile() && QFile(file).open(QIODevice::ReadOnly));
 }
 
+/// A name that no text can hold is reached by a link that has one.
+std::string ImportRun::linkModel() {
+    input_ = options_.model;
+    if (options_.modelBytes.empty()) return {};
+    const std::filesystem::path model = std::filesystem::absolute(options_.modelBytes);
+    input_ = temporary_.filePath(QStringLiteral("given.") + QFileInfo(options_.model).suffix());
+    std::error_code error;
+    std::filesystem::create_symlink(model, input_.toStdString(), error);
+    return error ? "the CAD file can't be linked: " + error.message() : std::string();
+}
+
 std::string ImportRun::makePlaces() {
-    if (!temporary_.isValid()) return "no temporary directory can be made";
+    if (!temporary_.problem().isEmpty()) return temporary_.problem().toStdString();
     if (!isReadable(options_.environmentFile)) {
         return "the environment file can't be read: " + options_.environmentFile.toStdString();
     }
     outputBase_ = options_.outputBase.isEmpty() ? temporary_.filePath(QStringLiteral("model"))
                                                 : options_.outputBase;
-    if (!options_.traceFile.isEmpty()) {
-        trace_.open(std::filesystem::path(options_.traceFile.toStdU16String()), std::ios::binary);
-        if (!trace_) return "the trace can't be written: " + options_.traceFile.toStdString();
-    }
+    const std::string taken = base_.take(outputBase_, !options_.noServer).toStdString();
+    if (!taken.empty()) return taken;
+    if (!options_.traceFile.isEmpty()) trace_.emplace(options_.traceFile);
     outcome_.filesAreTemporary = options_.outputBase.isEmpty();
     outcome_.name =
         QFileInfo(options_.model.isEmpty() ? outputBase_ : options_.model).fileName().toStdString();
-    return {};
+    return linkModel();
 }
 
 std::string ImportRun::offerEverything() {
@@ -151,8 +169,8 @@ std::string ImportRun::offerEverything() {
                                               options_.answer, settings_});
     services_.directories->setDirectory("temp", toKorString(temporary_.path()));
     facts_.modelFile = outputBase_ + QStringLiteral(".direct");
-    modelling_ = std::make_unique<ModellingComponent>(
-        rootManager(), trace_.is_open() ? &trace_ : nullptr, [this] { lookAtModelFile(); });
+    modelling_ = std::make_unique<ModellingComponent>(rootManager(), trace_ ? &*trace_ : nullptr,
+                                                      [this] { lookAtModelFile(); });
     for (const QString& service : options_.without) {
         if (!rootManager().withdraw(service.toStdString())) {
             return "no such service: " + service.toStdString();
@@ -177,13 +195,15 @@ void ImportRun::lookAtServer() {
     facts_.server = options_.server.isEmpty() ? defaultServer() : options_.server;
     if (facts_.server.isEmpty()) facts_.server = QStringLiteral("cad-importer-server");
     facts_.startProblem = startProblem(facts_.server);
-    if (!QFileInfo::exists(options_.model)) facts_.missingModel = options_.model;
+    if (!QFileInfo::exists(input_)) facts_.missingModel = options_.model;
 }
 
 void ImportRun::import() {
     lookAtServer();
     const ServerReportFile reportFile(outputBase_);
+    RunWatch watch(services_, outcome_.name, options_.progress);
     outcome_.result = callImport();
+    tidyUp(watch);
     if (!facts_.modelFileBytes) lookAtModelFile(); // one that can't be opened is still there
     facts_.interrupted = interruptCount() > 0;
     takeResults();
@@ -194,7 +214,9 @@ void ImportRun::import() {
     for (auto& loss : lostOnTheWay(outcome_.server, outcome_.record)) {
         outcome_.losses.push_back(std::move(loss));
     }
-    measure(outcome_, options_);
+    measure(outcome_, options_, [&watch](const Step& step, int number, int count) {
+        watch.enter(phaseOf(step), count > 1 ? std::optional(number * 100 / count) : std::nullopt);
+    });
     noteTrace();
     judge();
 }
@@ -206,7 +228,7 @@ std::list<KorString> ImportRun::optionList() const {
         words << QStringLiteral("-ControlSocket") << QStringLiteral("127.0.0.1")
               << QString::number(controlPort_);
     }
-    words << QStringLiteral("-InputFile") << options_.model << QStringLiteral("-OutputBaseName")
+    words << QStringLiteral("-InputFile") << input_ << QStringLiteral("-OutputBaseName")
           << outputBase_ << serverLimits() << options_.arguments;
     std::list<KorString> list;
     for (const QString& word : words) list.push_back(toKorString(word));
@@ -250,7 +272,6 @@ bool ImportRun::readWhatWasNamed(std::list<KorString>& files) {
 }
 
 bool ImportRun::callImport() {
-    const RunWatch watch(services_, outcome_.name, surroundings_.messages);
     const ComponentLog log;
     std::list<KorString> files;
     bool result = importModel(optionList(), files);
@@ -261,6 +282,12 @@ bool ImportRun::callImport() {
             toQString(file).replace(QLatin1Char('\\'), QLatin1Char('/')).toStdString());
     }
     return result;
+}
+
+/// A server may have died, or been left by a program that stood between.
+void ImportRun::tidyUp(RunWatch& watch) const {
+    watch.endProcesses();
+    if (!options_.noServer) removeHalfMade(outputBase_);
 }
 
 /// The lists pass to the host with all that they point at. The entries of the models are the
@@ -286,7 +313,7 @@ void ImportRun::noteEarlyEnds() {
 }
 
 void ImportRun::noteTrace() {
-    if (!trace_.is_open() || trace_.flush()) return;
+    if (!trace_ || trace_->flush()) return;
     outcome_.losses.push_back({"trace", 0, "the file could not be written to its end"});
 }
 
@@ -316,6 +343,7 @@ void ImportRun::judge() {
 
 RunOutcome runImport(const ImportOptions& options, const RunSurroundings& surroundings) {
     zelSetManager(&rootManager());
+    platform::superviseDescendants();
     return ImportRun(options, surroundings).execute();
 }
 

@@ -73,7 +73,8 @@ RebuildLimits limitsOf(const ImportOptions& options, const ImportRecord& record)
     return limits;
 }
 
-RebuildOptions rebuildOptions(const ImportOptions& options, const ImportRecord& record) {
+RebuildOptions rebuildOptions(const ImportOptions& options, const ImportRecord& record,
+                              const StepListener& stepBegun) {
     RebuildOptions result;
     result.program = rebuildProgram();
     result.limits = limitsOf(options, record);
@@ -81,6 +82,7 @@ RebuildOptions rebuildOptions(const ImportOptions& options, const ImportRecord& 
     result.picture = options.picture;
     result.exportFile = options.exportFile;
     result.stopRequested = [] { return interruptCount() > 0; };
+    result.stepBegun = stepBegun;
     return result;
 }
 
@@ -102,9 +104,9 @@ void noteUnmade(RunOutcome& outcome, const ImportOptions& options) {
 
 } // namespace
 
-void measure(RunOutcome& outcome, const ImportOptions& options) {
+void measure(RunOutcome& outcome, const ImportOptions& options, const StepListener& stepBegun) {
     if (outcome.record.models.empty()) return;
-    const RebuildOptions settings = rebuildOptions(options, outcome.record);
+    const RebuildOptions settings = rebuildOptions(options, outcome.record, stepBegun);
     if (settings.program.isEmpty()) {
         noteUnmade(outcome, options);
     } else {

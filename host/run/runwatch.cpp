@@ -3,9 +3,8 @@
 #include "host/run/runwatch.h"
 
 #include "host/run/interrupts.h"
-#include "platform/process.h"
 
-#include <ostream>
+#include <new>
 
 namespace host {
 namespace {
@@ -13,47 +12,51 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto turn = 50ms;
-constexpr auto patience = 2s; ///< between asking the server to stop and killing it
-constexpr auto progressPause = 5s;
+constexpr auto patience = 2s; ///< between asking processes to stop and killing them
+constexpr auto shortPatience = 500ms;
 
 } // namespace
 
-RunWatch::RunWatch(const Services& services, std::string what, std::ostream& progress)
-    : busyState_(services.busyState), dialog_(services.dialog), what_(std::move(what)),
-      progress_(progress) {
-    showProgress();
+/// The display speaks through the tap, but not before it is told to.
+RunWatch::RunWatch(const Services& services, const std::string& what, ProgressStyle style)
+    : busyState_(services.busyState), dialog_(services.dialog),
+      display_(style, what, platform::errorColumns(),
+               [this](std::string_view text) { tap_.write(text); }),
+      tap_([this](std::string_view piece) { display_.take(piece); }) {
     thread_ = std::thread([this] { watch(); });
 }
 
 RunWatch::~RunWatch() {
+    endProcesses();
     done_ = true;
     thread_.join();
+    tap_.close();
+    display_.finish();
 }
 
 void RunWatch::watch() {
-    while (!done_) {
-        passInterruptsOn();
-        if (Clock::now() >= nextProgress_ && !dialog_->isAsking()) showProgress();
+    do {
+        try {
+            passInterruptsOn();
+            display_.tick(dialog_->isAsking());
+        } catch (const std::bad_alloc&) { // the next turn may have more
+        }
         std::this_thread::sleep_for(turn);
-    }
+    } while (!done_);
 }
 
 /// Repeated at every turn, so that a server which starts after the interrupt is stopped as well.
+/// Who was asked isn't asked again: that would interrupt the tidying up.
 void RunWatch::passInterruptsOn() {
     const int count = interruptCount();
     if (count == 0) return;
     if (!busyState_->isCancelled()) askedToStop_ = Clock::now();
     busyState_->cancel();
-    const bool kill = count > 1 || Clock::now() - askedToStop_ > patience;
-    platform::terminateChildren(kill);
-}
-
-void RunWatch::showProgress() {
-    const auto elapsed = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - start_);
-    progress_ << "importing " << what_;
-    if (elapsed.count() > 0) progress_ << ", " << elapsed.count() << " s";
-    progress_ << std::endl;
-    nextProgress_ = Clock::now() + progressPause;
+    const auto waited = Clock::now() - askedToStop_;
+    const bool isUp = waited > (count > 1 ? shortPatience : patience);
+    for (const std::uint32_t id : offspring_.running()) {
+        if (asked_.insert(id).second || isUp) platform::endProcess(id, isUp);
+    }
 }
 
 } // namespace host

@@ -4,41 +4,53 @@
 #pragma once
 
 #include "component/objects/iptr.h"
+#include "host/run/progressdisplay.h"
 #include "host/services/services.h"
+#include "platform/channels.h"
+#include "platform/process.h"
 
 #include <atomic>
 #include <chrono>
-#include <iosfwd>
+#include <cstdint>
+#include <set>
 #include <string>
 #include <thread>
 
 namespace host {
 
 /// A thread of its own from construction to destruction. The first interrupt makes the busy state
-/// say so and asks the server, as any child process of ours, to stop; two seconds later, or at the
-/// second interrupt, it is killed. `progress` gets a line at once and one every few seconds, but
-/// for those while the dialog asks.
+/// say so and asks the server, and whatever else was started for the run, to stop. What is left two
+/// seconds later is killed; a second interrupt leaves it half a second to tidy up.
+///
+/// Progress goes to standard error, and what others say there keeps clear of it. The display is
+/// still while the dialog asks.
 class RunWatch {
 public:
-    RunWatch(const Services& services, std::string what, std::ostream& progress);
+    RunWatch(const Services& services, const std::string& what, ProgressStyle style);
     RunWatch(const RunWatch&) = delete;
     RunWatch& operator=(const RunWatch&) = delete;
+    /// None of the processes that were started meanwhile is left.
     ~RunWatch();
+
+    void enter(const std::string& phase, std::optional<int> percent = {}) {
+        display_.enter(phase, percent);
+    }
+    /// Ends what the run has started: a server that its own starter has left, for one.
+    void endProcesses() { offspring_.endAll(); }
 
 private:
     using Clock = std::chrono::steady_clock;
 
     void watch();
     void passInterruptsOn();
-    void showProgress();
 
     IPtr<BusyState> busyState_;
     IPtr<SimpleDialog> dialog_;
-    const std::string what_;
-    std::ostream& progress_;
-    const Clock::time_point start_ = Clock::now();
-    Clock::time_point nextProgress_ = start_;
+    const platform::Offspring offspring_;
+    ProgressDisplay display_;
+    platform::ErrorTap tap_;
     Clock::time_point askedToStop_{};
+    std::set<std::uint32_t> asked_; ///< processes
     std::atomic<bool> done_ = false;
     std::thread thread_;
 };

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 // Parent and children, from a snapshot of all processes. The system gives the numbers of processes
-// that ended to new ones, so kin must also be of the right age.
+// that ended to new ones, so kin must also be of the right age. Who supervises is in a job, and
+// whatever it starts is in there too, also when those in between have gone.
 #include "platform/process.h"
 
+#include "platform/starter.h"
 #include "platform/windows/stopevent.h"
 
+#include <map>
+#include <set>
 #include <thread>
 #include <utility>
 #include <windows.h>
@@ -51,11 +55,6 @@ bool hasEnded(HANDLE process) { return ::WaitForSingleObject(process, 0) == WAIT
 
 constexpr DWORD looking = PROCESS_QUERY_LIMITED_INFORMATION | SYNCHRONIZE;
 
-bool isRunningSince(std::uint32_t id, std::uint64_t earliest) {
-    const Owned process(::OpenProcess(looking, FALSE, id));
-    return process && !hasEnded(process.get()) && startOf(process.get()) >= earliest;
-}
-
 /// The system starts one for a process with a console, which ends with it.
 bool servesTheConsole(const PROCESSENTRY32W& entry) {
     return ::_wcsicmp(entry.szExeFile, L"conhost.exe") == 0;
@@ -83,24 +82,77 @@ void endByForce(std::uint32_t id) {
     if (process) ::TerminateProcess(process.get(), 1);
 }
 
-} // namespace
+/// Null until this process supervises; it goes with the process.
+HANDLE familyJob = nullptr;
 
-std::vector<std::uint32_t> childProcesses() {
-    const DWORD self = ::GetCurrentProcessId();
-    const std::uint64_t ownStart = startOf(::GetCurrentProcess());
-    std::vector<std::uint32_t> result;
+std::set<std::uint32_t> familyMembers() {
+    std::set<std::uint32_t> result;
+    if (!familyJob) return result;
+    constexpr std::size_t most = 4096;
+    static thread_local std::vector<std::uintptr_t> room(most);
+    auto* const list = reinterpret_cast<JOBOBJECT_BASIC_PROCESS_ID_LIST*>(room.data());
+    const auto size = static_cast<DWORD>(room.size() * sizeof room[0]);
+    if (!::QueryInformationJobObject(familyJob, JobObjectBasicProcessIdList, list, size, nullptr)) {
+        return result;
+    }
+    for (DWORD i = 0; i < list->NumberOfProcessIdsInList; ++i) {
+        result.insert(static_cast<std::uint32_t>(list->ProcessIdList[i]));
+    }
+    return result;
+}
+
+struct Relative {
+    std::uint32_t parent;
+    std::uint64_t start;
+};
+
+/// Those that run and have been started by the user whom this process belongs to.
+std::map<std::uint32_t, Relative> candidates() {
+    std::map<std::uint32_t, Relative> result;
     visitProcesses([&](const PROCESSENTRY32W& entry) {
-        if (entry.th32ParentProcessID != self || servesTheConsole(entry)) return;
-        if (isRunningSince(entry.th32ProcessID, ownStart)) result.push_back(entry.th32ProcessID);
+        const Owned process(::OpenProcess(looking, FALSE, entry.th32ProcessID));
+        if (!process || hasEnded(process.get()) || servesTheConsole(entry)) return;
+        result[entry.th32ProcessID] = {entry.th32ParentProcessID, startOf(process.get())};
     });
     return result;
 }
 
-std::int32_t terminateChildren(bool force) {
-    const std::vector<std::uint32_t> found = childProcesses();
-    for (const std::uint32_t child : found) force ? endByForce(child) : askToEnd(child);
-    return static_cast<std::int32_t>(found.size());
+} // namespace
+
+void superviseDescendants() {
+    ::SetEnvironmentVariableA(starterVariable, processMark(::GetCurrentProcessId()).c_str());
+    if (familyJob) return;
+    const HANDLE job = ::CreateJobObjectW(nullptr, nullptr);
+    if (job && ::AssignProcessToJobObject(job, ::GetCurrentProcess())) {
+        familyJob = job;
+    } else if (job) {
+        ::CloseHandle(job);
+    }
 }
+
+std::vector<std::uint32_t> descendants() {
+    const std::map<std::uint32_t, Relative> all = candidates();
+    const std::set<std::uint32_t> members = familyMembers();
+    const DWORD self = ::GetCurrentProcessId();
+    std::vector<std::uint32_t> result;
+    std::set<std::uint32_t> known{self};
+    const auto isChildOf = [&](const Relative& relative, std::uint32_t parent) {
+        const auto found = all.find(parent);
+        return relative.parent == parent && found != all.end() &&
+               found->second.start <= relative.start;
+    };
+    const auto addChildren = [&](std::uint32_t parent) {
+        for (const auto& [id, relative] : all) {
+            const bool isOurs = members.count(id) || isChildOf(relative, parent);
+            if (isOurs && known.insert(id).second) result.push_back(id);
+        }
+    };
+    addChildren(self);
+    for (std::size_t i = 0; i < result.size(); ++i) addChildren(result[i]);
+    return result;
+}
+
+void endProcess(std::uint32_t id, bool force) { force ? endByForce(id) : askToEnd(id); }
 
 std::uint32_t parentProcessId() {
     const DWORD self = ::GetCurrentProcessId();
@@ -117,13 +169,39 @@ bool isProcessAlive(std::uint32_t id) {
     return !hasEnded(process.get());
 }
 
-void onParentDeath(std::function<void()> callback) {
-    const HANDLE parent = ::OpenProcess(looking, FALSE, parentProcessId());
+std::string processMark(std::uint32_t id) {
+    const Owned process(::OpenProcess(looking, FALSE, id));
+    if (!process || hasEnded(process.get())) return {};
+    return std::to_string(id) + '-' + std::to_string(startOf(process.get()));
+}
+
+namespace {
+
+std::string toldStarter() {
+    char mark[64] = {};
+    const DWORD length = ::GetEnvironmentVariableA(starterVariable, mark, sizeof mark);
+    return length < sizeof mark ? std::string(mark, length) : std::string();
+}
+
+/// Null when it has gone.
+HANDLE openStarter(const std::string& mark) {
+    const DWORD id = mark.empty() ? parentProcessId() : std::strtoul(mark.c_str(), nullptr, 10);
+    const HANDLE starter = ::OpenProcess(looking, FALSE, id);
     // One that is younger than we are has got its number from the real parent.
-    const bool isOurs = parent && startOf(parent) <= startOf(::GetCurrentProcess());
-    std::thread([parent, isOurs, callback = std::move(callback)] {
-        if (isOurs) ::WaitForSingleObject(parent, INFINITE);
-        if (parent) ::CloseHandle(parent);
+    const bool isTheOne =
+        starter && (mark.empty() ? startOf(starter) <= startOf(::GetCurrentProcess())
+                                 : processMark(id) == mark);
+    if (starter && !isTheOne) ::CloseHandle(starter);
+    return isTheOne ? starter : nullptr;
+}
+
+} // namespace
+
+void onParentDeath(std::function<void()> callback) {
+    const HANDLE starter = openStarter(toldStarter());
+    std::thread([starter, callback = std::move(callback)] {
+        if (starter) ::WaitForSingleObject(starter, INFINITE);
+        if (starter) ::CloseHandle(starter);
         callback();
     }).detach();
 }

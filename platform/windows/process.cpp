@@ -6,6 +6,8 @@
 
 #include <windows.h>
 
+#include <shellapi.h>
+
 namespace platform {
 namespace {
 
@@ -34,6 +36,14 @@ template <class Change> bool changeLimits(Change change) {
     change(limits);
     return ::SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits,
                                      sizeof limits);
+}
+
+std::string utf8Of(const wchar_t* text) {
+    const int size = ::WideCharToMultiByte(CP_UTF8, 0, text, -1, nullptr, 0, nullptr, nullptr);
+    std::string result(static_cast<std::size_t>(size > 0 ? size : 1), '\0');
+    ::WideCharToMultiByte(CP_UTF8, 0, text, -1, result.data(), size, nullptr, nullptr);
+    result.pop_back();
+    return result;
 }
 
 } // namespace
@@ -71,13 +81,14 @@ std::u16string executablePath() {
     }
 }
 
-bool isInputTerminal() {
-    DWORD mode = 0;
-    return ::GetConsoleMode(::GetStdHandle(STD_INPUT_HANDLE), &mode);
-}
-
-bool waitForInput(std::uint32_t milliseconds) {
-    return ::WaitForSingleObject(::GetStdHandle(STD_INPUT_HANDLE), milliseconds) == WAIT_OBJECT_0;
+/// The runtime library's own words have gone through the code page of the machine.
+std::vector<std::string> commandLine(int, char**) {
+    int count = 0;
+    wchar_t** const words = ::CommandLineToArgvW(::GetCommandLineW(), &count);
+    std::vector<std::string> result;
+    for (int i = 0; words && i < count; ++i) result.push_back(utf8Of(words[i]));
+    ::LocalFree(words);
+    return result;
 }
 
 } // namespace platform

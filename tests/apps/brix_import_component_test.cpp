@@ -4,6 +4,8 @@
 #include "tests/apps/modelfile.h"
 #include "tests/apps/serverend.h"
 
+#include "platform/clock.h"
+
 #include <QElapsedTimer>
 
 namespace apps {
@@ -153,6 +155,46 @@ TEST_F(ComponentTest, HandsTheOptionListToTheServerInOrder) {
     EXPECT_TRUE(words.startsWith("-InputFile\n" + part + "\n-OutputBaseName\n" + base +
                                  "\n-FakeReport\n" + report + "\n-Batch\n"))
         << words.toStdString();
+}
+
+TEST_F(ComponentTest, RemovesWhatAServerThatDiedLeftHalfMade) {
+    QStringList deeds;
+    for (const char* half : {".direct.partial", ".igs.partial", ".report.json.partial"}) {
+        deeds << "-FakeCopy" << part << base + half;
+    }
+    EXPECT_EQ(run(serving(deeds << "-FakeCrash")).status, 1);
+    EXPECT_EQ(QDir(directory.path()).entryList({"*.partial"}), QStringList());
+}
+
+TEST_F(ComponentTest, RemovesTheFolderOfAHostThatWasKilledAndOfNobodyElse) {
+    start(serving({"-FakeReport", directory.path("up"), "-FakeSleep", "2000"}));
+    while (!directory.has("up") && process.state() != QProcess::NotRunning) platform::sleep(20);
+    process.kill();
+    process.waitForFinished(limitMs);
+    ASSERT_EQ(leftBehind().size(), 1);
+    const QString mark = QString::fromStdString(platform::processMark(platform::processId()));
+    const QStringList others{"brix-" + mark + "-Living", "brix-of-mine"};
+    for (const QString& other : others) QDir(temporary.path()).mkdir(other);
+    EXPECT_EQ(run(serving({})).status, 1);
+    EXPECT_EQ(leftBehind(), others);
+}
+
+TEST_F(ComponentTest, RefusesABaseThatAnotherImportUses) {
+    start(serving({"-FakeReport", directory.path("up"), "-FakeSleep", "60000"}));
+    while (!directory.has("up") && process.state() != QProcess::NotRunning) platform::sleep(20);
+    QProcess second;
+    second.setProcessEnvironment(environment());
+    second.start(BRIX_IMPORT, serving({}));
+    const ProgramResult result = finish(second);
+    EXPECT_EQ(result.status, 2);
+    EXPECT_TRUE(result.says(base.toStdString() + " is in use by ")) << result.errors;
+#ifndef _WIN32 // where nobody reads a file that is locked
+    EXPECT_TRUE(result.says("by process " + std::to_string(process.processId()))) << result.errors;
+#endif
+    process.kill();
+    process.waitForFinished(limitMs);
+    EXPECT_EQ(run(serving({})).status, 1) << "a dead process holds nothing";
+    EXPECT_FALSE(directory.has("part.lock"));
 }
 
 TEST_F(ComponentTest, StopsAServerThatHangsAndLeavesNothing) {

@@ -105,13 +105,55 @@ TEST_F(BrixImportTest, RefusesSettingsServicesAndTracesThatCannotBe) {
                                  {"--environment", "/no/such/file"},
                                  {"--environment", directory.path()},
                                  {"--without", "INothing"},
-                                 {"--trace", "/no/such/directory/trace"}};
+                                 {"--output-base", "/no/such/directory/part"}};
     for (const QStringList& words : wrong) {
         const ImportResult result = run(faking("sphere") + words);
         EXPECT_EQ(result.status, 2) << words.join(' ').toStdString();
         EXPECT_TRUE(result.says("brix-import: ")) << result.errors;
         EXPECT_EQ(result.output, "");
     }
+}
+
+/// The options that name a file, with such a file in the folder of the test.
+QStringList outputs(const testsupport::Folder& folder) {
+    return {"--trace",  folder.path("trace"),    "--picture", folder.path("picture.png"),
+            "--export", folder.path("part.brep")};
+}
+
+TEST_F(BrixImportTest, RefusesPlacesThatCanNotBeWrittenBeforeTheImport) {
+    const QStringList places[] = {{"--json", "/no/such/directory/report"},
+                                  {"--json", directory.path()},
+                                  {"--trace", "/no/such/directory/trace"},
+                                  {"--picture", "/no/such/directory/picture.png"},
+                                  {"--export", "/no/such/directory/part.brep"}};
+    for (const QStringList& words : places) {
+        const ImportResult result =
+            run(QStringList{"part.step", "--module", FAKE_MODULE, "--argument", "sphere"} + words);
+        EXPECT_EQ(result.status, 2) << words.join(' ').toStdString();
+        EXPECT_TRUE(result.says(words[1].toStdString() + " can't be written: ")) << result.errors;
+        EXPECT_FALSE(result.says("importing")) << result.errors;
+    }
+}
+
+TEST_F(BrixImportTest, LeavesFilesAsTheyAreWhenTheImportFails) {
+    const QStringList names{"part.brep", "picture.png", "trace"};
+    EXPECT_EQ(run(faking("nothing") + outputs(directory)).status, 1);
+    EXPECT_EQ(QDir(directory.path()).entryList(QDir::Files), QStringList());
+    for (const QString& name : names) directory.write(name, "old");
+    EXPECT_EQ(run(faking("nothing") + outputs(directory)).status, 1);
+    EXPECT_EQ(QDir(directory.path()).entryList(QDir::Files), names);
+    for (const QString& name : names) EXPECT_EQ(directory.read(name), "old") << name.toStdString();
+}
+
+TEST_F(BrixImportTest, RefusesAFolderForTemporaryFilesThatIsNotThere) {
+    QProcessEnvironment variables = environment();
+    for (const char* name : testsupport::temporaryVariables) {
+        variables.insert(name, directory.path("nowhere"));
+    }
+    process.setProcessEnvironment(variables);
+    const ImportResult result = run(faking("sphere"));
+    EXPECT_EQ(result.status, 2);
+    EXPECT_TRUE(result.says("there is no folder for temporary files")) << result.errors;
 }
 
 TEST_F(BrixImportTest, WritesTraceTableAndJsonFile) {

@@ -45,7 +45,7 @@ protected:
         EXPECT_TRUE(process.waitForStarted());
         process.setReadChannel(QProcess::StandardError);
         EXPECT_TRUE(process.waitForReadyRead(limitMs));
-        platform::terminateChildren();
+        platform::endProcess(static_cast<std::uint32_t>(process.processId()));
         return {finish(process)};
     }
     /// The temporary files that are still there.

@@ -10,9 +10,15 @@ namespace {
 class ImportCommandTest : public testing::Test {
 protected:
     static ParsedCommand parse(const QStringList& words) {
+        std::vector<std::string> all;
+        for (const QString& word : words) all.push_back(word.toStdString());
+        return parseBytes(all);
+    }
+    static ParsedCommand parseBytes(std::vector<std::string> words) {
+        words.insert(words.begin(), "brix-import");
         testing::internal::CaptureStdout();
         testing::internal::CaptureStderr();
-        const ParsedCommand parsed = parseImportCommand(QStringList{"brix-import"} + words);
+        const ParsedCommand parsed = parseImportCommand(words);
         output = testing::internal::GetCapturedStdout();
         errors = testing::internal::GetCapturedStderr();
         return parsed;
@@ -81,6 +87,27 @@ TEST_F(ImportCommandTest, TakesAConversationAndItsTrace) {
     EXPECT_TRUE(options.live && options.traceFrames);
 }
 
+TEST_F(ImportCommandTest, TakesAnyBytesForTheModelAndTextForEverythingElse) {
+    const std::string name = "part\xFF.step";
+    const auto command = parseBytes({name, "--quiet"}).command;
+    ASSERT_TRUE(command);
+    EXPECT_EQ(command->options.modelBytes, name);
+    EXPECT_TRUE(command->options.model.endsWith(".step"));
+    EXPECT_EQ(require({"part.step"}).options.modelBytes, "");
+    EXPECT_EQ(parseBytes({"part.step", "--output-base", name}).exitStatus, 2);
+    EXPECT_NE(errors.find("no UTF-8"), errors.npos) << errors;
+}
+
+TEST_F(ImportCommandTest, ShowsProgressAsTold) {
+    using host::ProgressStyle;
+    const auto style = [](const QStringList& words) {
+        return require(QStringList("part.step") + words).options.progress;
+    };
+    EXPECT_EQ(style({"--progress", "always"}), ProgressStyle::rewritten);
+    EXPECT_EQ(style({"--progress", "never"}), ProgressStyle::none);
+    EXPECT_EQ(style({"--quiet"}), ProgressStyle::none);
+}
+
 TEST_F(ImportCommandTest, RefusesWrongUseWithStatusTwoAndAReason) {
     const QStringList wrong[] = {{},
                                  {"--no-server"},
@@ -90,6 +117,7 @@ TEST_F(ImportCommandTest, RefusesWrongUseWithStatusTwoAndAReason) {
                                  {"part.step", "more.step"},
                                  {"part.step", "--answer", "perhaps"},
                                  {"part.step", "--unknown"},
+                                 {"part.step", "--progress", "loud"},
                                  {"part.step", "--picture", "p.jpg"},
                                  {"part.step", "--export", "x.foo"},
                                  {"part.step", "--trace"}};
@@ -107,7 +135,7 @@ TEST_F(ImportCommandTest, HelpsAndTellsItsVersion) {
     for (const char* option :
          {"MODEL", "--output-base", "--no-server", "--live", "--trace-frames", "--argument",
           "--server", "--module", "--environment", "--answer", "--set", "--settings", "--without",
-          "--trace", "--json", "--picture", "--export"}) {
+          "--trace", "--json", "--picture", "--export", "--progress", "--quiet"}) {
         EXPECT_NE(output.find(option), std::string::npos) << option;
     }
     EXPECT_EQ(parse({"--version"}).exitStatus, 0);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // The other process of the tests: does what its first argument says.
+#include "platform/channels.h"
 #include "platform/clock.h"
 #include "platform/environment.h"
 #include "platform/file.h"
@@ -64,13 +65,50 @@ int watch(const char* path) {
     stay();
 }
 
-/// Starts the watching one and ends, without giving Qt the chance to end that first.
-int die(const char* path) {
+/// Another of this kind, which is ready. It is never destroyed, or Qt would end it.
+QProcess* startAnother(const QStringList& words) {
     auto* process = new QProcess;
     const QString program = QString::fromStdU16String(platform::executablePath());
-    process->start(QString(program).replace('\\', '/'), {"watch", path});
-    if (!process->waitForReadyRead(10'000)) return 1;
+    process->start(QString(program).replace('\\', '/'), words);
+    return process->waitForReadyRead(10'000) ? process : nullptr;
+}
+
+int die(const char* path) {
+    if (!startAnother({"watch", path})) return 1;
     platform::exitNow(0);
+}
+
+int nest(const char*) {
+    if (!startAnother({"stubborn"})) return 1;
+    say("ready");
+    stay();
+}
+
+/// Loses its child and says how many descendants it knows then, and once it has ended them.
+int supervise(const char*) {
+    platform::superviseDescendants();
+    const platform::Offspring family;
+    QProcess* const middle = startAnother({"nest"});
+    if (!middle) return 1;
+    middle->kill();
+    middle->waitForFinished();
+    say(std::to_string(family.running().size()).c_str());
+    family.endAll();
+    say(std::to_string(family.running().size()).c_str());
+    return 0;
+}
+
+/// Says much, where an interrupt would leave a mark.
+int talk(const char* path) {
+    platform::onInterrupt([path] {
+        if (std::FILE* mark = platform::openStream(path, "w")) std::fclose(mark);
+    });
+    for (int i = 0; i < 100; ++i) {
+        say("word");
+        std::fputs("word", stderr);
+    }
+    platform::sleep(200);
+    return 0;
 }
 
 int useMemory(const char* limit) {
@@ -113,11 +151,14 @@ int crash(const char* kind) {
 } // namespace
 
 int main(int count, char** arguments) {
+    platform::prepareChannels();
     const std::map<std::string, int (*)(const char*)> jobs{
         {"hold", hold},         {"interrupted", interrupted},
         {"stubborn", stubborn}, {"watch", watch},
         {"die", die},           {"useMemory", useMemory},
-        {"crash", crash},       {"nameParent", nameParent}};
+        {"crash", crash},       {"nameParent", nameParent},
+        {"nest", nest},         {"supervise", supervise},
+        {"talk", talk}};
     if (count < 2 || !jobs.contains(arguments[1])) return 99;
     return jobs.at(arguments[1])(count > 2 ? arguments[2] : "");
 }

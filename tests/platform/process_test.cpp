@@ -4,6 +4,7 @@
 
 #include "platform/clock.h"
 #include "platform/file.h"
+#include "platform/starter.h"
 #include "tests/platform/childprocess.h"
 #include "tests/support/scratch.h"
 
@@ -23,23 +24,26 @@
 namespace platform::test {
 namespace {
 
-bool isChild(std::uint32_t id) {
-    const auto children = childProcesses();
-    return std::find(children.begin(), children.end(), id) != children.end();
+bool isDescendant(std::uint32_t id) {
+    const auto all = descendants();
+    return std::find(all.begin(), all.end(), id) != all.end();
 }
 
 TEST(Process, KnowsItsChildrenWhileTheyRun) {
     const std::uint32_t self = processId();
-    EXPECT_TRUE(isProcessAlive(self));
-    EXPECT_FALSE(isChild(self));
+    EXPECT_TRUE(isMarkAlive(processMark(self)));
+    EXPECT_FALSE(isDescendant(self));
     ChildProcess child({"interrupted"});
     ASSERT_EQ(child.line(), "ready");
     const std::uint32_t id = child.id();
-    EXPECT_TRUE(isChild(id));
-    EXPECT_TRUE(isProcessAlive(id));
+    const std::string mark = processMark(id);
+    EXPECT_TRUE(isDescendant(id));
+    EXPECT_TRUE(isMarkAlive(mark));
+    EXPECT_FALSE(isMarkAlive(mark + "0")) << "another process had that number";
     child.kill();
-    EXPECT_FALSE(isChild(id));
+    EXPECT_FALSE(isDescendant(id));
     EXPECT_FALSE(isProcessAlive(id));
+    EXPECT_FALSE(isMarkAlive(mark));
 }
 
 TEST(Process, IsKnownToItsChildrenAsTheirParent) {
@@ -47,28 +51,37 @@ TEST(Process, IsKnownToItsChildrenAsTheirParent) {
     EXPECT_EQ(child.line(), std::to_string(processId()) + " is alive");
 }
 
-TEST(Process, AsksItsChildrenToEndAndTheirCallbacksAnswer) {
+TEST(Process, AsksItsOffspringToEndAndTheirCallbacksAnswer) {
+    const ChildProcess elder({"stubborn"});
+    const Offspring offspring;
     ChildProcess first({"interrupted"}), second({"interrupted"});
     ASSERT_EQ(first.line(), "ready");
     ASSERT_EQ(second.line(), "ready");
-    EXPECT_EQ(terminateChildren(), 2);
+    EXPECT_EQ(offspring.end(), 2);
     for (ChildProcess* child : {&first, &second}) {
         EXPECT_EQ(child->line(), "interrupted");
         EXPECT_EQ(child->exitCode(), 9);
     }
-    EXPECT_EQ(terminateChildren(), 0);
+    EXPECT_EQ(offspring.end(), 0);
+    EXPECT_TRUE(isDescendant(elder.id())) << "it was there before";
 }
 
-TEST(Process, EndsByForceTheChildrenThatWillNot) {
+TEST(Process, EndsByForceTheChildThatWillNot) {
     ChildProcess child({"stubborn"});
     ASSERT_EQ(child.line(), "ready");
     for (int turn = 0; turn < 2; ++turn) {
-        EXPECT_EQ(terminateChildren(), 1);
+        endProcess(child.id());
         EXPECT_EQ(child.line(), "no") << "each request is told";
     }
-    EXPECT_TRUE(isChild(child.id()));
-    EXPECT_EQ(terminateChildren(true), 1);
+    EXPECT_TRUE(isDescendant(child.id()));
+    endProcess(child.id(), true);
     EXPECT_NE(child.exitCode(), 0);
+}
+
+TEST(Process, ReachesADescendantWhoseParentHasGone) {
+    ChildProcess child({"supervise"});
+    EXPECT_EQ(child.line(), "1");
+    EXPECT_EQ(child.line(), "0");
 }
 
 TEST(Process, LearnsThatItsParentHasGone) {
@@ -77,6 +90,17 @@ TEST(Process, LearnsThatItsParentHasGone) {
     ASSERT_EQ(parent.exitCode(), 0);
     for (int turn = 0; turn < 200 && !scratch.has("mark"); ++turn) sleep(50);
     EXPECT_TRUE(scratch.has("mark"));
+}
+
+TEST(Process, LearnsThatWhoAnswersForItHadGoneBeforeItBegan) {
+    const Scratch scratch;
+    ChildProcess starter({"interrupted"});
+    ASSERT_EQ(starter.line(), "ready");
+    qputenv(starterVariable, processMark(starter.id()).c_str());
+    starter.kill();
+    ChildProcess orphan({"watch", QString::fromStdString(scratch.narrow("mark"))});
+    qunsetenv(starterVariable);
+    EXPECT_EQ(orphan.exitCode(), 10);
 }
 
 TEST(Process, GetsNoMoreMemoryThanItsLimit) {

@@ -181,6 +181,14 @@ TEST_F(ServerProcess, RemovesTheResultsOfAnEarlierRunBeforeItFails) {
     EXPECT_TRUE(results().isEmpty());
 }
 
+TEST_F(ServerProcess, ImportsNothingForAProcessThatHadGoneBefore) {
+    QProcessEnvironment told = QProcessEnvironment::systemEnvironment();
+    told.insert("BRIX_STARTER", "999999999-1");
+    process_.setProcessEnvironment(told);
+    EXPECT_EQ(import(bracket), 10);
+    EXPECT_TRUE(results().isEmpty());
+}
+
 TEST_F(ServerProcess, RefusesAnInputThatAResultWouldReplace) {
     folder_.write("out.igs", "a model");
     EXPECT_EQ(import(path("out.igs"), {"-igs", "on"}), 2);

@@ -2,6 +2,7 @@
 // Whatever happens to the worker, the host lives, knows what it was, and gets the rest.
 #include "host/rebuild/rebuild.h"
 
+#include "host/rebuild/progress.h"
 #include "platform/process.h"
 #include "tests/support/folder.h"
 #include "tests/support/temporaryvariables.h"
@@ -26,7 +27,7 @@ protected:
     }
     void TearDown() override {
         EXPECT_TRUE(QDir(scratch_.path()).entryList({"brix*", "host_*", "*rebuild*"}).isEmpty());
-        EXPECT_TRUE(platform::childProcesses().empty());
+        EXPECT_TRUE(platform::descendants().empty());
         qunsetenv("BRIX_FAKE_REBUILD");
         for (std::size_t i = 0; i < temporary_.size(); ++i) {
             const char* variable = testsupport::temporaryVariables[i];
@@ -65,6 +66,32 @@ TEST_F(Rebuild, GivesWhatTheWorkerTells) {
     ASSERT_EQ(outcome.dropped.size(), 1U);
     EXPECT_EQ(outcome.dropped[0].what, "edge");
     EXPECT_EQ(outcome.dropped[0].why, "the fake does not like it");
+}
+
+TEST_F(Rebuild, TellsEachStepAndHowFarItIs) {
+    for (Identifier face = 11; face <= 15; ++face) record_.models[0].faces[face] = {};
+    std::string told;
+    options_.stepBegun = [&](const Step& step, int number, int count) {
+        if (step.what != "face") return;
+        told += std::to_string(step.identifier) + " is " + std::to_string(number) + " of " +
+                std::to_string(count) + ", ";
+    };
+    rebuildWith("13:crash");
+    EXPECT_EQ(told, "11 is 1 of 5, 12 is 2 of 5, 13 is 3 of 5, "
+                    "11 is 1 of 5, 12 is 2 of 5, 14 is 3 of 5, 15 is 4 of 5, ");
+}
+
+/// What stands between is a program of the shell, which Windows hasn't got.
+TEST_F(Rebuild, EndsAWorkerThatAnotherProgramHasStarted) {
+    if (!QFile::exists("/bin/sh")) GTEST_SKIP() << "there is no shell here";
+    const QString id = scratch_.path("id");
+    options_.program = scratch_.write("wrapper", "#!/bin/sh\n" FAKE_REBUILD " \"$@\" &\n" //
+                                                 "echo $! > " +
+                                                     id.toUtf8() + "\nwait\n");
+    QFile::setPermissions(options_.program, QFile::ReadOwner | QFile::ExeOwner);
+    options_.tries = 1;
+    rebuildWith("13:hang");
+    EXPECT_FALSE(platform::isProcessAlive(scratch_.read("id").trimmed().toUInt()));
 }
 
 TEST_F(Rebuild, LosesTheFaceThatTheWorkerDiesOfAndNothingElse) {
