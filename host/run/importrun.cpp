@@ -210,6 +210,7 @@ void ImportRun::import() {
     outcome_.server = reportFile.read();
     facts_.serverReported = !outcome_.server.is_null();
     facts_.serverFailure = failureIn(outcome_.server);
+    if (!outcome_.result && !facts_.serverReported) facts_.serverWords = watch.lastWords();
     outcome_.losses = outcome_.record.dropped;
     for (auto& loss : lostOnTheWay(outcome_.server, outcome_.record)) {
         outcome_.losses.push_back(std::move(loss));

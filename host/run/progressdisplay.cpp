@@ -14,6 +14,8 @@ using namespace std::chrono_literals;
 constexpr auto linePause = 1s;
 constexpr auto silentPause = 5s; ///< between lines that only tell the time
 constexpr std::size_t longestTail = 4096;
+constexpr std::size_t wordsKept = 1024;
+constexpr int linesQuoted = 3;
 constexpr std::string_view progressWord = "progress ";
 
 /// A name may hold what a terminal obeys.
@@ -66,6 +68,7 @@ ProgressDisplay::ProgressDisplay(ProgressStyle style, const std::string& what, i
       width_(static_cast<std::size_t>(std::max(columns, 20) - 1)),
       blank_('\r' + std::string(width_, ' ') + '\r'), put_(std::move(put)) {
     tail_.reserve(2 * longestTail);
+    said_.reserve(wordsKept);
 }
 
 void ProgressDisplay::finish() {
@@ -117,6 +120,23 @@ void ProgressDisplay::pass(std::string_view text) {
     clear();
     put_(text);
     isMidLine_ = text.back() != '\n';
+    text = text.substr(text.size() - std::min(text.size(), wordsKept));
+    said_.erase(0, said_.size() - std::min(said_.size(), wordsKept - text.size()));
+    said_ += text;
+}
+
+std::string ProgressDisplay::lastWords() {
+    const std::lock_guard hold(lock_);
+    std::string words;
+    std::size_t end = said_.rfind('\n');
+    for (int i = 0; i < linesQuoted && end != said_.npos; ++i) {
+        const std::size_t before = end > 0 ? said_.rfind('\n', end - 1) : said_.npos;
+        const std::size_t begin = before == said_.npos ? 0 : before + 1;
+        const std::string line = printable(said_.substr(begin, end - begin));
+        words = words.empty() ? line : line + "; " + words;
+        end = before;
+    }
+    return words;
 }
 
 void ProgressDisplay::clear() {

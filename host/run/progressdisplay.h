@@ -39,6 +39,8 @@ public:
     void tick(bool isHeld);
     /// The rewritten line goes; what was said without a line's end is shown.
     void finish();
+    /// The last whole lines that were passed on, three at most, in one.
+    std::string lastWords();
 
 private:
     void takeLine(std::string_view line);
@@ -62,6 +64,7 @@ private:
     std::optional<int> percent_;
     std::string tail_;  ///< of a line that isn't whole yet
     std::string shown_; ///< what the display showed last
+    std::string said_;  ///< the end of what was passed on
     Clock::time_point lineTime_ = start_;
     bool isHeld_ = false;
     bool isOnLine_ = false;  ///< whether the display's own line stands at the cursor

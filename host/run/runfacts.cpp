@@ -16,9 +16,9 @@ std::string withoutModelFile(const RunFacts& facts) {
     }
     if (!facts.serverFailure.empty()) return serverEnd(facts) + ": " + facts.serverFailure;
     if (facts.live && !facts.modelNamed) return serverEnd(facts) + " and named no model file";
-    return serverEnd(facts) + (facts.serverReported
-                                   ? " without leaving a model file"
-                                   : " and left neither a model file nor a report");
+    if (facts.serverReported) return serverEnd(facts) + " without leaving a model file";
+    const std::string words = facts.serverWords.empty() ? "" : "; it said: " + facts.serverWords;
+    return serverEnd(facts) + " and left neither a model file nor a report" + words;
 }
 
 } // namespace

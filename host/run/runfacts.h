@@ -22,6 +22,7 @@ struct RunFacts {
     QString startProblem;        ///< why the server could not be started; empty when it could
     bool serverReported = false; ///< whether it left a report
     std::string serverFailure;   ///< what the report says of a failure; empty when nothing
+    std::string serverWords;     ///< what a server without a report said last; empty when nothing
     QString modelFile;           ///< BASE.direct
     std::string serverEnd;       ///< what the component says of its end; empty when all was well
     bool importerMissing = false;

@@ -34,6 +34,11 @@ RunWatch::~RunWatch() {
     display_.finish();
 }
 
+std::string RunWatch::lastWords() {
+    std::this_thread::sleep_for(turn); // what was said last is still on its way
+    return display_.lastWords();
+}
+
 void RunWatch::watch() {
     do {
         try {

@@ -35,6 +35,9 @@ public:
     void enter(const std::string& phase, std::optional<int> percent = {}) {
         display_.enter(phase, percent);
     }
+    /// What processes said last on standard error, as ProgressDisplay has it; of those that have
+    /// ended it is whole.
+    std::string lastWords();
     /// Ends what the run has started: a server that its own starter has left, for one.
     void endProcesses() { offspring_.endAll(); }
 

@@ -139,6 +139,9 @@ TEST(Reason, NamesTheMostTellingFact) {
     facts.serverEnd = "the server crashed";
     EXPECT_EQ(reasonForNothing(facts),
               "the server crashed and left neither a model file nor a report");
+    facts.serverWords = "no licence";
+    EXPECT_EQ(reasonForNothing(facts), "the server crashed and left neither a model file nor a "
+                                       "report; it said: no licence");
     facts.missingModel = "p.step";
     EXPECT_EQ(reasonForNothing(facts), "there is no CAD file p.step");
     facts.serverReported = true;
