@@ -66,13 +66,13 @@ private:
 
     const ImportOptions& options_;
     const RunSurroundings& surroundings_;
+    LoadedModule module_; ///< goes last: services may hold objects that came from it
     QTemporaryDir temporary_;
     QString outputBase_;
     std::ofstream trace_;
     IPtr<SettingsStore> settings_{new SettingsStore};
     Services services_;
     std::unique_ptr<ModellingComponent> modelling_;
-    LoadedModule module_;
     IPtr<ITessoraCADImporterClient> client_;
     IPtr<IZelUnknown> control_; ///< while the client has a control thread
     std::uint16_t controlPort_ = 0;

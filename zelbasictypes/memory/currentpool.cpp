@@ -3,6 +3,7 @@
 #include "zelbasictypes/memory/currentpool.h"
 
 #include "component/objects/countservice.h"
+#include "platform/module.h"
 #include "platform/sync.h"
 #include "zelbasictypes/diagnostics/outofmemory.h"
 #include "zelbasictypes/memory/memoryblock.h"
@@ -28,6 +29,17 @@ platform::CriticalSection& poolLock() {
 
 /// Made during start-up: who allocates later may have no memory left.
 [[maybe_unused]] const platform::CriticalSection& poolLockMade = poolLock();
+
+/// What the module keeps goes back while its code is there: the blocks of all threads, those that
+/// it gave to a shared pool, and that pool itself. Static objects give their blocks back to the
+/// heap afterwards.
+void leaveProcess() {
+    const PoolLock hold;
+    destroyBucketPool();
+    ThreadStore::removeAll();
+}
+
+[[maybe_unused]] const bool leavesWhenUnloaded = (platform::atUnload(leaveProcess), true);
 
 BucketMemoryPool* lookUpShared() {
     void* service = nullptr;
