@@ -86,6 +86,9 @@ std::FILE* streamOf(Descriptor file, const char* mode);
 /// none.
 bool seekStream(std::FILE* stream, std::int64_t offset, std::int32_t origin);
 std::int64_t tellStream(std::FILE* stream);
+/// What a stream opened with the mode's letter c has been given goes to the disk; true once it is
+/// there. What has no disk behind it, such as a pipe, gets it and that is all.
+bool commitStream(std::FILE* stream);
 /// The next offset, from `offset` on, where the file may hold anything but zeros: behind a hole of
 /// a sparse file, and `offset` itself where the system doesn't tell. -1 when only a hole follows.
 /// The stream stays where it is.
