@@ -17,4 +17,13 @@ std::u16string decimalSeparator() {
     return result;
 }
 
+PlainNumbers::PlainNumbers() {
+    static const locale_t plain = ::newlocale(LC_ALL_MASK, "C", nullptr);
+    if (plain) locale_ = ::uselocale(plain);
+}
+
+PlainNumbers::~PlainNumbers() {
+    if (locale_) ::uselocale(static_cast<locale_t>(locale_));
+}
+
 } // namespace platform
