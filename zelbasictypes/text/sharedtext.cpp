@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // The wide strings that all share, made on first use from any thread.
+#include "zelbasictypes/memory/zelnew.h"
 #include "zelbasictypes/text/korstring.h"
 
 #include <atomic>
@@ -14,7 +15,7 @@ public:
     const KorString& get() {
         KorString* current = made.load(std::memory_order_acquire);
         if (current) return *current;
-        auto* fresh = new KorString(KorString::borrow(wide, narrow));
+        auto* fresh = zelNew<KorString>(KorString::borrow(wide, narrow));
         if (made.compare_exchange_strong(current, fresh)) return *fresh;
         delete fresh;
         return *current;
