@@ -116,6 +116,16 @@ struct FileStatus {
 std::int32_t stat(const char16_t* path, FileStatus* status);
 std::int32_t stat(const char* path, FileStatus* status);
 
+/// What all paths to one file or directory have in common, as long as it is there.
+struct FileIdentity {
+    std::uint64_t device = 0;
+    std::uint64_t number = 0;
+    bool operator==(const FileIdentity&) const = default;
+};
+/// Links are followed. False, with `identity` left alone, where the path leads nowhere.
+bool identify(const char16_t* path, FileIdentity* identity);
+/// Whether the last name of the path is a link to something else, or to nothing.
+bool isLink(const char16_t* path);
 /// Whether both paths lead to one file or directory that is there, through links too.
 bool isSameFile(const char16_t* a, const char16_t* b);
 bool isSameFile(const char* a, const char* b);
