@@ -6,6 +6,7 @@
 #include "cadimport/curvemessages.h"
 #include "cadimport/surfacemessages.h"
 #include "cadimport/topologymessages.h"
+#include "platform/unload.h"
 
 #include <memory>
 
@@ -16,6 +17,9 @@ QString enter(const QString& wireName, MessageFactory factory) {
     messageRegistry().insert(wireName, factory);
     return wireName;
 }
+
+/// With the module its memory goes too.
+const platform::AtUnload freeing([] { delete &messageRegistry(); });
 
 } // namespace
 

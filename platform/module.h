@@ -15,10 +15,6 @@ Module loadModule(const char* path);
 void* findEntry(Module module, const char* name);
 /// The module's code and statics must not be used any more.
 void unloadModule(Module module);
-/// Has the calling module call `callback` once, on the thread that unloads it, before its code goes
-/// and while its constant initialised variables are whole. Not at the end of the process, when
-/// other threads may still use them. A module names one callback.
-void atUnload(void (*callback)());
 /// The reason of the last failure on this thread, in the system's words.
 std::string moduleError();
 

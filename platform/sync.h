@@ -5,6 +5,7 @@
 // An object whose making failed is not valid, and waits on it return at once, false.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 
@@ -79,8 +80,10 @@ public:
 
 private:
     struct Section;
+    Section& section();
+
     std::int32_t spins;
-    std::unique_ptr<Section> section;
+    alignas(std::max_align_t) unsigned char room_[64];
 };
 
 class CriticalSectionLock {

@@ -4,6 +4,7 @@
 
 #include "component/entrypoint.h"
 #include "zelbasictypes/data/zelguid.h"
+#include "zelbasictypes/memory/bucketmemorypool.h"
 
 #include <QFileInfo>
 
@@ -25,6 +26,8 @@ ZelEntryPoint entryPointOf(platform::Module module) {
 LoadedModule::~LoadedModule() {
     if (component_) component_->terminate();
     component_ = nullptr;
+    // Texts of the module may be in our pool, and only the module can free them.
+    currentBucketPool()->clear();
     platform::unloadModule(module_);
 }
 

@@ -11,6 +11,7 @@
 #include "platform/module.h"
 #include "tests/support/fakemanager.h"
 #include "zelbasictypes/data/zelguid.h"
+#include "zelbasictypes/memory/bucketmemorypool.h"
 #include "zelbasictypes/text/zeltrivialtranslator.h"
 
 #include <gtest/gtest.h>
@@ -116,6 +117,7 @@ public:
     ~Host() {
         if (component) component->terminate();
         component = nullptr;
+        currentBucketPool()->clear(); // it may hold texts that only the module can free
         platform::unloadModule(module);
         EXPECT_EQ(translators->own->refCount(), 1) << "the module keeps its translator";
     }

@@ -3,8 +3,8 @@
 #include "zelbasictypes/memory/currentpool.h"
 
 #include "component/objects/countservice.h"
-#include "platform/module.h"
 #include "platform/sync.h"
+#include "platform/unload.h"
 #include "zelbasictypes/diagnostics/outofmemory.h"
 #include "zelbasictypes/memory/memoryblock.h"
 #include "zelbasictypes/memory/quietlookup.h"
@@ -39,7 +39,7 @@ void leaveProcess() {
     ThreadStore::removeAll();
 }
 
-[[maybe_unused]] const bool leavesWhenUnloaded = (platform::atUnload(leaveProcess), true);
+const platform::AtUnload leaving(leaveProcess);
 
 BucketMemoryPool* lookUpShared() {
     void* service = nullptr;

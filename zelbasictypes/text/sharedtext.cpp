@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // The wide strings that all share, made on first use from any thread.
+#include "platform/unload.h"
 #include "zelbasictypes/memory/zelnew.h"
 #include "zelbasictypes/text/korstring.h"
 
@@ -29,6 +30,8 @@ private:
 };
 
 constinit Slot emptyText(u"", ""), blank(u" ", " "), title(u" ", " ");
+
+const platform::AtUnload freeing(KorString::freeShared);
 
 } // namespace
 

@@ -2,13 +2,11 @@
 // Telling an unloading from the end of the process by the order in which things go: at the end of
 // the process the static objects of all modules are destroyed before any module's own finish, while
 // an unloaded module is finished first.
-#include "platform/module.h"
+#include "platform/unload.h"
 
 namespace platform {
 namespace {
 
-using Callback = void (*)();
-constinit Callback toCall = nullptr;
 constinit bool staticsAreGone = false;
 
 struct Statics {
@@ -17,11 +15,11 @@ struct Statics {
 const Statics statics;
 
 [[gnu::destructor]] void finish() {
-    if (toCall && !staticsAreGone) toCall();
+    if (!staticsAreGone) AtUnload::callAll();
 }
 
 } // namespace
 
-void atUnload(void (*callback)()) { toCall = callback; }
+void AtUnload::watch() {}
 
 } // namespace platform

@@ -1,21 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 // Telling an unloading from the end of the process, as the system's loader knows it.
-#include "platform/module.h"
+#include "platform/unload.h"
 
 #include <windows.h>
 
 namespace platform {
 namespace {
 
-using Callback = void (*)();
-constinit Callback toCall = nullptr;
-
 bool isProcessEnding() {
     using Query = BOOLEAN(NTAPI*)();
     const HMODULE loader = ::GetModuleHandleW(L"ntdll.dll");
-    const auto query =
-        reinterpret_cast<Query>(::GetProcAddress(loader, "RtlDllShutdownInProgress"));
-    return !query || query();
+    void* found = reinterpret_cast<void*>(::GetProcAddress(loader, "RtlDllShutdownInProgress"));
+    return !found || reinterpret_cast<Query>(found)();
 }
 
 /// A program is never unloaded, although its static objects go before the loader knows of its end.
@@ -23,19 +19,19 @@ bool isProgram() {
     HMODULE own = nullptr;
     constexpr DWORD how =
         GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
-    ::GetModuleHandleExW(how, reinterpret_cast<LPCWSTR>(&toCall), &own);
+    ::GetModuleHandleExW(how, reinterpret_cast<LPCWSTR>(&isProcessEnding), &own);
     return own == ::GetModuleHandleW(nullptr);
 }
 
 struct Statics {
     ~Statics() {
-        if (toCall && !isProgram() && !isProcessEnding()) toCall();
+        if (!isProgram() && !isProcessEnding()) AtUnload::callAll();
     }
 };
 const Statics statics;
 
 } // namespace
 
-void atUnload(void (*callback)()) { toCall = callback; }
+void AtUnload::watch() {}
 
 } // namespace platform
