@@ -6,7 +6,6 @@
 #include "cadimport/curvemessages.h"
 #include "cadimport/surfacemessages.h"
 #include "cadimport/topologymessages.h"
-#include "platform/unload.h"
 
 #include <memory>
 
@@ -17,9 +16,6 @@ QString enter(const QString& wireName, MessageFactory factory) {
     messageRegistry().insert(wireName, factory);
     return wireName;
 }
-
-/// With the module its memory goes too.
-const platform::AtUnload freeing([] { delete &messageRegistry(); });
 
 } // namespace
 

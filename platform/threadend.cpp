@@ -26,14 +26,14 @@ private:
     bool made_ = false;
 };
 
-constinit Key key;
+constinit Key endingKey;
 
 } // namespace
 
 void atThreadEnd(void (*callback)(void*), void* value) {
-    if (key.make(callback)) key.set(value);
+    if (endingKey.make(callback)) endingKey.set(value);
 }
 
-void forgetThreadEnds() { key.remove(); }
+void forgetThreadEnds() { endingKey.remove(); }
 
 } // namespace platform

@@ -8,18 +8,18 @@
 namespace platform {
 namespace {
 
-constinit AtUnload* last = nullptr;
+constinit AtUnload* newest = nullptr;
 
 } // namespace
 
 static_assert(std::is_trivially_destructible_v<AtUnload>);
 
-AtUnload::AtUnload(void (*callback)()) : callback_(callback), next_(std::exchange(last, this)) {
+AtUnload::AtUnload(void (*callback)()) : callback_(callback), next_(std::exchange(newest, this)) {
     watch();
 }
 
 void AtUnload::callAll() {
-    while (last) std::exchange(last, last->next_)->callback_();
+    while (newest) std::exchange(newest, newest->next_)->callback_();
 }
 
 } // namespace platform

@@ -12,11 +12,11 @@
 namespace {
 
 /// Room for "%f" of the greatest double, as for any other number without a width.
-constexpr std::size_t longestNumber = 320;
+constexpr std::size_t longestPlain = 320;
 
 /// With a point whatever the locale.
 template <class... Form> KorString written(Form... form) {
-    char text[longestNumber];
+    char text[longestPlain];
     *std::to_chars(text, text + sizeof text - 1, form...).ptr = '\0';
     return KorString(text);
 }

@@ -31,7 +31,7 @@ private:
 
 constinit Slot emptyText(u"", ""), blank(u" ", " "), title(u" ", " ");
 
-const platform::AtUnload freeing(KorString::freeShared);
+const platform::AtUnload freeingTexts(KorString::freeShared);
 
 } // namespace
 
