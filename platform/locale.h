@@ -19,9 +19,10 @@ public:
     ~PlainNumbers();
 
 private:
-    void* locale_ = nullptr; ///< what the thread used before, as far as one pointer tells it
-    int mode_ = 0;           ///< how the thread kept it
-    char name_[64] = {};     ///< its name, where it goes by names
+    struct Before;
+    Before& before();
+
+    alignas(void*) unsigned char room_[80];
 };
 
 } // namespace platform

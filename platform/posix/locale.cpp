@@ -6,6 +6,7 @@
 
 #include <langinfo.h>
 #include <locale.h>
+#include <new>
 
 namespace platform {
 
@@ -17,13 +18,22 @@ std::u16string decimalSeparator() {
     return result;
 }
 
+struct PlainNumbers::Before {
+    locale_t locale;
+};
+
+PlainNumbers::Before& PlainNumbers::before() {
+    return *std::launder(reinterpret_cast<Before*>(room_));
+}
+
 PlainNumbers::PlainNumbers() {
     static const locale_t plain = ::newlocale(LC_ALL_MASK, "C", nullptr);
-    if (plain) locale_ = ::uselocale(plain);
+    static_assert(sizeof(Before) <= sizeof room_);
+    new (room_) Before{plain ? ::uselocale(plain) : nullptr};
 }
 
 PlainNumbers::~PlainNumbers() {
-    if (locale_) ::uselocale(static_cast<locale_t>(locale_));
+    if (before().locale) ::uselocale(before().locale);
 }
 
 } // namespace platform

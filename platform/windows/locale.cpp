@@ -7,6 +7,7 @@
 #include <clocale>
 #include <cstring>
 #include <locale.h>
+#include <new>
 #include <windows.h>
 
 namespace platform {
@@ -18,16 +19,27 @@ std::u16string decimalSeparator() {
 }
 
 /// A locale that isn't the C language's own is taken down by its name.
-PlainNumbers::PlainNumbers() : mode_(::_configthreadlocale(_ENABLE_PER_THREAD_LOCALE)) {
+struct PlainNumbers::Before {
+    int mode;
+    char name[64];
+};
+
+PlainNumbers::Before& PlainNumbers::before() {
+    return *std::launder(reinterpret_cast<Before*>(room_));
+}
+
+PlainNumbers::PlainNumbers() {
+    static_assert(sizeof(Before) <= sizeof room_);
+    new (room_) Before{::_configthreadlocale(_ENABLE_PER_THREAD_LOCALE), ""};
     const char* name = std::setlocale(LC_NUMERIC, nullptr);
-    if (!name || std::strcmp(name, "C") == 0 || std::strlen(name) >= sizeof name_) return;
-    std::strcpy(name_, name);
+    if (!name || std::strcmp(name, "C") == 0 || std::strlen(name) >= sizeof Before::name) return;
+    std::strcpy(before().name, name);
     std::setlocale(LC_NUMERIC, "C");
 }
 
 PlainNumbers::~PlainNumbers() {
-    if (*name_) std::setlocale(LC_NUMERIC, name_);
-    ::_configthreadlocale(mode_);
+    if (*before().name) std::setlocale(LC_NUMERIC, before().name);
+    ::_configthreadlocale(before().mode);
 }
 
 } // namespace platform
