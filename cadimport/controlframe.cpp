@@ -3,6 +3,7 @@
 #include "cadimport/controlframe.h"
 
 #include "cadimport/messageregistry.h"
+#include "cadimport/wire.h"
 
 #include <QBuffer>
 #include <QDataStream>
@@ -24,7 +25,7 @@ std::unique_ptr<Message> messageInFrame(const QByteArray& payload) {
     QDataStream stream(&buffer);
     stream.setVersion(streamVersion);
     QString wireName;
-    stream >> wireName;
+    WireReader(stream).text(wireName);
     return std::unique_ptr<Message>(createMessage(messageRegistry(), wireName, stream));
 }
 

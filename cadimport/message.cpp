@@ -3,6 +3,7 @@
 #include "cadimport/message.h"
 
 #include "cadimport/messageregistry.h"
+#include "cadimport/wire.h"
 
 #include <QBuffer>
 #include <QByteArray>
@@ -26,7 +27,7 @@ QDataStream& operator>>(QDataStream& stream, Message*& message) {
     QDataStream inner(record);
     inner.setVersion(streamVersion);
     QString wireName;
-    inner >> wireName;
+    WireReader(inner).text(wireName);
     delete message;
     message = nullptr;
     message = createMessage(messageRegistry(), wireName, inner);

@@ -110,7 +110,33 @@ void WireReader::list(QList<QList<ControlPoint>>& rows) {
     elementList(rows, [this](QList<ControlPoint>& row) { numberList(row); });
 }
 void WireReader::list(QList<QString>& words) {
-    elementList(words, [this](QString& word) { stream_ >> word; });
+    elementList(words, [this](QString& word) { text(word); });
+}
+
+void WireReader::text(QString& text) {
+    constexpr quint32 lengthOfNull = 0xFFFFFFFF;
+    const auto bytes = static_cast<quint32>(count());
+    if (bytes == 0) {
+        text = QLatin1String("");
+    } else if (bytes == lengthOfNull || bytes % 2 != 0 || !letters(text, bytes / 2)) {
+        text = QString();
+    }
+}
+
+/// False when fewer than `count` are there; they are taken all the same.
+bool WireReader::letters(QString& text, qsizetype count) {
+    constexpr auto size = static_cast<qsizetype>(sizeof(quint16));
+    text.resize(0);
+    for (qsizetype missing = count; missing > 0;) {
+        const WireBytes bytes = takeElements(size, missing);
+        const auto done = text.size();
+        const auto whole = bytes.size / size;
+        if (whole == 0) return false;
+        text.resize(static_cast<int>(done + whole));
+        qFromBigEndian<quint16>(bytes.data, whole, text.data() + done);
+        missing -= whole;
+    }
+    return true;
 }
 
 template <class Number> void WireWriter::numberList(const QList<Number>& list) {

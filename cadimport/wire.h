@@ -107,12 +107,16 @@ public:
     void list(QList<ControlPoint>& points);
     void list(QList<QList<ControlPoint>>& rows);
     void list(QList<QString>& words);
+    /// A text as QDataStream has it, but with room for what is there only: a length that the bytes
+    /// don't bear out gives the null text, and an odd one leaves them where they are.
+    void text(QString& text);
 
 private:
     static constexpr qsizetype scratchSize = 4096;
 
     template <class Number> void numberList(QList<Number>& list);
     template <class List, class Read> void elementList(List& list, Read read);
+    bool letters(QString& text, qsizetype count);
     int count();
     bool endsBehind(qsizetype done);
     WireBytes take(qsizetype size) { return window_ ? window_->take(size) : copy(size); }

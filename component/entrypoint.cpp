@@ -3,6 +3,9 @@
 #include "component/entrypoint.h"
 
 #include "component/zelbasecomponent.h"
+#include "platform/unload.h"
+
+#include <utility>
 
 IZelComponentFactory* zelComponentFactory = new ZelBaseComponentFact;
 IZelComponent* zelModuleComponent = nullptr;
@@ -10,6 +13,8 @@ IZelComponent* zelModuleComponent = nullptr;
 namespace {
 
 constexpr std::int32_t contractVersion = 100;
+
+const platform::AtUnload freeing([] { delete std::exchange(zelComponentFactory, nullptr); });
 
 } // namespace
 

@@ -4,6 +4,7 @@
 
 #include "component/itemfactory.h"
 #include "component/zelhashtable.h"
+#include "platform/unload.h"
 
 #include <cstring>
 
@@ -12,9 +13,15 @@ namespace {
 using ClassTable = ZelHashTable<ZelGuid, ZelItemFactory*, ZelGuidHash>;
 
 ClassTable& classTable() {
-    static auto* table = new ClassTable(100);
+    static auto* const table = new ClassTable(100);
     return *table;
 }
+
+/// With the module their memory goes too.
+const platform::AtUnload freeing([] {
+    delete zelClassFactory();
+    delete &classTable();
+});
 
 constinit ClassTable::Cursor classCursor;
 
@@ -65,7 +72,7 @@ void ZelDefaultClassFactory::classesInCategory(const char* name, std::vector<Zel
 }
 
 ZelDefaultClassFactory* zelClassFactory() {
-    static auto* factory = new ZelDefaultClassFactory;
+    static auto* const factory = new ZelDefaultClassFactory;
     return factory;
 }
 

@@ -3,6 +3,7 @@
 // processes inherit it. Where it is made of bytes, wide texts map to them as names do in file.h.
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace platform {
@@ -13,8 +14,7 @@ bool readEnvironment(const char16_t* name, std::u16string& value);
 /// Sets a variable, to the empty text too; null takes it away. False for a name that is empty or
 /// holds a "=".
 bool setEnvironment(const char16_t* name, const char16_t* value);
-/// The narrow value, null when it isn't set. Borrowed until the environment changes or this thread
-/// calls again.
-const char* getenv(const char* name);
+/// The narrow value.
+std::optional<std::string> getenv(const char* name);
 
 } // namespace platform

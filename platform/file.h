@@ -86,6 +86,9 @@ std::FILE* streamOf(Descriptor file, const char* mode);
 /// none.
 bool seekStream(std::FILE* stream, std::int64_t offset, std::int32_t origin);
 std::int64_t tellStream(std::FILE* stream);
+/// What a stream opened with the mode's letter c has been given goes to the disk; true once it is
+/// there. What has no disk behind it, such as a pipe, gets it and that is all.
+bool commitStream(std::FILE* stream);
 /// The next offset, from `offset` on, where the file may hold anything but zeros: behind a hole of
 /// a sparse file, and `offset` itself where the system doesn't tell. -1 when only a hole follows.
 /// The stream stays where it is.
@@ -113,6 +116,16 @@ struct FileStatus {
 std::int32_t stat(const char16_t* path, FileStatus* status);
 std::int32_t stat(const char* path, FileStatus* status);
 
+/// What all paths to one file or directory have in common, as long as it is there.
+struct FileIdentity {
+    std::uint64_t device = 0;
+    std::uint64_t number = 0;
+    bool operator==(const FileIdentity&) const = default;
+};
+/// Links are followed. False, with `identity` left alone, where the path leads nowhere.
+bool identify(const char16_t* path, FileIdentity* identity);
+/// Whether the last name of the path is a link to something else, or to nothing.
+bool isLink(const char16_t* path);
 /// Whether both paths lead to one file or directory that is there, through links too.
 bool isSameFile(const char16_t* a, const char16_t* b);
 bool isSameFile(const char* a, const char* b);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the user set up about numbers.
+// How numbers are written: by the user, and without one.
 #pragma once
 
 #include <string>
@@ -8,5 +8,21 @@ namespace platform {
 
 /// The user's decimal separator, whatever locale the process is in; empty when it can't be told.
 std::u16string decimalSeparator();
+
+/// While it lives, the runtime library reads and writes numbers on this thread as the C language
+/// does, with a point, whatever locale the process is in.
+class PlainNumbers {
+public:
+    PlainNumbers();
+    PlainNumbers(const PlainNumbers&) = delete;
+    PlainNumbers& operator=(const PlainNumbers&) = delete;
+    ~PlainNumbers();
+
+private:
+    struct Before;
+    Before& before();
+
+    alignas(void*) unsigned char room_[80];
+};
 
 } // namespace platform

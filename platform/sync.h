@@ -5,6 +5,7 @@
 // An object whose making failed is not valid, and waits on it return at once, false.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 
@@ -58,8 +59,11 @@ bool barrierOnAllThreads();
 
 /// Runs `callback(value)` on the calling thread when that ends, in place of what an earlier call on
 /// it asked for. All calls of a module name the same callback, which may use thread-local
-/// variables: they hold what they held, or what they began with.
+/// variables: they hold what they held, or what they began with. Calls don't overlap. Where the
+/// system has no room for it the callback isn't run.
 void atThreadEnd(void (*callback)(void*), void* value);
+/// No thread's end runs the callback from here on: a module calls this before its code goes.
+void forgetThreadEnds();
 
 /// Recursive for its owner, within one process. A negative spin count is the system's default; with
 /// another one, who finds it taken tries that often before it sleeps.
@@ -76,8 +80,10 @@ public:
 
 private:
     struct Section;
+    Section& section();
+
     std::int32_t spins;
-    std::unique_ptr<Section> section;
+    alignas(std::max_align_t) unsigned char room_[64];
 };
 
 class CriticalSectionLock {

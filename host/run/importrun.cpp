@@ -73,6 +73,7 @@ private:
 
     const ImportOptions& options_;
     const RunSurroundings& surroundings_;
+    LoadedModule module_; ///< goes last: services may hold objects that came from it
     const TemporaryFolder temporary_;
     ResultBase base_;
     QString outputBase_;
@@ -81,7 +82,6 @@ private:
     IPtr<SettingsStore> settings_{new SettingsStore};
     Services services_;
     std::unique_ptr<ModellingComponent> modelling_;
-    LoadedModule module_;
     IPtr<ITessoraCADImporterClient> client_;
     IPtr<IZelUnknown> control_; ///< while the client has a control thread
     std::uint16_t controlPort_ = 0;

@@ -3,8 +3,8 @@
 #include "host/run/loadedmodule.h"
 
 #include "component/entrypoint.h"
-#include "platform/module.h"
 #include "zelbasictypes/data/zelguid.h"
+#include "zelbasictypes/memory/bucketmemorypool.h"
 
 #include <QFileInfo>
 
@@ -25,6 +25,10 @@ ZelEntryPoint entryPointOf(platform::Module module) {
 
 LoadedModule::~LoadedModule() {
     if (component_) component_->terminate();
+    component_ = nullptr;
+    // Texts of the module may be in our pool, and only the module can free them.
+    currentBucketPool()->clear();
+    platform::unloadModule(module_);
 }
 
 std::string LoadedModule::load(const QString& fileName, IZelComponentManager& manager) {
@@ -32,9 +36,13 @@ std::string LoadedModule::load(const QString& fileName, IZelComponentManager& ma
     const std::string name = fileName.toStdString();
     if (!QFileInfo::exists(fileName)) return "the module is missing: " + name;
     const QString path = QFileInfo(fileName).absoluteFilePath();
-    platform::Module module = platform::loadModule(path.toStdU16String().c_str());
-    if (!module) return "the module can't be loaded: " + platform::moduleError();
-    const ZelEntryPoint entryPoint = entryPointOf(module);
+    module_ = platform::loadModule(path.toStdU16String().c_str());
+    if (!module_) return "the module can't be loaded: " + platform::moduleError();
+    return bringUp(name, manager);
+}
+
+std::string LoadedModule::bringUp(const std::string& name, IZelComponentManager& manager) {
+    const ZelEntryPoint entryPoint = entryPointOf(module_);
     if (!entryPoint) return "this is no component, it has no EntryPoint: " + name;
 
     std::int32_t version = 0;

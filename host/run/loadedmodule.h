@@ -5,6 +5,7 @@
 #include "client/itessoracadimporterclient.h"
 #include "component/izelcomponent.h"
 #include "component/objects/iptr.h"
+#include "platform/module.h"
 
 #include <QString>
 
@@ -14,8 +15,8 @@ class IZelComponentManager;
 
 namespace host {
 
-/// The file stays loaded to the end of the program: what the module registered with Qt and its
-/// static objects may be needed until then. The component itself goes with this object.
+/// Ends the component and unloads its file: what came from the module, its texts included, is gone
+/// before, and the manager lives longer.
 class LoadedModule {
 public:
     LoadedModule() = default;
@@ -31,6 +32,9 @@ public:
     IPtr<ITessoraCADImporterClient> makeClient();
 
 private:
+    std::string bringUp(const std::string& name, IZelComponentManager& manager);
+
+    platform::Module module_ = nullptr;
     IPtr<IZelComponent> component_;
 };
 

@@ -22,14 +22,16 @@
 namespace host {
 namespace {
 
-IZelTranslatorService* makeTranslatorService(SettingsStore& settings, std::ostream& messages) {
+/// The translator is there by itself and, once it has a file, through the translator service.
+void offerTranslations(ComponentManager& manager, SettingsStore& settings, std::ostream& messages) {
+    auto* translator = new FileTranslator;
+    manager.offerService("IZelTranslator", translator);
     const KorString* fileName = settings.getString("Host/Translations", nullptr);
-    if (!fileName) return new TranslatorService(nullptr);
-    const IPtr<FileTranslator> translator(new FileTranslator);
-    if (!translator->load(toQString(*fileName))) {
+    if (fileName && !translator->load(toQString(*fileName))) {
         messages << "the translations can't be read: " << toUtf8(*fileName) << std::endl;
     }
-    return new TranslatorService(translator.iface);
+    manager.offerService("IZelTranslatorService",
+                         new TranslatorService(fileName ? translator : nullptr));
 }
 
 ChunkManager* makeChunkManager(SettingsStore& settings) {
@@ -72,8 +74,7 @@ Services offerServices(ComponentManager& manager, const ServiceOptions& options)
     manager.offerService("IZelProgress", new Progress);
     manager.offerService("IZelRandom", new Random);
     manager.offerService("IZelMManager", makeChunkManager(settings));
-    manager.offerService("IZelTranslatorService",
-                         makeTranslatorService(settings, options.messages));
+    offerTranslations(manager, settings, options.messages);
     return services;
 }
 

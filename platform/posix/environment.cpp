@@ -22,6 +22,9 @@ bool setEnvironment(const char16_t* name, const char16_t* value) {
     return ::setenv(bytes.c_str(), bytesOf(value).c_str(), 1) == 0;
 }
 
-const char* getenv(const char* name) { return std::getenv(name); }
+std::optional<std::string> getenv(const char* name) {
+    const char* found = std::getenv(name);
+    return found ? std::optional<std::string>(found) : std::nullopt;
+}
 
 } // namespace platform

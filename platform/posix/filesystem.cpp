@@ -70,6 +70,18 @@ std::int32_t stat(const char* path, FileStatus* status) {
     return statSystem(systemPath(path), status);
 }
 
+bool identify(const char16_t* path, FileIdentity* identity) {
+    struct ::stat record {};
+    if (::stat(systemPath(path).c_str(), &record) != 0) return false;
+    *identity = {record.st_dev, record.st_ino};
+    return true;
+}
+
+bool isLink(const char16_t* path) {
+    struct ::stat record {};
+    return ::lstat(systemPath(path).c_str(), &record) == 0 && S_ISLNK(record.st_mode);
+}
+
 bool isSameFile(const char16_t* a, const char16_t* b) {
     return isSameSystem(systemPath(a), systemPath(b));
 }

@@ -6,6 +6,7 @@
 
 #include <langinfo.h>
 #include <locale.h>
+#include <new>
 
 namespace platform {
 
@@ -15,6 +16,24 @@ std::u16string decimalSeparator() {
     std::u16string result = unitsOf(::nl_langinfo_l(RADIXCHAR, user));
     ::freelocale(user);
     return result;
+}
+
+struct PlainNumbers::Before {
+    locale_t locale;
+};
+
+PlainNumbers::Before& PlainNumbers::before() {
+    return *std::launder(reinterpret_cast<Before*>(room_));
+}
+
+PlainNumbers::PlainNumbers() {
+    static const locale_t plain = ::newlocale(LC_ALL_MASK, "C", nullptr);
+    static_assert(sizeof(Before) <= sizeof room_);
+    new (room_) Before{plain ? ::uselocale(plain) : nullptr};
+}
+
+PlainNumbers::~PlainNumbers() {
+    if (before().locale) ::uselocale(before().locale);
 }
 
 } // namespace platform

@@ -115,6 +115,15 @@ bool seekStream(std::FILE* stream, std::int64_t offset, std::int32_t origin) {
 
 std::int64_t tellStream(std::FILE* stream) { return ::ftello(stream); }
 
+bool commitStream(std::FILE* stream) {
+    if (std::fflush(stream) != 0) return false;
+    int result = 0;
+    do {
+        result = ::fdatasync(::fileno(stream));
+    } while (result != 0 && errno == EINTR);
+    return result == 0 || errno == EINVAL || errno == EROFS;
+}
+
 std::int64_t nextData(std::FILE* stream, std::int64_t offset) {
     const int file = ::fileno(stream);
     const off_t before = ::lseek(file, 0, SEEK_CUR);

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <new>
 #include <thread>
 
 namespace platform {
@@ -160,18 +161,24 @@ struct CriticalSection::Section {
     std::recursive_mutex lock;
 };
 
-CriticalSection::CriticalSection(std::int32_t spinCount)
-    : spins(spinCount), section(std::make_unique<Section>()) {}
+CriticalSection::CriticalSection(std::int32_t spinCount) : spins(spinCount) {
+    static_assert(sizeof(Section) <= sizeof room_);
+    new (room_) Section;
+}
 
-CriticalSection::~CriticalSection() = default;
+CriticalSection::~CriticalSection() { section().~Section(); }
+
+CriticalSection::Section& CriticalSection::section() {
+    return *std::launder(reinterpret_cast<Section*>(room_));
+}
 
 void CriticalSection::enter() {
     for (std::int32_t turn = 0; turn < spins; ++turn) {
-        if (section->lock.try_lock()) return;
+        if (section().lock.try_lock()) return;
     }
-    section->lock.lock();
+    section().lock.lock();
 }
 
-void CriticalSection::leave() { section->lock.unlock(); }
+void CriticalSection::leave() { section().lock.unlock(); }
 
 } // namespace platform

@@ -42,12 +42,12 @@ bool setEnvironment(const char16_t* name, const char16_t* value) {
     return !value && ::GetLastError() == ERROR_ENVVAR_NOT_FOUND;
 }
 
-const char* getenv(const char* name) {
-    static thread_local std::string value;
+std::optional<std::string> getenv(const char* name) {
+    std::string value;
     const bool found = readGrowing(value, [name](char* buffer, DWORD room) {
         return ::GetEnvironmentVariableA(name, buffer, room);
     });
-    return found ? value.c_str() : nullptr;
+    return found ? std::optional(value) : std::nullopt;
 }
 
 } // namespace platform

@@ -147,6 +147,9 @@ bool seekStream(std::FILE* stream, std::int64_t offset, std::int32_t origin) {
 
 std::int64_t tellStream(std::FILE* stream) { return ::_ftelli64(stream); }
 
+/// The library minds the letter.
+bool commitStream(std::FILE* stream) { return std::fflush(stream) == 0; }
+
 std::int64_t nextData(std::FILE*, std::int64_t offset) { return offset; }
 
 } // namespace platform

@@ -42,11 +42,10 @@ public:
         if (handle != INVALID_HANDLE_VALUE) ::CloseHandle(handle);
     }
 
-    bool equals(const Identity& other) const {
-        return known && other.known &&
-               record.dwVolumeSerialNumber == other.record.dwVolumeSerialNumber &&
-               record.nFileIndexHigh == other.record.nFileIndexHigh &&
-               record.nFileIndexLow == other.record.nFileIndexLow;
+    bool isKnown() const { return known; }
+    FileIdentity value() const {
+        const std::uint64_t high = record.nFileIndexHigh;
+        return {record.dwVolumeSerialNumber, high << 32 | record.nFileIndexLow};
     }
 
 private:
@@ -57,7 +56,22 @@ private:
 
 } // namespace
 
-bool isSameFile(const char16_t* a, const char16_t* b) { return Identity(a).equals(Identity(b)); }
+bool identify(const char16_t* path, FileIdentity* identity) {
+    const Identity opened(path);
+    if (opened.isKnown()) *identity = opened.value();
+    return opened.isKnown();
+}
+
+bool isLink(const char16_t* path) {
+    const DWORD attributes = ::GetFileAttributesW(wide(path));
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT);
+}
+
+/// Both are open at once, since a file that isn't open may change its number.
+bool isSameFile(const char16_t* a, const char16_t* b) {
+    const Identity one(a), other(b);
+    return one.isKnown() && other.isKnown() && one.value() == other.value();
+}
 
 bool isSameFile(const char* a, const char* b) {
     return isSameFile(widePath(a).c_str(), widePath(b).c_str());

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
-// Modules of the system. The words for a failure are asked for at once, since other calls would
-// change them.
+// Modules of the system. The reason of a failure is kept, since other calls would change it.
 #include "platform/module.h"
 
 #include "platform/windows/widetext.h"
 
+#include <utility>
 #include <windows.h>
 
 namespace platform {
 namespace {
 
-thread_local std::string lastReason;
+constinit thread_local DWORD lastReason = ERROR_SUCCESS;
 
 std::string describe(DWORD code) {
     char text[512] = {};
@@ -21,7 +21,7 @@ std::string describe(DWORD code) {
 }
 
 template <class Result> Result told(Result result) {
-    if (!result) lastReason = describe(::GetLastError());
+    if (!result) lastReason = ::GetLastError();
     return result;
 }
 
@@ -40,9 +40,8 @@ void unloadModule(Module module) {
 }
 
 std::string moduleError() {
-    std::string reason;
-    reason.swap(lastReason);
-    return reason;
+    const DWORD reason = std::exchange(lastReason, ERROR_SUCCESS);
+    return reason == ERROR_SUCCESS ? std::string() : describe(reason);
 }
 
 } // namespace platform

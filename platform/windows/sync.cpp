@@ -3,6 +3,7 @@
 #include "platform/sync.h"
 
 #include <atomic>
+#include <new>
 #include <windows.h>
 
 namespace platform {
@@ -134,13 +135,19 @@ struct CriticalSection::Section {
     CRITICAL_SECTION section;
 };
 
-CriticalSection::CriticalSection(std::int32_t spinCount)
-    : spins(spinCount), section(std::make_unique<Section>(spinCount)) {}
+CriticalSection::CriticalSection(std::int32_t spinCount) : spins(spinCount) {
+    static_assert(sizeof(Section) <= sizeof room_);
+    new (room_) Section(spinCount);
+}
 
-CriticalSection::~CriticalSection() = default;
+CriticalSection::~CriticalSection() { section().~Section(); }
 
-void CriticalSection::enter() { ::EnterCriticalSection(&section->section); }
-void CriticalSection::leave() { ::LeaveCriticalSection(&section->section); }
+CriticalSection::Section& CriticalSection::section() {
+    return *std::launder(reinterpret_cast<Section*>(room_));
+}
+
+void CriticalSection::enter() { ::EnterCriticalSection(&section().section); }
+void CriticalSection::leave() { ::LeaveCriticalSection(&section().section); }
 
 bool barrierOnAllThreads() {
     ::FlushProcessWriteBuffers();

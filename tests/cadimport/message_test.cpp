@@ -146,6 +146,43 @@ TEST(Message, ReadsWordsAsTheyWereSent) {
     EXPECT_EQ(mixed.parameters[2], QString(QChar(0x20AC)));
 }
 
+/// Notes the most that is wanted of it at once, for which there is room then.
+class Asked : public QBuffer {
+public:
+    explicit Asked(const QByteArray& data) {
+        setData(data);
+        open(ReadOnly | Unbuffered);
+    }
+    qint64 most = 0;
+
+protected:
+    qint64 readData(char* to, qint64 size) override {
+        most = qMax(most, size);
+        return QBuffer::readData(to, size);
+    }
+};
+
+TEST(Message, MakesNoRoomForWordsThatAreNotThere) {
+    const struct {
+        const char* what;
+        const char* wire;
+        QList<QString> words;
+    } cases[] = {
+        {"longer than all there is", "00000002 fffffff0 00410042", {QString()}},
+        {"of odd length", "00000002 00000003 00000002 0041", {QString(), QStringLiteral("A")}},
+        {"cut in a letter", "00000002 00000002 0041 00000004 004200", {"A", QString()}},
+    };
+    for (const auto& c : cases) {
+        Asked device(bytes(c.wire));
+        QDataStream stream(&device);
+        stream.setVersion(streamVersion);
+        SetParameterMessage message;
+        message.read(stream);
+        EXPECT_EQ(message.parameters, c.words) << c.what;
+        EXPECT_LE(device.most, 4096) << c.what;
+    }
+}
+
 TEST(Message, TakesAnyByteButZeroForTrue) {
     auto wire = body(NewModel());
     wire[0] = 2;

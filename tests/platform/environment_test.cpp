@@ -32,16 +32,16 @@ TEST_F(Environment, TellsTheEmptyValueFromNone) {
     std::u16string found = u"old";
     EXPECT_FALSE(readEnvironment(variable, found));
     EXPECT_EQ(found, u"");
-    EXPECT_EQ(getenv(narrowName), nullptr);
+    EXPECT_EQ(getenv(narrowName), std::nullopt);
 
     EXPECT_TRUE(setEnvironment(variable, u""));
     found = u"old";
     EXPECT_TRUE(readEnvironment(variable, found));
     EXPECT_EQ(found, u"");
-    EXPECT_STREQ(getenv(narrowName), "");
+    EXPECT_EQ(getenv(narrowName), "");
 
     EXPECT_TRUE(setEnvironment(variable, u"value"));
-    EXPECT_STREQ(getenv(narrowName), "value");
+    EXPECT_EQ(getenv(narrowName), "value");
     EXPECT_TRUE(setEnvironment(variable, nullptr));
     EXPECT_FALSE(readEnvironment(variable, found));
 }

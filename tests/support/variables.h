@@ -24,8 +24,7 @@ inline void clearVariable(std::string_view name) {
 /// test anew for that instead of copying the process.
 inline std::string sharedWithDeathTests(const char* name, const std::string& madeUp) {
     if (testing::internal::InDeathTestChild()) {
-        const char* given = platform::getenv(name);
-        if (given) return given;
+        if (const auto given = platform::getenv(name)) return *given;
     }
     setVariable(name, madeUp);
     return madeUp;

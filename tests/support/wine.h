@@ -7,7 +7,7 @@
 namespace testsupport {
 
 /// scripts/test-windows sets the variable.
-inline bool runsByWine() { return platform::getenv("WINEPREFIX") != nullptr; }
+inline bool runsByWine() { return platform::getenv("WINEPREFIX").has_value(); }
 
 /// How often to do what costs Wine a question to another process each time.
 inline int rounds(int wanted) { return runsByWine() ? wanted / 50 : wanted; }

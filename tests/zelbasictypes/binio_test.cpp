@@ -204,6 +204,7 @@ TEST(BinIO, SeekingAndReadingBackLoseNothing) {
     output.write(&other, 1);
     Bytes back(8);
     EXPECT_EQ(output.readBack(back.data(), 8), 4u);
+    EXPECT_EQ(output.readBack(nullptr, 0), 0u);
     EXPECT_TRUE(output.seek(-12, false));
     EXPECT_EQ(output.readBack(back.data(), 8), 8u);
     EXPECT_EQ(back, bytes("00 00 00 01 01 02 03 04"));

@@ -163,6 +163,18 @@ TEST_F(FileTrees, LoseNothingToALinkFromTheSourceToTheTarget) {
     EXPECT_EQ(directory.read("to/file"), "target");
 }
 
+TEST_F(FileTrees, MoveFilesThatHaveASecondNameAtTheTarget) {
+    directory.makeDirectory("to/sub/deep");
+    std::error_code failed;
+    fs::create_hard_link(directory.root / "from/file", directory.root / "to/file", failed);
+    if (failed) GTEST_SKIP() << "no second names on this file system";
+    fs::create_hard_link(directory.root / "from/sub/deep/leaf",
+                         directory.root / "to/sub/deep/leaf");
+    EXPECT_TRUE(moveTree(path("from"), path("to")));
+    EXPECT_EQ(tree("to"), whole);
+    EXPECT_EQ(tree("from"), (Tree{{"sub", "/"}, {"sub/deep", "/"}}));
+}
+
 TEST_F(FileTrees, AreCopiedToAnotherVolumeAndStay) {
     const fs::path other = fs::path("/dev/shm") / directory.root.filename();
     std::error_code failed;

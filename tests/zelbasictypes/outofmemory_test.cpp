@@ -11,11 +11,13 @@
 #include "tests/zelbasictypes/samplemanager.h"
 #include "tests/zelbasictypes/samplestore.h"
 #include "tests/zelbasictypes/temporarydirectory.h"
+#include "zelbasictypes/data/zelfile.h"
 #include "zelbasictypes/diagnostics/memorylog.h"
 #include "zelbasictypes/diagnostics/systemmemory.h"
 #include "zelbasictypes/memory/bucketmemorypool.h"
 #include "zelbasictypes/memory/heapseam.h"
 #include "zelbasictypes/memory/korrealloc.h"
+#include "zelbasictypes/sets/bitvector.h"
 #include "zelbasictypes/text/korcstring.h"
 
 #include <gtest/gtest.h>
@@ -200,6 +202,13 @@ TEST_F(OutOfMemory, EndsTheProcessWhereOperatorNewRefusesToo) {
     EXPECT_EXIT(refused([&] { korRealloc(&block, 4, 10, 1000); }), outOfMemory, "run out of mem");
     EXPECT_EXIT(refused([&] { bucketAlloc(1000, got); }), outOfMemory, "run out of memory");
     zelFreeBlock(block);
+    const BitVector set(40000);
+    KorString text("a text as long as no small string holds it");
+    EXPECT_EXIT(refused([&] { BitVector(10); }), outOfMemory, "run out of memory");
+    EXPECT_EXIT(refused([&] { BitVector copy(set); }), outOfMemory, "run out of memory");
+    EXPECT_EXIT(refused([&] { ZelFileRead().open(text); }), outOfMemory, "run out of memory");
+    EXPECT_EXIT(refused([&] { text.toDouble(); }), outOfMemory, "run out of memory");
+    EXPECT_EXIT(refused([&] { text.replaceAll(u"a", u"b"); }), outOfMemory, "run out of memory");
 }
 
 TEST_F(OutOfMemory, EndsTheProcessWhereTheHostNeedsMemoryToFindTheManager) {

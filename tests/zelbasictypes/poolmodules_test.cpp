@@ -14,9 +14,12 @@
 
 namespace {
 
-/// One module's doors. It stays loaded: its blocks may be anywhere.
+/// One module's doors, for as long as it is loaded.
 struct Module {
     explicit Module(const char* path) : library(platform::loadModule(path)) {}
+    Module(const Module&) = delete;
+    Module& operator=(const Module&) = delete;
+    ~Module() { platform::unloadModule(library); }
 
     template <class Function> Function door(const char* name) const {
         return reinterpret_cast<Function>(platform::findEntry(library, name));
@@ -82,4 +85,28 @@ TEST(PoolModules, HandTheirBlocksToTheHostsPoolAndWorkOnIt) {
     pool->clear();
     destroyBucketPool();
     for (const Module* module : {&one, &two}) module->setManager(nullptr);
+}
+
+/// The host's pool couldn't free them any more.
+TEST(PoolModules, TakeTheirBlocksAlongWhenTheyAreUnloaded) {
+    Manager manager;
+    const IPtr<BucketMemoryPool> pool(standardPool());
+    const std::int32_t references = pool->refCount();
+    {
+        const Module module(POOL_MODULE_ONE);
+        module.setManager(&manager);
+        unsigned got = 0;
+        void* early = module.allocate(120, &got);
+        module.free(120, early);
+        manager.offer(IBucketMemoryPool::interfaceName, pool.iface);
+        ASSERT_TRUE(module.connect());
+        EXPECT_EQ(pool->allocate(120, got), early);
+        module.free(120, early);
+    }
+    EXPECT_EQ(pool->refCount(), references + 1) << "the manager's";
+    unsigned got = 0;
+    void* block = pool->allocate(120, got);
+    pool->free(120, block);
+    pool->clear();
+    destroyBucketPool();
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The stream form of both kinds of sets: byte for byte, there and back across the kinds, and from
 // streams that lie or end early, which get no more memory than a little and what they really bring.
+#include "platform/memory.h"
 #include "tests/zelbasictypes/settest.h"
 #include "zelbasictypes/memory/heapseam.h"
 #include "zelbasictypes/memory/memorymanager.h"
@@ -33,7 +34,8 @@ Bytes stream(std::uint32_t words, std::uint32_t maxBit, std::uint32_t form, std:
 
 std::uint32_t formOf(const Bytes& from) { return bigendian::load<std::uint32_t>(&from[12]); }
 
-/// All that is asked of the heap while it stands.
+/// All that is asked of the heap while it stands, but for zeros, which are free until they are
+/// touched.
 class HeapMeter {
 public:
     HeapMeter() {
@@ -46,7 +48,7 @@ public:
                         bytes += count;
                         return std::realloc(block, count);
                     },
-                    nullptr, nullptr});
+                    nullptr, nullptr, [](std::size_t count) { return std::calloc(1, count); }});
     }
     ~HeapMeter() { zelSetHeap({}); }
     HeapMeter(const HeapMeter&) = delete;
@@ -198,6 +200,20 @@ TEST(SetStream, TakesFromLyingStreamsWhatIsThere) {
         expectRead<BitVector>(each.bytes, each.bits);
         expectRead<BlockBitVector>(each.bytes, each.bits);
     }
+}
+
+TEST(SetStream, GivesAListTheRoomToldForWhatItHolds) {
+    constexpr std::uint64_t pagesOfAQuarter = 64 << 20;
+    const Bytes bytes = stream(1 << 26, 0x7FFFFFFF, listForm, 1, {5});
+    BitVector set;
+    platform::WorkingSet before, behind;
+    ASSERT_TRUE(platform::workingSet(before));
+    ASSERT_TRUE(readInto(set, bytes));
+    ASSERT_TRUE(platform::workingSet(behind));
+    EXPECT_LT(behind.current, before.current + pagesOfAQuarter);
+    EXPECT_EQ(set.maxBit(), BitVector::highestIndex);
+    EXPECT_TRUE(set.setRange(0x7FFFFFF0, BitVector::highestIndex));
+    EXPECT_EQ(set.count(), 17);
 }
 
 TEST(SetStream, TakesTheWholeElementsOfAStreamThatIsCut) {

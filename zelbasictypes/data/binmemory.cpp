@@ -70,7 +70,7 @@ bool BinOutputMemory::makeRoom(std::uint64_t size) {
 std::uint64_t BinOutputMemory::readRaw(void* buffer, std::uint64_t count) {
     if (!open_ || at_ >= bytes_.size()) return 0;
     const std::uint64_t got = std::min<std::uint64_t>(count, bytes_.size() - at_);
-    std::memcpy(buffer, bytes_.data() + at_, got);
+    if (got > 0) std::memcpy(buffer, bytes_.data() + at_, got);
     at_ += got;
     return got;
 }

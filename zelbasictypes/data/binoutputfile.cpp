@@ -16,23 +16,35 @@ constexpr std::uint64_t keptBytes = 0x10000;
 
 } // namespace
 
-BinOutputFile::BinOutputFile(const KorString& path) : file_(zelOpenFile(path, "w+bc")) {
+BinOutputFile::BinOutputFile(const KorString& path)
+    : file_(zelOpenFile(path, "w+bc")), commits_(true) {
     if (!file_) return;
     block_.reset(new (std::nothrow) std::uint8_t[blockBytes]);
     if (block_) lendRoom();
 }
 
-BinOutputFile::~BinOutputFile() { BinOutputFile::closeRaw(); }
+BinOutputFile::~BinOutputFile() {
+    settle();
+    closeFile();
+}
 
 bool BinOutputFile::flushDevice() {
     if (!file_) return false;
     const bool flushed = flushBuffer();
     const bool settled = settle();
-    return std::fflush(file_) == 0 && flushed && settled && good();
+    return commit() && flushed && settled && good();
+}
+
+/// Empties the FILE, and has the disk take what came since the last time.
+bool BinOutputFile::commit() {
+    if (!commits_ || isOnDisk_) return std::fflush(file_) == 0;
+    isOnDisk_ = platform::commitStream(file_);
+    return isOnDisk_;
 }
 
 std::uint64_t BinOutputFile::writeRaw(const void* buffer, std::uint64_t count) {
     if (!file_) return 0;
+    isOnDisk_ = false;
     if (!block_) return std::fwrite(buffer, 1, count, file_);
     const auto* from = static_cast<const std::uint8_t*>(buffer);
     const bool inPlace = from == block_.get() + cursor_;
@@ -106,15 +118,19 @@ bool BinOutputFile::good() const { return file_ && !std::ferror(file_); }
 
 bool BinOutputFile::closeRaw() {
     if (!file_) return true;
-    const bool settled = settle();
+    const bool whole = settle() && commit();
+    return closeFile() && whole;
+}
+
+bool BinOutputFile::closeFile() {
     block_.reset();
-    return std::fclose(std::exchange(file_, nullptr)) == 0 && settled;
+    return !file_ || std::fclose(std::exchange(file_, nullptr)) == 0;
 }
 
 /// Writes what was gathered and leaves the FILE where the stream is; what can't be written is lost.
 bool BinOutputFile::settle() {
     takeStageBack();
-    if (!block_ || filled_ == 0) return true;
+    if (!file_ || !block_ || filled_ == 0) return true;
     const std::uint64_t written = std::fwrite(block_.get(), 1, filled_, file_);
     start_ += static_cast<std::int64_t>(cursor_);
     if (cursor_ != filled_) platform::seekStream(file_, start_, SEEK_SET);
@@ -124,16 +140,18 @@ bool BinOutputFile::settle() {
 }
 
 void BinOutputFile::stopGathering() {
-    if (file_) settle();
+    settle();
     block_.reset();
 }
 
 std::FILE* BinOutputFile::file() {
     stopGathering();
+    isOnDisk_ = false; // whoever gets the FILE may write
     return file_;
 }
 
 void BinOutputFile::setFile(std::FILE* file) {
     stopGathering();
     file_ = file;
+    commits_ = false;
 }

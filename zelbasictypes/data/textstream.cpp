@@ -7,6 +7,7 @@
 #include "zelbasictypes/data/binoutput.h"
 #include "zelbasictypes/data/zelblocktags.h"
 #include "zelbasictypes/data/zelfile.h"
+#include "zelbasictypes/memory/zelnew.h"
 #include "zelbasictypes/text/korcstring.h"
 #include "zelbasictypes/text/korstring.h"
 
@@ -14,7 +15,7 @@ namespace {
 
 /// Made at first use and never destroyed, since strings of static objects may want it to the end.
 template <class T> T& sharedByProcess() {
-    static T* const shared = new T;
+    static T* const shared = zelNew<T>();
     return *shared;
 }
 

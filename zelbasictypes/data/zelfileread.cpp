@@ -8,6 +8,7 @@
 #include "zelbasictypes/data/zelblocktags.h"
 #include "zelbasictypes/data/zelguid.h"
 #include "zelbasictypes/diagnostics/zelassert.h"
+#include "zelbasictypes/memory/zelnew.h"
 #include "zelbasictypes/text/korstring.h"
 
 #include <algorithm>
@@ -24,7 +25,7 @@ void ZelFileRead::qi(const char* name, void** result, std::int32_t) {
     zelAnswerQuery<IZelDataModelReader>(this, interfaceName, name, result);
 }
 
-BinInput* ZelFileRead::createInput(const KorString& path) { return new BinInputFile(path); }
+BinInput* ZelFileRead::createInput(const KorString& path) { return zelNew<BinInputFile>(path); }
 
 bool ZelFileRead::open(const KorString& path) {
     if (!ZEL_ASSERT(!bi_)) return false;
@@ -125,7 +126,7 @@ bool ZelFileRead::enter(const Header& header) {
     const std::int64_t end = endOf(header);
     if (!good() || end < 0) return false;
     if (tag_ == zelblock::object) {
-        if (!blockGuid_) blockGuid_ = new ZelGuid;
+        if (!blockGuid_) blockGuid_ = zelNew<ZelGuid>();
         if (!blockGuid_->read(*bi_)) return false;
     }
     end_.set(++depth_, end);
@@ -176,7 +177,7 @@ bool ZelFileRead::skipBlock() {
 }
 
 const ZelGuid* ZelFileRead::currentGuid() {
-    if (!blockGuid_) blockGuid_ = new ZelGuid;
+    if (!blockGuid_) blockGuid_ = zelNew<ZelGuid>();
     return blockGuid_;
 }
 

@@ -6,6 +6,7 @@
 #include "zelbasictypes/data/zelblocktags.h"
 #include "zelbasictypes/data/zelguid.h"
 #include "zelbasictypes/diagnostics/zelassert.h"
+#include "zelbasictypes/memory/zelnew.h"
 #include "zelbasictypes/text/korstring.h"
 
 #include <utility>
@@ -34,7 +35,7 @@ std::uint32_t ZelFileRead::peekTag() {
 }
 
 const ZelGuid* ZelFileRead::peekGuid() {
-    delete std::exchange(peekedGuid_, new ZelGuid);
+    delete std::exchange(peekedGuid_, zelNew<ZelGuid>());
     if (!ZEL_ASSERT(bi_)) return peekedGuid_;
     const Glance glance(*bi_);
     readHeader(false);
@@ -43,7 +44,7 @@ const ZelGuid* ZelFileRead::peekGuid() {
 }
 
 const KorString* ZelFileRead::peekName() {
-    delete std::exchange(peekedName_, new KorString);
+    delete std::exchange(peekedName_, zelNew<KorString>());
     if (!ZEL_ASSERT(bi_)) return peekedName_;
     const Glance glance(*bi_);
     readWideString(*peekedName_);

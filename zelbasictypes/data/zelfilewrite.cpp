@@ -8,6 +8,7 @@
 #include "zelbasictypes/data/zelguid.h"
 #include "zelbasictypes/data/zelstored.h"
 #include "zelbasictypes/diagnostics/zelassert.h"
+#include "zelbasictypes/memory/zelnew.h"
 #include "zelbasictypes/text/korstring.h"
 
 #include <utility>
@@ -21,7 +22,7 @@ void ZelFileWrite::qi(const char* name, void** result, std::int32_t) {
     zelAnswerQuery<IZelDataModelWriter>(this, interfaceName, name, result);
 }
 
-BinOutput* ZelFileWrite::createOutput(const KorString& path) { return new BinOutputFile(path); }
+BinOutput* ZelFileWrite::createOutput(const KorString& path) { return zelNew<BinOutputFile>(path); }
 
 bool ZelFileWrite::create(const KorString& path) {
     if (!ZEL_ASSERT(!bo_)) return false;

@@ -3,6 +3,7 @@
 #include "zelbasictypes/data/zelguid.h"
 
 #include "platform/guid.h"
+#include "zelbasictypes/memory/zelnew.h"
 #include "zelbasictypes/text/korcstring.h"
 
 #include <algorithm>
@@ -10,7 +11,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iterator>
-#include <string>
 
 namespace {
 
@@ -35,16 +35,16 @@ private:
 };
 
 /// Takes the next field off `rest`; empty fields are passed over.
-std::string nextToken(std::string_view& rest) {
+ZelText<char> nextToken(std::string_view& rest) {
     rest.remove_prefix(std::min(rest.find_first_not_of(','), rest.size()));
     const std::size_t length = std::min(rest.find(','), rest.size());
-    const std::string token(rest.substr(0, length));
+    const ZelText<char> token(rest.substr(0, length));
     rest.remove_prefix(length);
     return token;
 }
 
 template <class T> bool readListField(std::string_view& rest, T& field) {
-    const std::string token = nextToken(rest);
+    const ZelText<char> token = nextToken(rest);
     char* end = nullptr;
     const auto value = std::strtoull(token.c_str(), &end, 16);
     if (end == token.c_str()) return false;

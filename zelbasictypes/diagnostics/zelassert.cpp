@@ -8,7 +8,6 @@
 #include "zelbasictypes/memory/heapseam.h"
 
 #include <cstdlib>
-#include <cstring>
 
 namespace {
 
@@ -17,10 +16,7 @@ constexpr int noHandlerStatus = 255;
 constinit ZelAssertHandler assertHandler = nullptr;
 constinit void* assertContext = nullptr;
 
-bool enabledByEnvironment() {
-    const char* value = platform::getenv("ZEL_BREAK_ENABLED");
-    return !value || std::strcmp(value, "0") != 0;
-}
+bool enabledByEnvironment() { return platform::getenv("ZEL_BREAK_ENABLED") != "0"; }
 
 bool breakEnabled = enabledByEnvironment();
 

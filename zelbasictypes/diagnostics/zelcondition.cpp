@@ -11,8 +11,8 @@ namespace {
 constexpr std::int32_t greatestCount = 0x7FFFFFFF;
 
 std::int32_t spinCountOfEnvironment() {
-    const char* value = platform::getenv("ZEL_SPIN_COUNT");
-    return value ? std::atoi(value) : -1;
+    const std::optional<std::string> value = platform::getenv("ZEL_SPIN_COUNT");
+    return value ? std::atoi(value->c_str()) : -1;
 }
 
 /// In one step where the platform can. An object that couldn't be made isn't waited for.

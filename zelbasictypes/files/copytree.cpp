@@ -4,40 +4,47 @@
 #include "zelbasictypes/files/fileoperations.h"
 #include "zelbasictypes/files/pathoperations.h"
 #include "zelbasictypes/files/zeldiriterator.h"
+#include "zelbasictypes/memory/zelnew.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace {
 
-/// The directories that a job stands in, and the one that it fills. An entry that is one of them, a
-/// link perhaps, would be walked without end.
+/// The directories that a job stands in, and the one that it fills once that is there. An entry
+/// that is one of them, a link perhaps, would be walked without end.
 class Trail {
 public:
-    explicit Trail(const KorString& target) : directories{target} {}
-
     bool leadsBackTo(const KorString& path) const {
-        return std::any_of(directories.begin(), directories.end(), [&](const KorString& known) {
-            return platform::isSameFile(known.c_str(), path.c_str());
-        });
+        platform::FileIdentity entry;
+        return platform::identify(path.c_str(), &entry) &&
+               ((hasTarget && entry == target) ||
+                std::find(steps.begin(), steps.end(), entry) != steps.end());
+    }
+    /// The first directory that is told is the one that the whole job fills.
+    void fills(const KorString& directory) {
+        if (!hasTarget) hasTarget = platform::identify(directory.c_str(), &target);
     }
 
     /// Is in `directory` for as long as it lives.
     class Step {
     public:
         Step(Trail& whole, const KorString& directory) : trail(whole) {
-            trail.directories.push_back(directory);
+            platform::FileIdentity own;
+            platform::identify(directory.c_str(), &own);
+            trail.steps.push_back(own);
         }
         Step(const Step&) = delete;
         Step& operator=(const Step&) = delete;
-        ~Step() { trail.directories.pop_back(); }
+        ~Step() { trail.steps.pop_back(); }
 
     private:
         Trail& trail;
     };
 
 private:
-    std::vector<KorString> directories;
+    ZelVector<platform::FileIdentity> steps;
+    platform::FileIdentity target;
+    bool hasTarget = false;
 };
 
 ZelPath targetOf(const ZelDirEntry& entry, const KorString& to) {
@@ -72,6 +79,7 @@ bool copyBelow(const KorString& from, const KorString& to, Trail& trail) {
     if (!isDirectory(from)) return true;
     if (to.isEmpty()) return false;
     if (!isDirectory(to)) makeDirectoryOnce(to);
+    trail.fills(to);
     return forEach(from, to, trail, [&](const ZelDirEntry& entry, const KorString& target) {
         return copyEntry(entry, target, trail);
     });
@@ -79,8 +87,13 @@ bool copyBelow(const KorString& from, const KorString& to, Trail& trail) {
 
 bool moveBelow(const KorString& from, const KorString& to, Trail& trail);
 
+/// A link to what would have to go to make room for it. Of two names of one file either may go.
+bool isLinkTo(const KorString& path, const KorString& target) {
+    return platform::isLink(path.c_str()) && platform::isSameFile(path.c_str(), target.c_str());
+}
+
 bool moveEntry(const ZelDirEntry& entry, const KorString& target, Trail& trail) {
-    if (platform::isSameFile(entry.path().c_str(), target.c_str())) return true;
+    if (isLinkTo(entry.path(), target)) return true;
     if (isFile(target)) removeFile(target);
     if (entry.isRegular())
         return renamePath(entry.path(), target) || copyFile(entry.path(), target);
@@ -94,6 +107,7 @@ bool moveBelow(const KorString& from, const KorString& to, Trail& trail) {
     if (!isDirectory(from) || platform::isSameFile(from.c_str(), to.c_str())) return true;
     if (to.isEmpty()) return false;
     const bool made = isDirectory(to) || makeDirectoryOnce(to);
+    trail.fills(to);
     return forEach(from, to, trail,
                    [&](const ZelDirEntry& entry, const KorString& target) {
                        return moveEntry(entry, target, trail);
@@ -104,7 +118,7 @@ bool moveBelow(const KorString& from, const KorString& to, Trail& trail) {
 } // namespace
 
 bool copyTree(const KorString& from, const KorString& to) {
-    Trail trail{ZelPath(to)};
+    Trail trail;
     return copyBelow(ZelPath(from), ZelPath(to), trail);
 }
 
@@ -113,7 +127,7 @@ bool copyTree(const char* from, const char* to) {
 }
 
 bool moveTree(const KorString& from, const KorString& to) {
-    Trail trail{ZelPath(to)};
+    Trail trail;
     return moveBelow(ZelPath(from), ZelPath(to), trail);
 }
 

@@ -7,9 +7,9 @@
 #include "platform/file.h"
 #include "zelbasictypes/files/filedevice.h"
 #include "zelbasictypes/files/zeldiriterator.h"
+#include "zelbasictypes/memory/zelnew.h"
 
 #include <string_view>
-#include <vector>
 
 namespace {
 
@@ -40,7 +40,7 @@ template <class Path> bool makeOne(Path path) {
 
 /// Goes up to the first directory that is there or can be made, then down again.
 bool makeWithParents(const KorString& path) {
-    std::vector<KorString> missing;
+    ZelVector<KorString> missing;
     KorString current(path);
     while (!makeOne(current.c_str())) {
         KorString parent;
@@ -58,8 +58,8 @@ bool makeWithParents(const KorString& path) {
 /// A link to a directory goes as the link that it is, where the system lets it, be it as a file or
 /// as an empty directory: what it points at lies elsewhere.
 void removeBelow(const KorString& directory) {
-    std::vector<KorString> files;
-    std::vector<KorString> directories;
+    ZelVector<KorString> files;
+    ZelVector<KorString> directories;
     ZelDirIterator entries(&directory, true);
     for (entries.begin(); !entries.isDone(); entries.next()) {
         const ZelDirEntry& entry = entries.entry();

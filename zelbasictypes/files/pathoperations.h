@@ -70,7 +70,8 @@ bool removeDirectory(const char* path, bool recursive);
 /// Renames, where that can be done. Otherwise a file is copied, and of a directory each entry is
 /// moved into `to`, over files that are there; a file that can't be renamed is copied and stays, as
 /// `from` does itself. False when a copy or a directory failed; true also for a path that leads
-/// nowhere. A link that leads back to where the move came from or goes to stays where it is.
+/// nowhere. A link that leads back to where the move came from or goes to, or to what it would
+/// replace, stays where it is.
 bool moveTree(const KorString& from, const KorString& to);
 bool moveTree(const char* from, const char* to);
 /// The host's directory of that name, such as "temp"; empty without a directory service. Borrowed

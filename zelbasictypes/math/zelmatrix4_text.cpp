@@ -2,11 +2,14 @@
 // The text form of a matrix.
 #include "zelbasictypes/math/zelmatrix4.h"
 
+#include "platform/locale.h"
+
 #include <cstdio>
 #include <istream>
 #include <ostream>
 
 void ZelMatrix4::dump() const {
+    const platform::PlainNumbers plain;
     for (int row = 0; row < 16; row += 4)
         std::printf("(%12.6f %12.6f %12.6f %12.6f\n", m[row], m[row + 1], m[row + 2], m[row + 3]);
     std::printf("\n");

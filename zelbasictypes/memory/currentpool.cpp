@@ -4,6 +4,7 @@
 
 #include "component/objects/countservice.h"
 #include "platform/sync.h"
+#include "platform/unload.h"
 #include "zelbasictypes/diagnostics/outofmemory.h"
 #include "zelbasictypes/memory/memoryblock.h"
 #include "zelbasictypes/memory/quietlookup.h"
@@ -28,6 +29,17 @@ platform::CriticalSection& poolLock() {
 
 /// Made during start-up: who allocates later may have no memory left.
 [[maybe_unused]] const platform::CriticalSection& poolLockMade = poolLock();
+
+/// What the module keeps goes back while its code is there: the blocks of all threads, those that
+/// it gave to a shared pool, and that pool itself. Static objects give their blocks back to the
+/// heap afterwards.
+void leaveProcess() {
+    const PoolLock hold;
+    destroyBucketPool();
+    ThreadStore::removeAll();
+}
+
+const platform::AtUnload leaving(leaveProcess);
 
 BucketMemoryPool* lookUpShared() {
     void* service = nullptr;

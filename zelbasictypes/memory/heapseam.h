@@ -11,10 +11,13 @@ struct ZelHeap {
     void (*release)(void* block);
     /// Not expected to return.
     void (*exitProcess)(int status);
+    /// Zeros, in pages that the system gives when they are touched, where there are many.
+    void* (*allocateZeroed)(std::size_t bytes) = nullptr;
 };
 
-/// The table in use: at first the runtime library's malloc, realloc, free and exit.
+/// The table in use: at first the runtime library's malloc, realloc, free, exit and calloc.
 const ZelHeap& zelHeap();
 
-/// Replaces the table, for all threads; null entries mean the runtime library's.
+/// Replaces the table, for all threads; null entries mean the runtime library's. Beside an
+/// `allocate` of its own a table without `allocateZeroed` has its blocks cleared.
 void zelSetHeap(const ZelHeap& heap);

@@ -25,8 +25,10 @@ bool canExist(std::int64_t bytes) {
     return bytes >= 0 && bytes <= std::numeric_limits<std::int32_t>::max();
 }
 
-void* tryAllocate(std::int64_t bytes) {
-    return canExist(bytes) ? zelHeap().allocate(static_cast<std::size_t>(bytes)) : nullptr;
+using Allocate = void* (*)(std::size_t bytes);
+
+void* tryAllocate(Allocate allocate, std::int64_t bytes) {
+    return canExist(bytes) ? allocate(static_cast<std::size_t>(bytes)) : nullptr;
 }
 
 void* tryReallocate(void* block, std::int64_t bytes) {
@@ -34,12 +36,12 @@ void* tryReallocate(void* block, std::int64_t bytes) {
 }
 
 /// Lets the host give memory back and tries again for as long as it does.
-void* allocateReclaiming(std::int64_t bytes) {
-    void* block = tryAllocate(bytes);
+void* allocateReclaiming(Allocate allocate, std::int64_t bytes) {
+    void* block = tryAllocate(allocate, bytes);
     IZelMManager* manager = block || bytes == 0 ? nullptr : zelMemoryManager();
     while (!block && manager) {
         if (manager->reclaim()) {
-            block = tryAllocate(bytes);
+            block = tryAllocate(allocate, bytes);
         } else {
             manager = nullptr;
         }
@@ -117,7 +119,7 @@ void Growth::throughFile() {
     zelHeap().release(*block_);
     *block_ = nullptr;
 
-    void* block = allocateReclaiming(newBytes());
+    void* block = allocateReclaiming(zelHeap().allocate, newBytes());
     if (!block) {
         file.close();
         fail(zelNoMemory);
@@ -144,12 +146,21 @@ std::int32_t shrink(void** block, std::int32_t elementSize, std::int32_t count) 
     return count;
 }
 
+void* requireBlock(Allocate allocate, std::int64_t bytes) {
+    void* block = allocateReclaiming(allocate, bytes);
+    if (!block && bytes != 0) zelReportOutOfMemory(bytes);
+    return block;
+}
+
 } // namespace
 
 std::int32_t korMalloc(void** block, std::int32_t elementSize, std::int32_t count) {
-    const std::int64_t bytes = bytesOf(elementSize, count);
-    *block = allocateReclaiming(bytes);
-    if (!*block && bytes != 0) zelReportOutOfMemory(bytes);
+    *block = requireBlock(zelHeap().allocate, bytesOf(elementSize, count));
+    return count;
+}
+
+std::int32_t korMallocZeroed(void** block, std::int32_t elementSize, std::int32_t count) {
+    *block = requireBlock(zelHeap().allocateZeroed, bytesOf(elementSize, count));
     return count;
 }
 

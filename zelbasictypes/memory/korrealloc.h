@@ -13,6 +13,9 @@
 /// block may be null.
 std::int32_t korMalloc(void** block, std::int32_t elementSize, std::int32_t count);
 
+/// The same with zeros. Of a large block only the pages that are touched cost memory.
+std::int32_t korMallocZeroed(void** block, std::int32_t elementSize, std::int32_t count);
+
 /// Brings a block of `curSize` elements to a count between `minNewSize` and `maxNewSize` (-1: the
 /// same as `minNewSize`) and returns that count. Elements added behind existing ones are zero;
 /// those of a first allocation are not cleared. A `curSize` equal to `minNewSize` changes nothing.

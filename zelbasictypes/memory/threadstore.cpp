@@ -29,6 +29,12 @@ void ThreadStore::end(void* store) {
     static_cast<ThreadStore*>(store)->leave();
 }
 
+void ThreadStore::removeAll() {
+    platform::forgetThreadEnds();
+    ended = true;
+    while (firstStore) firstStore->remove();
+}
+
 ThreadStore* ThreadStore::enlist(BucketMemoryPool* pool) {
     if (!own_ && !ended) own_ = make();
     if (own_) own_->pool_.store(pool, std::memory_order_relaxed);
@@ -69,6 +75,10 @@ void ThreadStore::dropOldest(std::uint32_t index, std::uint32_t count) {
 
 void ThreadStore::leave() {
     if (BucketMemoryPool* pool = pool_.load(std::memory_order_relaxed)) pool->empty(*this);
+    remove();
+}
+
+void ThreadStore::remove() {
     ThreadStore** place = &firstStore;
     while (*place != this) place = &(*place)->next_;
     *place = next_;

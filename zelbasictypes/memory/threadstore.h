@@ -50,6 +50,9 @@ public:
     /// again. Answers the first of all stores that there are.
     static ThreadStore* withdrawAll();
     ThreadStore* next() const { return next_; }
+    /// Removes all stores, which are empty and out of service. No thread uses the module any more
+    /// but the calling one, which does without a store from here on.
+    static void removeAll();
 
     std::uint32_t blockCount(std::uint32_t index) const { return counts_[index]; }
     /// The blocks of a class, the one freed last at the end.
@@ -88,6 +91,7 @@ private:
     /// Of the calling thread, which ends.
     static void end(void* store);
     void leave();
+    void remove();
 
     static constinit thread_local ThreadStore* own_;
 

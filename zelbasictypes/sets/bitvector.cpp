@@ -6,6 +6,7 @@
 #include "zelbasictypes/diagnostics/zelassert.h"
 #include "zelbasictypes/memory/korrealloc.h"
 #include "zelbasictypes/memory/memorymanager.h"
+#include "zelbasictypes/memory/zelnew.h"
 #include "zelbasictypes/sets/bitvectorruns.h"
 #include "zelbasictypes/sets/wordkernels.h"
 
@@ -41,20 +42,20 @@ std::uint32_t* newWords(std::int32_t count) {
 }
 
 std::uint32_t* zeroWords(std::int32_t count) {
-    std::uint32_t* words = newWords(count);
-    std::fill_n(words, count, 0U);
-    return words;
+    void* block = nullptr;
+    korMallocZeroed(&block, sizeof(std::uint32_t), count);
+    return static_cast<std::uint32_t*>(block);
 }
 
 } // namespace
 
 BitVector::BitVector(std::int32_t maxBit)
-    : magic_(new BinIO_Magic(static_cast<std::int32_t>(streamMagic))) {
+    : magic_(zelNew<BinIO_Magic>(static_cast<std::int32_t>(streamMagic))) {
     makeStorage(wordsFor(maxBit));
 }
 
 BitVector::BitVector(const BitVector& other)
-    : ZelShared(other), magic_(new BinIO_Magic(*other.magic_)) {
+    : ZelShared(other), magic_(zelNew<BinIO_Magic>(*other.magic_)) {
     copyStorage(other);
 }
 
@@ -110,7 +111,7 @@ bool BitVector::allChunksPresent() const {
 /// For a vector without storage.
 void BitVector::makeStorage(std::int32_t words) {
     if (words >= largeFromStart && zelMemoryManager()) {
-        bvwordsLarge_ = new LargeWords(static_cast<std::uint32_t>(words));
+        bvwordsLarge_ = zelNew<LargeWords>(static_cast<std::uint32_t>(words));
         words = static_cast<std::int32_t>(bvwordsLarge_->size());
     } else {
         bvwords_ = zeroWords(words);
@@ -126,7 +127,7 @@ void BitVector::freeStorage() {
 /// For a vector without storage: the other's layout, room, bits and count.
 void BitVector::copyStorage(const BitVector& other) {
     if (other.bvwordsLarge_) {
-        bvwordsLarge_ = new LargeWords(other.bvwordsLarge_->size());
+        bvwordsLarge_ = zelNew<LargeWords>(other.bvwordsLarge_->size());
         bvwordsLarge_->assign(*other.bvwordsLarge_, other.bvwordsLarge_->size());
     } else {
         bvwords_ = newWords(other.wordCount());
@@ -166,7 +167,7 @@ void BitVector::resizeDense(std::int32_t needed, std::int32_t wished) {
 
 void BitVector::becomeLarge(std::int32_t words) {
     ZEL_ASSERT(!bvwordsLarge_);
-    auto* large = new LargeWords(static_cast<std::uint32_t>(words));
+    auto* large = zelNew<LargeWords>(static_cast<std::uint32_t>(words));
     for (std::int32_t w = 0; w < wordCount(); ++w)
         large->set(static_cast<std::uint32_t>(w), bvwords_[w]);
     zelFreeBlock(std::exchange(bvwords_, nullptr));

@@ -198,8 +198,10 @@ public:
     /// to 12. The answer is whether the stream is good.
     bool write(BinOutput& out) const;
     /// False, with nothing changed, for another kind of data. Otherwise true, and what the stream
-    /// lacks is clear: ask the stream whether it was whole. Storage grows with what is really
-    /// there; an unknown form reads as no bits, and listed bits beyond the room told are dropped.
+    /// lacks is clear: ask the stream whether it was whole. Where the stream lists bits the room is
+    /// the one told, of which only what holds bits costs memory, and bits beyond it are dropped;
+    /// where it has words the room grows with those that are there. An unknown form reads as no
+    /// bits.
     bool read(BinInput& in);
     static bool isBitVectorMagic(std::uint32_t word) { return word == streamMagic; }
 

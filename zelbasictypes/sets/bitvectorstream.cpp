@@ -85,14 +85,10 @@ bool BitVector::readPiece(BinInput& in, std::int32_t w, std::int32_t count) {
 }
 
 void BitVector::readListForm(BinInput& in, std::int32_t words, std::int32_t count) {
-    makeStorage(std::min(words, trustedWords));
+    makeStorage(words);
     ListReader list(in, count);
-    for (std::int32_t i = 0; list.next(i);) {
-        if (i < 0 || i > lastOf(words)) continue;
-        growWhileReading((i >> 5) + 1, words);
-        set(i);
-    }
-    if (bvwordsLarge_) growWhileReading(words, words);
+    for (std::int32_t i = 0; list.next(i);)
+        if (i >= 0 && i <= lastOf(words)) set(i);
 }
 
 void BitVector::print(std::ostream& out) const {

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 // Where the blocks of all block vectors come from and go to.
-#include "zelbasictypes/diagnostics/zelmutex.h"
+#include "platform/sync.h"
+#include "platform/unload.h"
 #include "zelbasictypes/memory/korrealloc.h"
 #include "zelbasictypes/sets/blockbitvector.h"
 
 #include <algorithm>
 #include <cstring>
+#include <new>
 
 namespace {
 
@@ -39,20 +41,23 @@ struct FreeList {
 constinit FreeList freeList;
 
 /// Never destroyed, since static vectors give their blocks back at the very end.
-ZelMutex& guard() {
-    static ZelMutex* const mutex = new ZelMutex;
-    return *mutex;
+platform::CriticalSection& guard() {
+    alignas(platform::CriticalSection) static unsigned char room[sizeof(platform::CriticalSection)];
+    static auto* const section = new (room) platform::CriticalSection;
+    return *section;
 }
 
 /// Made during start-up, on its single thread.
-[[maybe_unused]] const ZelMutex& madeAtStart = guard();
+[[maybe_unused]] const platform::CriticalSection& madeAtStart = guard();
+
+const platform::AtUnload freeingBlocks(BlockBitVector::destroyBlockFreeList);
 
 class Hold {
 public:
-    Hold() { guard().lock(); }
+    Hold() { guard().enter(); }
     Hold(const Hold&) = delete;
     Hold& operator=(const Hold&) = delete;
-    ~Hold() { guard().unlock(); }
+    ~Hold() { guard().leave(); }
 };
 
 /// Uncleared.

@@ -27,7 +27,8 @@ struct StreamHead {
 
 /// A vector has no more words than its indices reach.
 constexpr std::uint32_t mostWords = 1U << 26;
-/// So many words get storage because a stream says so; for more of them something must be there.
+/// So many words that are to follow get storage because a stream says so; for more of them
+/// something must be there. The room of a list is free until something stands in it.
 constexpr std::int32_t trustedWords = 1 << 16;
 
 /// Whether the list is worth it for so many words. `count` is only asked where the answer hangs on

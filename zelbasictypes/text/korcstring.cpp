@@ -2,13 +2,13 @@
 // Making, copying, reading and comparing narrow strings.
 #include "zelbasictypes/text/korcstring.h"
 
+#include "zelbasictypes/memory/zelnew.h"
 #include "zelbasictypes/text/korstring.h"
 #include "zelbasictypes/text/textscan.h"
 
 #include <algorithm>
 #include <istream>
 #include <ostream>
-#include <vector>
 
 KorCString::KorCString(const char* text) : KorCString(text, -1) {}
 
@@ -46,7 +46,7 @@ KorCString KorCString::concat(const KorCString& a, const KorCString& b, const Ko
 
 KorCString KorCString::concat(const char* const* texts) {
     if (!texts) return KorCString();
-    std::vector<std::string_view> pieces;
+    ZelVector<std::string_view> pieces;
     for (; *texts; ++texts) pieces.emplace_back(*texts);
     KorCString result;
     result.buffer = zeltext::compose(pieces.data(), pieces.size());

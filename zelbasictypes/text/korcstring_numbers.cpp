@@ -2,13 +2,14 @@
 // Numbers to and from narrow text.
 #include "zelbasictypes/text/korcstring.h"
 
+#include "platform/locale.h"
+
 #include <cerrno>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <limits>
 #include <stdexcept>
-#include <string>
 #include <utility>
 
 namespace {
@@ -43,14 +44,26 @@ template <class Real> bool isInt32(Real value) {
     return value >= -2147483648.0 && value < 2147483648.0 && value == std::trunc(value);
 }
 
+/// A number as text, with a point whatever the locale.
+class NumberText {
+public:
+    template <class... Form> explicit NumberText(Form... form) {
+        *std::to_chars(text_, text_ + sizeof text_ - 1, form...).ptr = '\0';
+    }
+    const char* c_str() const { return text_; }
+
+private:
+    char text_[longestNumber];
+};
+
 /// Lowers the precision for as long as the text doesn't read back worse, and keeps the last one.
-template <class Real> std::string shortestText(Real value, int precision) {
-    std::string kept;
+template <class Real> NumberText shortestText(Real value, int precision) {
+    const platform::PlainNumbers plain;
+    NumberText kept(0);
     Real best = std::numeric_limits<Real>::max();
     for (; precision >= 0; --precision) {
-        char tried[longestNumber];
-        std::snprintf(tried, sizeof tried, "%.*g", precision, static_cast<double>(value));
-        const Real difference = std::abs(readBack(tried, value) - value);
+        const NumberText tried(value, std::chars_format::general, precision);
+        const Real difference = std::abs(readBack(tried.c_str(), value) - value);
         if (difference > best) break;
         best = difference;
         kept = tried;
@@ -58,20 +71,16 @@ template <class Real> std::string shortestText(Real value, int precision) {
     return kept;
 }
 
-template <class Real> std::string compactText(Real value, int precision) {
-    if (isInt32(value)) return std::to_string(static_cast<std::int32_t>(value));
+template <class Real> NumberText compactText(Real value, int precision) {
+    if (isInt32(value)) return NumberText(static_cast<std::int32_t>(value));
     return shortestText(value, precision);
 }
 
-std::string plainText(double value) {
-    char text[longestNumber];
-    std::snprintf(text, sizeof text, "%f", value);
-    return text;
-}
+NumberText plainText(double value) { return NumberText(value, std::chars_format::fixed, 6); }
 
 } // namespace
 
-KorCString::KorCString(std::int32_t value) : KorCString(std::to_string(value).c_str()) {}
+KorCString::KorCString(std::int32_t value) : KorCString(NumberText(value).c_str()) {}
 
 KorCString::KorCString(float value, bool compact)
     : KorCString((compact ? compactText(value, 9) : plainText(value)).c_str()) {}
@@ -79,4 +88,7 @@ KorCString::KorCString(float value, bool compact)
 KorCString::KorCString(double value, bool compact)
     : KorCString((compact ? compactText(value, 17) : plainText(value)).c_str()) {}
 
-float KorCString::toFloat() const { return readBack(buffer.data ? buffer.data : "", 0.0f); }
+float KorCString::toFloat() const {
+    const platform::PlainNumbers plain;
+    return readBack(buffer.data ? buffer.data : "", 0.0f);
+}

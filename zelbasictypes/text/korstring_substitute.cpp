@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 // Filling placeholders in one pass.
+#include "zelbasictypes/memory/zelnew.h"
 #include "zelbasictypes/text/korstring.h"
 #include "zelbasictypes/text/textbuffer.h"
-
-#include <vector>
 
 namespace {
 
 /// The argument that the unit behind a percent sign names, or -1. ":" is the digit ten.
 int argumentIndex(char16_t unit) { return unit >= u'1' && unit <= u':' ? unit - u'1' : -1; }
 
-using Pieces = std::vector<std::u16string_view>;
+using Pieces = ZelVector<std::u16string_view>;
 
 /// The text as stretches and arguments in turn; a single piece when there is no placeholder.
 Pieces cutAtPlaceholders(std::u16string_view text, const KorString* const* args) {

@@ -2,16 +2,17 @@
 // Packing and unpacking lists of strings.
 #include "zelbasictypes/text/packedlist.h"
 
+#include "zelbasictypes/memory/zelnew.h"
+
 #include <algorithm>
 #include <cstdlib>
-#include <string>
 
 namespace {
 
 /// The number in front of the blank, 0 where there is none. It is read as the runtime library
 /// reads integers, so that a leading 0 or 0x is a prefix.
 std::size_t readCount(std::u16string_view digits) {
-    std::string narrow;
+    ZelText<char> narrow;
     for (const char16_t unit : digits) narrow += unit < 0x80 ? static_cast<char>(unit) : '?';
     return static_cast<std::size_t>(std::max(std::strtoll(narrow.c_str(), nullptr, 0), 0LL));
 }
@@ -23,7 +24,7 @@ KorString entryOf(std::u16string_view units) {
 } // namespace
 
 void zelPackStrings(KorString& out, const std::vector<KorString>& list) {
-    std::u16string packed;
+    ZelText<char16_t> packed;
     for (const KorString& entry : list) {
         const std::u16string_view text = entry.view();
         packed += KorString(static_cast<std::int32_t>(text.size())).view();

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The wide strings that all share, made on first use from any thread.
+#include "platform/unload.h"
+#include "zelbasictypes/memory/zelnew.h"
 #include "zelbasictypes/text/korstring.h"
 
 #include <atomic>
@@ -14,7 +16,7 @@ public:
     const KorString& get() {
         KorString* current = made.load(std::memory_order_acquire);
         if (current) return *current;
-        auto* fresh = new KorString(KorString::borrow(wide, narrow));
+        auto* fresh = zelNew<KorString>(KorString::borrow(wide, narrow));
         if (made.compare_exchange_strong(current, fresh)) return *fresh;
         delete fresh;
         return *current;
@@ -28,6 +30,8 @@ private:
 };
 
 constinit Slot emptyText(u"", ""), blank(u" ", " "), title(u" ", " ");
+
+const platform::AtUnload freeingTexts(KorString::freeShared);
 
 } // namespace
 

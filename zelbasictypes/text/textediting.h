@@ -2,12 +2,11 @@
 // Changes that both string classes make in the same way.
 #pragma once
 
+#include "zelbasictypes/memory/zelnew.h"
 #include "zelbasictypes/text/textbuffer.h"
 #include "zelbasictypes/text/textscan.h"
 
 #include <algorithm>
-#include <string>
-#include <vector>
 
 namespace zeltext {
 
@@ -19,7 +18,7 @@ template <class Unit> void detach(Buffer<Unit>& buffer, std::basic_string_view<U
 template <class Unit>
 void replaceAll(Buffer<Unit>& buffer, std::basic_string_view<Unit> text,
                 std::basic_string_view<Unit> from, std::basic_string_view<Unit> to) {
-    std::vector<std::basic_string_view<Unit>> pieces;
+    ZelVector<std::basic_string_view<Unit>> pieces;
     for (std::int64_t hit; (hit = findIn(text, from)) >= 0;) {
         pieces.push_back(text.substr(0, static_cast<std::size_t>(hit)));
         pieces.push_back(to);
@@ -41,7 +40,7 @@ template <class Unit>
 Buffer<Unit> fitted(std::basic_string_view<Unit> text, std::int32_t width, FitMode mode,
                     std::int32_t dots) {
     const auto kept = static_cast<std::size_t>(width - dots);
-    const std::basic_string<Unit> stops(static_cast<std::size_t>(dots), Unit('.'));
+    const ZelText<Unit> stops(static_cast<std::size_t>(dots), Unit('.'));
     const std::size_t head = mode == FitMode::cutEnd     ? kept
                              : mode == FitMode::cutFront ? 0
                                                          : kept / 2;

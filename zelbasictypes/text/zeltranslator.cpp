@@ -5,6 +5,7 @@
 #include "component/objects/moduleidentity.h"
 #include "component/objects/services/izeltranslatorservice.h"
 #include "component/objects/sptr.h"
+#include "zelbasictypes/memory/zelnew.h"
 #include "zelbasictypes/text/zeltrivialtranslator.h"
 
 namespace {
@@ -38,7 +39,7 @@ void connect() {
 
 IZelTranslator* getTranslator() {
     if (!currentTranslator || !connected) connect();
-    if (!currentTranslator) currentTranslator = new ZelTrivialTranslator;
+    if (!currentTranslator) currentTranslator = zelNew<ZelTrivialTranslator>();
     return currentTranslator.iface;
 }
 

@@ -20,10 +20,10 @@ namespace host {
 namespace {
 
 const char* const allServices[] = {
-    "IDataStore",     "IGuiSimpleDlg",     "IGuiBusyState",        "IMacroMgr",
-    "IZelDirService", "IZelErrorService",  "IZelAssertHandlerCB",  "IGfxRenderer",
-    "IMemChecker",    "IZelStrSupport",    "IZelProgress",         "IZelRandom",
-    "IZelMManager",   "IBucketMemoryPool", "IZelTranslatorService"};
+    "IDataStore",     "IGuiSimpleDlg",     "IGuiBusyState",         "IMacroMgr",
+    "IZelDirService", "IZelErrorService",  "IZelAssertHandlerCB",   "IGfxRenderer",
+    "IMemChecker",    "IZelStrSupport",    "IZelProgress",          "IZelRandom",
+    "IZelMManager",   "IBucketMemoryPool", "IZelTranslatorService", "IZelTranslator"};
 
 class ServicesTest : public HostTest {
 protected:
@@ -109,6 +109,7 @@ TEST_F(ServicesTest, TextsAreTranslatedFromTheFileAndFilled) {
     EXPECT_EQ(toUtf8(translator->translate("It failed to start")), "Es startet nicht");
     EXPECT_EQ(toUtf8(translator->translate("%1 of %2", text("a"), text("%1"))), "von %1:\na");
     EXPECT_EQ(toUtf8(translator->translate("%1.direct", text("base"))), "base.direct");
+    EXPECT_EQ(find<IZelTranslator>(), translator) << "by its own name too";
 }
 
 TEST_F(ServicesTest, WithoutAFileEveryKeyIsItsOwnTextAndABadFileIsTold) {
