@@ -13,6 +13,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <vector>
 
 namespace host {
 namespace {
@@ -51,9 +53,7 @@ public:
         findSpeeds();
         if (space_.isPlane()) return std::move(trace_);
         tolerance_ = std::max(cubicToleranceMm, shareOfOffset * greatestOffset());
-        for (std::size_t i = 0; i + 1 < trace_.nodes.size();) {
-            if (trace_.nodes.size() >= greatestNodeCount || !split(i)) ++i;
-        }
+        refine();
         return std::move(trace_);
     }
 
@@ -187,21 +187,42 @@ private:
         return gp_Pnt2d(value);
     }
 
-    /// Whether a node had to come between `i` and the next one.
-    bool split(std::size_t i) {
-        const Node a = trace_.nodes[i], b = trace_.nodes[i + 1];
-        if (b.parameter - a.parameter < 1e-5 * (edge_.last - edge_.first)) return false;
+    /// Halves the stretches that are off, all of them in turn, so that none is left behind when
+    /// there are nodes enough.
+    void refine() {
+        std::vector<bool> isOpen(trace_.nodes.size() - 1, true);
+        while (trace_.nodes.size() < greatestNodeCount &&
+               std::find(isOpen.begin(), isOpen.end(), true) != isOpen.end()) {
+            std::vector<Node> nodes;
+            std::vector<bool> isOpenThen;
+            for (std::size_t i = 0; i < isOpen.size(); ++i) {
+                nodes.push_back(trace_.nodes[i]);
+                const auto middle =
+                    isOpen[i] ? nodeBetween(trace_.nodes[i], trace_.nodes[i + 1]) : std::nullopt;
+                isOpenThen.push_back(middle.has_value());
+                if (!middle) continue;
+                nodes.push_back(*middle);
+                isOpenThen.push_back(true);
+            }
+            nodes.push_back(trace_.nodes.back());
+            trace_.nodes = std::move(nodes);
+            isOpen = std::move(isOpenThen);
+        }
+    }
+
+    /// The node that has to come between the two; none when the cubic between them will do.
+    std::optional<Node> nodeBetween(const Node& a, const Node& b) const {
+        if (b.parameter - a.parameter < 1e-5 * (edge_.last - edge_.first)) return std::nullopt;
         const auto isOff = [&](double share) {
             const gp_Pnt2d cubic = cubicAt(a, b, share);
             const double t = a.parameter + share * (b.parameter - a.parameter);
             return space_.point(cubic).Distance(space_.point(foot(t, cubic))) > tolerance_;
         };
-        if (!isOff(0.5) && !isOff(0.2)) return false;
+        if (!isOff(0.5) && !isOff(0.2)) return std::nullopt;
         Node middle{0.5 * (a.parameter + b.parameter), {}, {}};
         middle.uv = foot(middle.parameter, cubicAt(a, b, 0.5));
         middle.speed = speedAt(middle, gp_Vec2d(a.uv, b.uv) / (b.parameter - a.parameter));
-        trace_.nodes.insert(trace_.nodes.begin() + static_cast<std::ptrdiff_t>(i) + 1, middle);
-        return true;
+        return middle;
     }
 
     /// The coordinate (1 or 2) that a border fixes; 0 for none.

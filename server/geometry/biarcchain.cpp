@@ -1,5 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // Biarcs with legs of equal length, stretched greedily along the curve.
+//
+// Between the ends of a biarc the curve winds round it: what it covers on one side is nearly what
+// it leaves on the other. The difference is, to the leading order, the one that a cubic with the
+// same ends and tangents makes too. So it says what happens to the area of a face whether a
+// receiver follows the arcs or joins them to one smooth curve.
 #include "server/geometry/biarcchain.h"
 
 #include <Precision.hxx>
@@ -33,6 +38,9 @@ public:
     double first() const { return first_; }
     double last() const { return last_; }
     gp_Pnt point(double t) const { return curve_.Value(t); }
+    void derive(double t, gp_Pnt& point, gp_Vec& derivative) const {
+        curve_.D1(t, point, derivative);
+    }
 
     /// The tangents of the ends are taken just inside, since at a kink there are two.
     Joint joint(double t) const {
@@ -61,24 +69,57 @@ private:
 struct Biarc {
     std::vector<CurvePiece> pieces;
     double deviation = 0.0;
+    double growth = 0.0;
 };
 
-double distanceToPiece(const CurvePiece& piece, const gp_Pnt& point) {
-    if (const auto* line = std::get_if<LinePiece>(&piece)) return distanceTo(*line, point);
-    return distanceTo(std::get<ArcPiece>(piece), point);
+/// From the point to the nearer one of a biarc's pieces.
+gp_Vec offsetToNearer(const std::vector<CurvePiece>& pieces, const gp_Pnt& point) {
+    const gp_Vec first = offsetTo(pieces.front(), point);
+    if (pieces.size() == 1) return first;
+    const gp_Vec second = offsetTo(pieces.back(), point);
+    return first.SquareMagnitude() < second.SquareMagnitude() ? first : second;
 }
 
-double deviationFrom(const SmoothSpan& span, double from, double to,
-                     const std::vector<CurvePiece>& pieces) {
+/// How a biarc strays from its stretch of the curve.
+struct Straying {
+    double distance = 0.0;     ///< the greatest one seen
+    double length = 0.0;       ///< of the stretch
+    std::vector<double> areas; ///< by border: what comes between biarc and curve, with its sign
+};
+
+Straying strayingOf(const SmoothSpan& span, double from, double to,
+                    const std::vector<CurvePiece>& pieces,
+                    const std::vector<BorderLimit>& borders) {
     constexpr int steps = 16;
-    double worst = 0.0;
+    Straying result;
+    result.areas.resize(borders.size());
     for (int i = 1; i < steps; ++i) {
-        const gp_Pnt p = span.point(from + (to - from) * i / steps);
-        double best = distanceToPiece(pieces.front(), p);
-        if (pieces.size() > 1) best = std::min(best, distanceToPiece(pieces.back(), p));
-        worst = std::max(worst, best);
+        const double t = from + (to - from) * i / steps;
+        gp_Pnt point;
+        gp_Vec along;
+        span.derive(t, point, along);
+        along *= (to - from) / steps;
+        const gp_Vec offset = offsetToNearer(pieces, point);
+        result.distance = std::max(result.distance, offset.Magnitude());
+        result.length += along.Magnitude();
+        for (std::size_t k = 0; k < borders.size(); ++k) {
+            result.areas[k] += offset.DotCross(along, borders[k].normalAt(t));
+        }
     }
-    return worst;
+    return result;
+}
+
+/// By how much the stretch could be longer; below 1 it has to be shorter. Distances grow with the
+/// third power of the length and areas with the fifth.
+double growthOf(const Straying& straying, const ChainLimits& limits) {
+    constexpr double least = 1e-300;
+    double growth = std::cbrt(limits.tolerance / std::max(straying.distance, least));
+    for (std::size_t k = 0; k < straying.areas.size(); ++k) {
+        const double allowed = limits.borders[k].meanOffset() * straying.length;
+        const double area = std::max(std::abs(straying.areas[k]), least);
+        growth = std::min(growth, std::sqrt(std::sqrt(allowed / area)));
+    }
+    return growth;
 }
 
 /// An arc beyond half a turn would run where the curve doesn't.
@@ -112,58 +153,76 @@ std::optional<std::vector<CurvePiece>> biarcBetween(const Joint& a, const Joint&
     return std::vector<CurvePiece>{head, tail};
 }
 
-std::optional<Biarc> fittedBiarc(const SmoothSpan& span, double from, double to) {
-    auto pieces = biarcBetween(span.joint(from), span.joint(to));
-    if (!pieces) return std::nullopt;
-    const double deviation = deviationFrom(span, from, to, *pieces);
-    return Biarc{std::move(*pieces), deviation};
-}
-
 struct Stretch {
     double to = 0.0;
     Biarc biarc;
 };
 
-/// The straight way out for a stretch that no biarc follows.
-Biarc chordOf(const SmoothSpan& span, double from, double to) {
-    Biarc chord{{LinePiece{span.point(from), span.point(to)}}, 0.0};
-    chord.deviation = deviationFrom(span, from, to, chord.pieces);
-    return chord;
-}
+/// Covers one span, stretch by stretch.
+class SpanChain {
+public:
+    SpanChain(const SmoothSpan& span, const ChainLimits& limits)
+        : span_(span), limits_(limits), guess_(0.25 * (span.last() - span.first())) {}
 
-/// The longest stretch from `from` that stays within the tolerance, found by halving.
-Stretch longestStretch(const SmoothSpan& span, double from, double tolerance) {
-    if (auto whole = fittedBiarc(span, from, span.last()); whole && whole->deviation <= tolerance) {
-        return {span.last(), std::move(*whole)};
-    }
-    const double least = std::min(1e-4 * (span.last() - span.first()), span.last() - from);
-    double low = from, high = span.last();
-    Stretch best;
-    while (high - low > 0.02 * (high - from) && high - from > least) {
-        const double middle = 0.5 * (low + high);
-        auto fitted = fittedBiarc(span, from, middle);
-        if (fitted && fitted->deviation <= tolerance) {
-            best = {middle, std::move(*fitted)};
-            low = middle;
-        } else {
-            high = middle;
+    void appendTo(BiarcChain& chain) {
+        for (double from = span_.first(); from < span_.last();) {
+            Stretch stretch = nextStretch(from);
+            chain.deviation = std::max(chain.deviation, stretch.biarc.deviation);
+            std::move(stretch.biarc.pieces.begin(), stretch.biarc.pieces.end(),
+                      std::back_inserter(chain.pieces));
+            guess_ = stretch.to - from;
+            from = stretch.to;
         }
     }
-    if (low > from) return best;
-    const double to = std::min(from + least, span.last());
-    auto fitted = fittedBiarc(span, from, to);
-    return {to, fitted ? std::move(*fitted) : chordOf(span, from, to)};
-}
 
-void appendSpan(const SmoothSpan& span, double tolerance, BiarcChain& chain) {
-    for (double from = span.first(); from < span.last();) {
-        Stretch stretch = longestStretch(span, from, tolerance);
-        chain.deviation = std::max(chain.deviation, stretch.biarc.deviation);
-        std::move(stretch.biarc.pieces.begin(), stretch.biarc.pieces.end(),
-                  std::back_inserter(chain.pieces));
-        from = stretch.to;
+private:
+    /// About as long as the limits allow. Begins with the length of the stretch before.
+    Stretch nextStretch(double from) const {
+        const double least = std::min(1e-4 * (span_.last() - span_.first()), span_.last() - from);
+        constexpr double safety = 0.95, worthwhile = 1.1, most = 3.0;
+        Stretch best;
+        for (double length = guess_; length > least;) {
+            const double to = endOf(from, length);
+            auto fitted = fittedBiarc(from, to);
+            const double growth = fitted ? safety * fitted->growth : 0.5;
+            if (growth < safety || !fitted) {
+                if (!best.biarc.pieces.empty()) return best;
+                length = (to - from) * std::clamp(growth, 0.1, 0.9);
+                continue;
+            }
+            best = {to, std::move(*fitted)};
+            if (growth < worthwhile || to == span_.last()) return best;
+            length *= std::min(growth, most);
+        }
+        return shortest(from, std::min(from + least, span_.last()));
     }
-}
+
+    /// Takes the rest of the span in where it would be shorter than a tenth of the stretch.
+    double endOf(double from, double length) const {
+        return from + 1.1 * length < span_.last() ? from + length : span_.last();
+    }
+
+    std::optional<Biarc> fittedBiarc(double from, double to) const {
+        auto pieces = biarcBetween(span_.joint(from), span_.joint(to));
+        if (!pieces) return std::nullopt;
+        return judged(from, to, std::move(*pieces));
+    }
+
+    Biarc judged(double from, double to, std::vector<CurvePiece> pieces) const {
+        const Straying straying = strayingOf(span_, from, to, pieces, limits_.borders);
+        return {std::move(pieces), straying.distance, growthOf(straying, limits_)};
+    }
+
+    /// The straight way out where no biarc follows.
+    Stretch shortest(double from, double to) const {
+        if (auto fitted = fittedBiarc(from, to)) return {to, std::move(*fitted)};
+        return {to, judged(from, to, {LinePiece{span_.point(from), span_.point(to)}})};
+    }
+
+    const SmoothSpan& span_;
+    const ChainLimits& limits_;
+    double guess_;
+};
 
 /// The ends, the places between them where the derivative may jump, and the middle of a closed
 /// curve.
@@ -197,11 +256,13 @@ CurvePiece arcAlong(const gp_Pnt& from, const gp_Vec& tangent, const gp_Pnt& to)
                     2.0 * std::atan2(height, along)};
 }
 
-BiarcChain biarcChain(const Adaptor3d_Curve& curve, double first, double last, double tolerance) {
+BiarcChain biarcChain(const Adaptor3d_Curve& curve, double first, double last,
+                      const ChainLimits& limits) {
     BiarcChain chain;
     const std::vector<double> at = breaks(curve, first, last);
     for (std::size_t i = 1; i < at.size(); ++i) {
-        appendSpan(SmoothSpan(curve, at[i - 1], at[i]), tolerance, chain);
+        const SmoothSpan span(curve, at[i - 1], at[i]);
+        SpanChain(span, limits).appendTo(chain);
     }
     return chain;
 }

@@ -54,6 +54,25 @@ Bnd_Box conicBox(const HalfAxes& c) {
     return box;
 }
 
+gp_Vec offsetToLine(const LinePiece& piece, const gp_Pnt& point) {
+    const gp_Vec along(piece.start, piece.end), to(point, piece.start);
+    const double square = along.SquareMagnitude();
+    const double share = square > 0.0 ? std::clamp(-to.Dot(along) / square, 0.0, 1.0) : 0.0;
+    return to + along * share;
+}
+
+gp_Vec offsetToArc(const ArcPiece& piece, const gp_Pnt& point) {
+    const gp_Vec to(piece.frame.Location(), point);
+    const double x = to.Dot(piece.frame.XDirection()), y = to.Dot(piece.frame.YDirection());
+    const double angle = broughtAbove(std::atan2(y, x), piece.first, 2.0 * pi);
+    if (angle <= piece.last) {
+        const double stretch = piece.radius / std::hypot(x, y);
+        return gp_Vec(onFrame(piece.frame, x * stretch, y * stretch)) - to;
+    }
+    const gp_Vec toStart(point, startOf(piece)), toEnd(point, endOf(piece));
+    return toStart.SquareMagnitude() < toEnd.SquareMagnitude() ? toStart : toEnd;
+}
+
 } // namespace
 
 double firstParameter(const CurvePiece& piece) {
@@ -103,21 +122,9 @@ Bnd_Box boxOf(const CurvePiece& piece) {
     return box;
 }
 
-double distanceTo(const LinePiece& piece, const gp_Pnt& point) {
-    const gp_Vec along(piece.start, piece.end), to(piece.start, point);
-    const double square = along.SquareMagnitude();
-    const double share = square > 0.0 ? std::clamp(to.Dot(along) / square, 0.0, 1.0) : 0.0;
-    return (to - along * share).Magnitude();
-}
-
-double distanceTo(const ArcPiece& piece, const gp_Pnt& point) {
-    const gp_Vec to(piece.frame.Location(), point);
-    const double x = to.Dot(piece.frame.XDirection()), y = to.Dot(piece.frame.YDirection());
-    const double angle = broughtAbove(std::atan2(y, x), piece.first, 2.0 * pi);
-    if (angle > piece.last) {
-        return std::min(point.Distance(startOf(piece)), point.Distance(endOf(piece)));
-    }
-    return std::hypot(std::hypot(x, y) - piece.radius, to.Dot(piece.frame.Direction()));
+gp_Vec offsetTo(const CurvePiece& piece, const gp_Pnt& point) {
+    if (const auto* line = std::get_if<LinePiece>(&piece)) return offsetToLine(*line, point);
+    return offsetToArc(std::get<ArcPiece>(piece), point);
 }
 
 } // namespace server

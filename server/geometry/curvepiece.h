@@ -44,8 +44,7 @@ gp_Vec tangentAt(const CurvePiece& piece, double parameter);
 /// The exact box, without any gap.
 Bnd_Box boxOf(const CurvePiece& piece);
 
-/// How far `point` is from a line or an arc between its ends. Ellipses aren't asked.
-double distanceTo(const LinePiece& piece, const gp_Pnt& point);
-double distanceTo(const ArcPiece& piece, const gp_Pnt& point);
+/// From `point` to the nearest point of a line or an arc between its ends. Ellipses aren't asked.
+gp_Vec offsetTo(const CurvePiece& piece, const gp_Pnt& point);
 
 } // namespace server

@@ -73,7 +73,10 @@ std::string named(const char* text, double value) {
     return buffer;
 }
 
-void convert(const BRepAdaptor_Curve& curve, const Tolerances& tolerances, EdgeCurve& result) {
+using Borders = std::function<std::vector<BorderLimit>()>;
+
+void convert(const BRepAdaptor_Curve& curve, const Tolerances& tolerances, const Borders& borders,
+             EdgeCurve& result) {
     const double first = curve.FirstParameter(), last = curve.LastParameter();
     if (auto found = recognise(curve, first, last, tolerances.recognition)) {
         result.to = std::holds_alternative<LinePiece>(*found) ? "CreateLine" : "CreateArc";
@@ -81,7 +84,7 @@ void convert(const BRepAdaptor_Curve& curve, const Tolerances& tolerances, EdgeC
         result.pieces = {*found};
         return;
     }
-    BiarcChain chain = biarcChain(curve, first, last, tolerances.chain);
+    BiarcChain chain = biarcChain(curve, first, last, {tolerances.chain, borders()});
     result.to = std::to_string(chain.pieces.size()) + " arcs and lines";
     result.why = named("free-form edges travel as chains; deviation", chain.deviation);
     result.pieces = std::move(chain.pieces);
@@ -103,7 +106,7 @@ std::string curveKind(const TopoDS_Edge& edge) {
     return kindOf(BRepAdaptor_Curve(edge).GetType());
 }
 
-EdgeCurve edgeCurve(const TopoDS_Edge& edge, const Tolerances& tolerances) {
+EdgeCurve edgeCurve(const TopoDS_Edge& edge, const Tolerances& tolerances, const Borders& borders) {
     EdgeCurve result;
     result.from = curveKind(edge);
     if (!canBeSent(edge)) {
@@ -115,7 +118,7 @@ EdgeCurve edgeCurve(const TopoDS_Edge& edge, const Tolerances& tolerances) {
         if (auto piece = asItIs(curve)) {
             result.pieces = {*piece};
         } else {
-            convert(curve, tolerances, result);
+            convert(curve, tolerances, borders, result);
         }
     }
     return result;

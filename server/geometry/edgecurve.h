@@ -2,11 +2,13 @@
 // What an edge is sent as: one curve, or a chain of pieces.
 #pragma once
 
+#include "server/geometry/borderlimit.h"
 #include "server/geometry/curvepiece.h"
 #include "server/geometry/tolerances.h"
 
 #include <TopoDS_Edge.hxx>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -24,8 +26,10 @@ struct EdgeCurve {
 std::string curveKind(const TopoDS_Edge& edge);
 
 /// The direction is that of the edge's curve, whatever the edge's orientation. An edge without a
-/// curve becomes the line between its vertices.
-EdgeCurve edgeCurve(const TopoDS_Edge& edge, const Tolerances& tolerances);
+/// curve becomes the line between its vertices. `borders` is asked for the faces' limits when the
+/// edge has to become a chain.
+EdgeCurve edgeCurve(const TopoDS_Edge& edge, const Tolerances& tolerances,
+                    const std::function<std::vector<BorderLimit>()>& borders);
 
 /// Whether the edge has a place but no extent: flagged so, or shorter than `shortest`.
 bool hasNoExtent(const TopoDS_Edge& edge, double shortest);

@@ -27,12 +27,13 @@ Bnd_Box faceBox(const TopoDS_Face& face) {
 class Planner {
 public:
     explicit Planner(const ShellPlanning& planning)
-        : planning_(planning), ids_(planning.identifiers) {}
+        : planning_(planning), ids_(planning.identifiers), borders_(planning.tolerances) {}
 
     ShellPlan plan(const TopoDS_Shell& shell);
 
 private:
     bool takeSurface(const TopoDS_Face& face);
+    std::vector<TopoDS_Face> facesAt(const ShellEdge& edge) const;
     void planEdge(const ShellEdge& edge);
     void planVertices(const ShellEdge& edge, EdgePlan& plan);
     int vertexOf(const TopoDS_Vertex& vertex, const gp_Pnt& otherwise);
@@ -44,6 +45,7 @@ private:
     const ShellPlanning& planning_;
     IdentifierCounters& ids_;
     ShellPlan plan_;
+    BorderLimits borders_;
     std::vector<FaceSurface> surfaces_; ///< of the wanted faces, in the order of the shell
     TopTools_IndexedMapOfShape vertexShapes_;
     std::vector<int> vertexIdentifiers_; ///< of vertexShapes_
@@ -99,9 +101,19 @@ void Planner::planVertices(const ShellEdge& edge, EdgePlan& plan) {
     }
 }
 
+std::vector<TopoDS_Face> Planner::facesAt(const ShellEdge& edge) const {
+    std::vector<TopoDS_Face> faces;
+    for (const EdgeSide& side : edge.sides) {
+        if (side.face < 0) continue;
+        faces.push_back(plan_.topology.faces[static_cast<std::size_t>(side.face)].face);
+    }
+    return faces;
+}
+
 void Planner::planEdge(const ShellEdge& edge) {
     EdgePlan plan;
-    plan.curve = edgeCurve(edge.edge, planning_.tolerances);
+    plan.curve = edgeCurve(edge.edge, planning_.tolerances,
+                           [&] { return borders_.at(edge.edge, facesAt(edge)); });
     for (std::size_t i = 0; i < plan.curve.pieces.size(); ++i) {
         if (i % mostPiecesOfANumber == 0) ++ids_.edgeNumber;
         PiecePlan piece;

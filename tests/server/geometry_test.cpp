@@ -65,15 +65,13 @@ std::optional<CurvePiece> recognised(const Curve& curve, double tolerance = 1e-6
 
 BiarcChain chained(const Curve& curve, double tolerance) {
     return biarcChain(GeomAdaptor_Curve(curve), curve->FirstParameter(), curve->LastParameter(),
-                      tolerance);
+                      {tolerance, {}});
 }
 
 double distanceToChain(const BiarcChain& chain, const gp_Pnt& point) {
     double best = 1e100;
     for (const CurvePiece& piece : chain.pieces) {
-        const auto* line = std::get_if<LinePiece>(&piece);
-        best = std::min(best, line ? distanceTo(*line, point)
-                                   : distanceTo(std::get<ArcPiece>(piece), point));
+        best = std::min(best, offsetTo(piece, point).Magnitude());
     }
     return best;
 }
@@ -178,11 +176,14 @@ TEST(CurvePiece, BoxOfAnArcReachesItsExtremes) {
     EXPECT_NEAR(box.CornerMin().Y(), -2.0 * std::sin(0.1), 1e-6);
 }
 
-TEST(CurvePiece, DistanceToAnArcIsToItsEndBeyondIt) {
-    const ArcPiece quarter{gp_Ax2(gp_Pnt(0, 0, 0), gp::DZ()), 2.0, 0.0, pi / 2};
-    EXPECT_NEAR(distanceTo(quarter, gp_Pnt(3, 0, 0)), 1.0, 1e-12);
-    EXPECT_NEAR(distanceTo(quarter, gp_Pnt(2, -1, 0)), 1.0, 1e-12);
-    EXPECT_NEAR(distanceTo(quarter, gp_Pnt(0, 2, 5)), 5.0, 1e-12);
+TEST(CurvePiece, OffsetToAnArcIsToItsEndBeyondIt) {
+    const CurvePiece quarter = ArcPiece{gp_Ax2(gp_Pnt(0, 0, 0), gp::DZ()), 2.0, 0.0, pi / 2};
+    const auto expectOffset = [&](const gp_Pnt& point, const gp_Vec& expected) {
+        EXPECT_LT((offsetTo(quarter, point) - expected).Magnitude(), 1e-12);
+    };
+    expectOffset(gp_Pnt(3, 0, 0), gp_Vec(-1, 0, 0));
+    expectOffset(gp_Pnt(2, -1, 0), gp_Vec(0, 1, 0));
+    expectOffset(gp_Pnt(0, 1, 5), gp_Vec(0, 1, -5));
 }
 
 } // namespace

@@ -95,21 +95,25 @@ TopoDS_Shape boredCylinder() {
                            cylinder(gp_Ax2(gp_Pnt(-20, 0, 10), gp::DX()), 4, 40));
 }
 
-/// The profile runs through `points` and back along straight lines by way of the corners; it lies
-/// in the plane of x and z.
-TopoDS_Face profile(std::initializer_list<gp_Pnt> points,
-                    std::initializer_list<gp_Pnt> corners = {}) {
+TopoDS_Edge splineThrough(std::initializer_list<gp_Pnt> points) {
     TColgp_Array1OfPnt array(1, static_cast<int>(points.size()));
     int index = 0;
     for (const gp_Pnt& point : points) array(++index) = point;
     const Handle(Geom_Curve) spline(GeomAPI_PointsToBSpline(array, 3, 5).Curve());
-    BRepBuilderAPI_MakeWire wire(BRepBuilderAPI_MakeEdge(spline).Edge());
-    gp_Pnt from = array.Last();
+    return BRepBuilderAPI_MakeEdge(spline).Edge();
+}
+
+/// The profile runs through `points` and back along straight lines by way of the corners; it lies
+/// in the plane of x and z.
+TopoDS_Face profile(std::initializer_list<gp_Pnt> points,
+                    std::initializer_list<gp_Pnt> corners = {}) {
+    BRepBuilderAPI_MakeWire wire(splineThrough(points));
+    gp_Pnt from = *(points.end() - 1);
     for (const gp_Pnt& corner : corners) {
         wire.Add(BRepBuilderAPI_MakeEdge(from, corner).Edge());
         from = corner;
     }
-    wire.Add(BRepBuilderAPI_MakeEdge(from, array.First()).Edge());
+    wire.Add(BRepBuilderAPI_MakeEdge(from, *points.begin()).Edge());
     return BRepBuilderAPI_MakeFace(wire.Wire(), Standard_True).Face();
 }
 
@@ -194,6 +198,18 @@ TopoDS_Shape mirrored(const TopoDS_Shape& shape) {
 
 TopoDS_Shape extrudedSpline() {
     return BRepPrimAPI_MakePrism(splineProfile(), gp_Vec(5, 75, 10)).Shape();
+}
+
+TopoDS_Shape splineStrip() {
+    BRepBuilderAPI_MakeWire wire(
+        splineThrough({gp_Pnt(0, 0, 0), gp_Pnt(8, 0, 15), gp_Pnt(-4, 0, 32), gp_Pnt(6, 0, 45),
+                       gp_Pnt(0, 0, 60)}));
+    wire.Add(BRepBuilderAPI_MakeEdge(gp_Pnt(0, 0, 60), gp_Pnt(0.3, 0, 60)).Edge());
+    wire.Add(splineThrough({gp_Pnt(0.3, 0, 60), gp_Pnt(6.5, 0, 45), gp_Pnt(-3.8, 0, 32),
+                            gp_Pnt(8.4, 0, 15), gp_Pnt(0.3, 0, 0)}));
+    wire.Add(BRepBuilderAPI_MakeEdge(gp_Pnt(0.3, 0, 0), gp_Pnt(0, 0, 0)).Edge());
+    const TopoDS_Face face = BRepBuilderAPI_MakeFace(wire.Wire(), Standard_True).Face();
+    return BRepPrimAPI_MakePrism(face, gp_Vec(0, 5, 1)).Shape();
 }
 
 const std::vector<NamedShape>& solidShapes() {

@@ -31,5 +31,7 @@ int countOf(const TopoDS_Shape& shape, TopAbs_ShapeEnum kind);
 TopoDS_Shape box(); ///< 10 x 20 x 30 from the origin
 TopoDS_Shape mirrored(const TopoDS_Shape& shape);
 TopoDS_Shape extrudedSpline();
+/// A wavy strip, so narrow that its area shows what its long borders do.
+TopoDS_Shape splineStrip();
 
 } // namespace server::testing

@@ -31,7 +31,7 @@ std::vector<BoundedCurve> chainOf(const Handle(Geom_Curve) & curve) {
     std::vector<BoundedCurve> pieces;
     const double first = curve->FirstParameter(), last = curve->LastParameter();
     for (const auto& piece :
-         server::biarcChain(GeomAdaptor_Curve(curve), first, last, 1e-4).pieces) {
+         server::biarcChain(GeomAdaptor_Curve(curve), first, last, {1e-4, {}}).pieces) {
         pieces.push_back(bounded(piece));
     }
     return pieces;

@@ -71,6 +71,21 @@ TEST(ModelBuilder, JoinsThePiecesOfFreeFormEdges) {
     }
 }
 
+TEST(ModelBuilder, KeepsTheAreaOfEachFaceWithAFreeFormBorder) {
+    for (const TopoDS_Shape& original : {splineStrip(), shapeNamed("CrossedPipes")}) {
+        const Rebuilt result = rebuilt(recordOfShape(original));
+        EXPECT_TRUE(result.dropped.empty());
+        std::size_t place = 0;
+        for (TopExp_Explorer walk(original, TopAbs_FACE); walk.More(); walk.Next(), ++place) {
+            SCOPED_TRACE(place);
+            ASSERT_LT(place, result.model.faces.size());
+            const FaceIntegral expected = integralOf(TopoDS::Face(walk.Current()), gp_Pnt());
+            const FaceIntegral face = integralOf(result.model.faces[place].face, gp_Pnt());
+            EXPECT_NEAR(face.area, expected.area, 1e-6 * expected.area);
+        }
+    }
+}
+
 TEST(ModelBuilder, PutsVoidsIntoTheSolidAroundThem) {
     const BuiltModel model = rebuilt(recordOfShape(shapeNamed("TwoSolids"))).model;
     int withVoids = 0;
