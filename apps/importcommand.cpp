@@ -220,6 +220,8 @@ const char* problemOf(const Words& words) {
 ParsedCommand parseImportCommand(const std::vector<std::string>& commandLine) {
     CLI::App parser("Imports a CAD file through the component and reports what came.",
                     "brix-import");
+    // A path that begins with a slash is none of the options of another system.
+    parser.allow_windows_style_options(false);
     parser.set_version_flag("--version", "brix-import " BRIX_VERSION);
     parser.footer(exitStatusHelp);
     Words words;

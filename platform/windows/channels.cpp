@@ -73,6 +73,7 @@ struct ErrorTap::System {
     }
     bool open() {
         return ::CreatePipe(&source, &sink, nullptr, pipeBytes) &&
+               ::SetHandleInformation(sink, HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT) &&
                ::SetStdHandle(STD_ERROR_HANDLE, sink);
     }
     DWORD waitingBytes() const {
