@@ -10,6 +10,9 @@ namespace platform {
 std::int64_t performanceCounter();
 std::int64_t performanceFrequency();
 std::uint32_t processId();
+/// Processor time that this process, its threads and its children that have ended have used.
+/// Windows doesn't count children.
+double processorSeconds();
 void sleep(std::uint32_t milliseconds);
 
 } // namespace platform

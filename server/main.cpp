@@ -2,6 +2,7 @@
 // cad-importer-server: the command line, and how the process ends when it isn't by itself.
 #include "platform/process.h"
 #include "server/conversation.h"
+#include "server/ending.h"
 #include "server/failure.h"
 #include "server/importrun.h"
 #include "server/options.h"
@@ -18,16 +19,14 @@ namespace {
 
 using server::ExitCode;
 
-/// Called in a signal handler: what a crash leaves behind goes, and its phase is named.
+using server::endAt;
+
+/// Called in a signal handler: what a crash leaves behind goes, but for a report, and its phase is
+/// named.
 const char* lastWords() {
     server::PartialFile::removeAll();
+    server::LastReport::leave(ExitCode::kernelCrashed, "crashed");
     return server::Progress::phase();
-}
-
-void endAt(ExitCode code, const char* reason) {
-    server::PartialFile::removeAll();
-    std::cerr << "cad-importer-server: " << reason << std::endl;
-    platform::exitNow(static_cast<int>(code));
 }
 
 /// The kernel can't be interrupted, so the process ends under it.
