@@ -18,8 +18,8 @@ using TakeBytes = std::function<void(const char* bytes, std::size_t length)>;
 
 /// Runs `work` in a copy of this process that ends with it, and waits. What `work` changes isn't
 /// seen here; what it sends comes to `receive`, in pieces of any length, also when it fails later.
-/// `processorSeconds` limits its processor time; 0 is no limit, but a copy that doesn't use the
-/// processor for half a minute is ended all the same. Other threads aren't copied, so `work` must
+/// `processorSeconds` limits the processor time from one sending to the next; 0 is no limit, but a
+/// copy that doesn't use the processor for half a minute is ended all the same. Other threads aren't copied, so `work` must
 /// not wait for one, nor take a lock that one may hold. `receive` doesn't throw.
 ///
 /// Windows has no such copies.

@@ -71,7 +71,9 @@ public:
             pollfd input{pipeEnd_, POLLIN, 0};
             const int ready = ::poll(&input, 1, lookMilliseconds);
             if (ready <= 0 && isPastLimit()) return false;
-            if (ready > 0 && !readSome(receive)) return true;
+            if (ready <= 0) continue;
+            if (!readSome(receive)) return true;
+            atLastSending_ = used_;
         }
     }
 
@@ -87,12 +89,12 @@ private:
         const double used = processorSecondsOf(copy_);
         idleLooks_ = used > used_ ? 0 : idleLooks_ + 1;
         used_ = used;
-        return (limit_ > 0 && used > limit_) || idleLooks_ > mostIdleLooks;
+        return (limit_ > 0 && used - atLastSending_ > limit_) || idleLooks_ > mostIdleLooks;
     }
 
     pid_t copy_;
     int pipeEnd_;
-    double limit_, used_ = 0;
+    double limit_, used_ = 0, atLastSending_ = 0;
     int idleLooks_ = 0;
 };
 

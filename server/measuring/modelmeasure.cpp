@@ -2,6 +2,7 @@
 // One list of faces, worked through from the front.
 #include "server/measuring/modelmeasure.h"
 
+#include "platform/clock.h"
 #include "platform/processcopy.h"
 #include "server/geometry/soundness.h"
 #include "server/measuring/facemeasure.h"
@@ -16,6 +17,9 @@
 
 namespace server {
 namespace {
+
+/// A face that takes longer would take for ever.
+constexpr double secondsForAFace = 10;
 
 /// What a copy sends for each face.
 struct Figure {
@@ -44,10 +48,9 @@ Place placeOf(const WrittenBody& body) {
 
 class Measuring {
 public:
-    Measuring(const std::vector<WrittenBody>& bodies, double processorSeconds, Progress& progress,
+    Measuring(const std::vector<WrittenBody>& bodies, double end, Progress& progress,
               Report& report)
-        : bodies_(bodies), processorSeconds_(processorSeconds), progress_(progress),
-          report_(report) {
+        : bodies_(bodies), end_(end), progress_(progress), report_(report) {
         for (const WrittenBody& body : bodies) {
             const Place place = placeOf(body);
             for (const WrittenFace& face : body.faces) tasks_.push_back({&face, place});
@@ -63,13 +66,14 @@ private:
     };
 
     Figure figureOf(const Task& task) const;
-    void receive(const char* bytes, std::size_t length);
+    void take(const char* bytes, std::size_t length);
+    void measureFrom(std::size_t first, double seconds, const platform::TakeBytes& send) const;
     bool measureInCopy();
     void addFace(std::size_t index);
     void addBody(const WrittenBody& body, std::size_t first);
 
     const std::vector<WrittenBody>& bodies_;
-    double processorSeconds_;
+    double end_; ///< when the process has used so many seconds of its processor
     Progress& progress_;
     Report& report_;
     std::vector<Task> tasks_;
@@ -82,7 +86,7 @@ Figure Measuring::figureOf(const Task& task) const {
     return found ? Figure{true, *found} : Figure{};
 }
 
-void Measuring::receive(const char* bytes, std::size_t length) {
+void Measuring::take(const char* bytes, std::size_t length) {
     rest_.append(bytes, length);
     std::size_t used = 0;
     for (; rest_.size() - used >= sizeof(Figure); used += sizeof(Figure)) {
@@ -92,25 +96,28 @@ void Measuring::receive(const char* bytes, std::size_t length) {
     progress_.reach(static_cast<double>(figures_.size()) / static_cast<double>(tasks_.size()));
 }
 
-/// False when it makes no sense to go on behind the face where it ended.
-bool Measuring::measureInCopy() {
-    const std::size_t first = figures_.size();
-    const auto work = [&](const platform::TakeBytes& send) {
-        for (std::size_t i = first; i < tasks_.size(); ++i) {
-            const Figure figure = figureOf(tasks_[i]);
-            send(reinterpret_cast<const char*>(&figure), sizeof figure);
-        }
-    };
-    rest_.clear();
-    const auto end = platform::runInCopy(
-        work, [this](const char* bytes, std::size_t length) { receive(bytes, length); },
-        processorSeconds_);
-    if (end == platform::CopyEnd::notOffered) {
-        work([this](const char* bytes, std::size_t length) { receive(bytes, length); });
-    } else if (end != platform::CopyEnd::done && figures_.size() < tasks_.size()) {
-        figures_.emplace_back();
+/// Leaves out what is left when the process that runs it has used `seconds` of its processor.
+void Measuring::measureFrom(std::size_t first, double seconds,
+                            const platform::TakeBytes& send) const {
+    for (std::size_t i = first; i < tasks_.size() && platform::processorSeconds() < seconds; ++i) {
+        const Figure figure = figureOf(tasks_[i]);
+        send(reinterpret_cast<const char*>(&figure), sizeof figure);
     }
-    return end != platform::CopyEnd::limit;
+}
+
+/// Up to the end, or to the face that breaks it. False when it makes no sense to go on behind that.
+bool Measuring::measureInCopy() {
+    rest_.clear();
+    const double left = end_ - platform::processorSeconds();
+    const auto receive = [this](const char* bytes, std::size_t length) { take(bytes, length); };
+    const auto work = [this, left](const platform::TakeBytes& send) {
+        measureFrom(figures_.size(), left, send);
+    };
+    const auto end = platform::runInCopy(work, receive, secondsForAFace);
+    if (end == platform::CopyEnd::notOffered) measureFrom(figures_.size(), end_, receive);
+    if (end != platform::CopyEnd::failed && end != platform::CopyEnd::limit) return false;
+    if (figures_.size() < tasks_.size()) figures_.emplace_back();
+    return platform::processorSeconds() < end_;
 }
 
 void Measuring::addFace(std::size_t index) {
@@ -155,7 +162,7 @@ void Measuring::perform() {
 
 void measureModel(const std::vector<WrittenBody>& bodies, double processorSeconds,
                   Progress& progress, Report& report) {
-    Measuring(bodies, processorSeconds, progress, report).perform();
+    Measuring(bodies, platform::processorSeconds() + processorSeconds, progress, report).perform();
 }
 
 } // namespace server

@@ -10,7 +10,7 @@
 namespace server {
 
 /// Areas and volumes go into the report in millimetres, a note for each face that has none: also
-/// those that are left when the processor time, unless it is 0, is used up.
+/// those that are left when the processor time is used up.
 void measureModel(const std::vector<WrittenBody>& bodies, double processorSeconds,
                   Progress& progress, Report& report);
 
