@@ -9,9 +9,10 @@ namespace platform {
 /// A counter that never runs back, and its steps in a second.
 std::int64_t performanceCounter();
 std::int64_t performanceFrequency();
-/// The processor time that all threads of this process have used.
-std::int64_t processorTimeMs();
 std::uint32_t processId();
+/// The processor time that this process, its threads and its children that have ended have used.
+/// Windows doesn't count children.
+double processorSeconds();
 void sleep(std::uint32_t milliseconds);
 
 } // namespace platform

@@ -19,6 +19,8 @@ enum class ExitCode {
     kernelCrashed = 8, ///< a signal from within the geometry kernel
     stopped = 9,       ///< asked to stop
     parentGone = 10,   ///< whoever started the server has died
+    timeLimit = 11,    ///< the processor time is used up
+    memoryLimit = 12,  ///< there is no more memory
 };
 
 /// Ends the run; what() is the line that the user gets.

@@ -3,6 +3,7 @@
 #include "platform/channels.h"
 #include "platform/process.h"
 #include "server/conversation.h"
+#include "server/ending.h"
 #include "server/failure.h"
 #include "server/importrun.h"
 #include "server/options.h"
@@ -19,17 +20,14 @@ namespace {
 
 using server::ExitCode;
 
-/// Called in a signal handler: what a crash leaves behind goes, and its phase is named.
+using server::endAt;
+
+/// Called in a signal handler: what a crash leaves behind goes, but for a report, and its phase is
+/// named.
 const char* lastWords() {
     server::PartialFile::removeAll();
+    server::LastReport::leave(ExitCode::kernelCrashed, "crashed");
     return server::Progress::phase();
-}
-
-/// Says why first: that may take its time, in which the import goes on and makes files.
-void endAt(ExitCode code, const char* reason) {
-    std::cerr << "cad-importer-server: " << reason << std::endl;
-    server::PartialFile::removeAll();
-    platform::exitNow(static_cast<int>(code));
 }
 
 /// The kernel can't be interrupted, so the process ends under it.

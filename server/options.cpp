@@ -7,6 +7,9 @@
 namespace server {
 namespace {
 
+/// Of seconds or megabytes.
+constexpr std::uint32_t greatestNumber = 100'000'000;
+
 class WordReader {
 public:
     explicit WordReader(const QStringList& words) : words_(words) {}
@@ -25,6 +28,16 @@ public:
         if (value == QLatin1String("off")) return false;
         throw Failure(ExitCode::wrongUse, word.toStdString() +
                                               " is followed by on or off, not by " +
+                                              value.toStdString());
+    }
+
+    std::uint32_t numberOf(const QString& word) {
+        const QString value = valueOf(word);
+        bool isNumber = false;
+        const auto number = value.toUInt(&isNumber);
+        if (isNumber && number <= greatestNumber) return number;
+        throw Failure(ExitCode::wrongUse, word.toStdString() +
+                                              " is followed by a whole number, not by " +
                                               value.toStdString());
     }
 
@@ -64,6 +77,12 @@ void takeWord(const QString& word, WordReader& reader, Options& options) {
         options.sat = reader.switchOf(word);
     } else if (word == "-BodiesOnly") {
         options.bodiesOnly = reader.switchOf(word);
+    } else if (word == "-Compare") {
+        options.compare = reader.switchOf(word);
+    } else if (word == "-TimeLimit") {
+        options.timeLimitSeconds = reader.numberOf(word);
+    } else if (word == "-MemoryLimit") {
+        options.memoryLimitMegabytes = reader.numberOf(word);
     } else if (word == "-ControlSocket") {
         const QString host = reader.valueOf(word);
         options.controlPort = controlPortOf(host, reader.valueOf(word));
@@ -113,6 +132,12 @@ IGES (.iges, .igs), BREP (.brep, .brp).
   -sat on|off            accepted; SAT is not offered, which the report says
   -BodiesOnly on|off     leave out surfaces that belong to no solid
                          (default: off)
+  -Compare on|off        measure every face and body that is written and report
+                         the figures, so that a host can compare (default: on)
+  -TimeLimit SECONDS     processor time that the run may use (default: 120, and
+                         30 more for each megabyte of the file; 0: no limit)
+  -MemoryLimit MEGABYTES memory that the process may have, its programs included
+                         (default: 0, no limit)
   -Batch, -Interactive, -Passive
                          accepted; the server never asks anything
   -ControlSocket HOST PORT
@@ -125,6 +150,7 @@ IGES (.iges, .igs), BREP (.brep, .brp).
   --version              show the version
 
 Progress goes to standard error in lines like "progress 40 % writing faces".
+When nothing has moved for 10 seconds, a line says so.
 
 Exit status:
   0   the model was written
@@ -132,11 +158,13 @@ Exit status:
   3   the input is missing or can't be read
   4   the input's format is not supported
   5   the file was read but holds no shape
-  6   the geometry kernel gave up
+  6   the geometry kernel gave up, or the run failed otherwise
   7   the output can't be written
   8   the geometry kernel crashed
   9   stopped on request
   10  the process that started the server has gone
+  11  the processor time is used up
+  12  there is no more memory
 )");
 }
 

@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <cstdint>
+#include <optional>
 
 namespace server {
 
@@ -14,9 +15,12 @@ namespace server {
 struct Options {
     QString inputFile;
     QString outputBaseName;
-    bool igs = false;              ///< leave BASE.igs too
-    bool sat = false;              ///< asked for, but there is none
-    bool bodiesOnly = false;       ///< solids only
+    bool igs = false;        ///< leave BASE.igs too
+    bool sat = false;        ///< asked for, but there is none
+    bool bodiesOnly = false; ///< solids only
+    bool compare = true;     ///< measure what is written, so that a host can compare
+    std::optional<std::uint32_t> timeLimitSeconds; ///< of the processor; 0: none
+    std::uint32_t memoryLimitMegabytes = 0;        ///< 0: none
     std::uint16_t controlPort = 0; ///< where to listen, on this machine alone; 0: nowhere
     bool help = false;
     bool version = false;

@@ -5,7 +5,9 @@
 
 #include <Message_ProgressIndicator.hxx>
 
+#include <mutex>
 #include <ostream>
+#include <string>
 
 namespace server {
 
@@ -19,15 +21,21 @@ public:
     void enter(const char* name, int from, int to);
     /// `share` of the phase, 0 to 1, is done. Writes only when the whole percents change.
     void reach(double share);
+    /// Says that nothing has moved for so long. Any thread may call this and moves().
+    void sayStandstill(int seconds);
+    /// Grows whenever the run gets on.
+    int moves() const;
 
     /// The name of the phase that the process is in. Safe in a signal handler.
     static const char* phase();
 
 private:
-    void print();
+    void print(const std::string& addition = {});
 
     std::ostream* out_;
-    int from_ = 0, to_ = 0, percent_ = 0;
+    mutable std::mutex lock_; ///< guards what follows, and the stream
+    int from_ = 0, to_ = 0, percent_ = 0, moves_ = 0;
+    double share_ = 0.0;
 };
 
 /// Lets the kernel's own algorithms report into the present phase.

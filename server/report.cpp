@@ -32,12 +32,26 @@ Json conversionsPart(const Report& report) {
     return part;
 }
 
-Json dropsPart(const Report& report) {
+Json dropsPart(const std::vector<Drop>& drops) {
     Json part = Json::array();
-    for (const Drop& d : report.drops) {
+    for (const Drop& d : drops) {
         part.push_back({{"what", d.what}, {"identifier", d.identifier}, {"why", d.why}});
     }
     return part;
+}
+
+Json measuredPart(const Report& report) {
+    Json faces = Json::array(), bodies = Json::array();
+    for (const MeasuredFace& f : report.faces) {
+        faces.push_back({{"identifier", f.identifier}, {"area", f.area}, {"margin", f.margin}});
+    }
+    for (const MeasuredBody& b : report.bodies) {
+        bodies.push_back({{"identifier", b.identifier},
+                          {"shells", b.shells},
+                          {"volume", b.volume},
+                          {"margin", b.margin}});
+    }
+    return {{"faces", faces}, {"bodies", bodies}};
 }
 
 } // namespace
@@ -51,8 +65,15 @@ std::string Report::json() const {
     all["read"] = readPart(*this);
     all["written"] = written;
     all["converted"] = conversionsPart(*this);
-    all["dropped"] = dropsPart(*this);
+    all["dropped"] = dropsPart(drops);
+    all["notes"] = dropsPart(notes);
+    all["measured"] = measuredPart(*this);
     all["timingsMs"] = timingsMs;
+    if (failure) {
+        all["failure"] = {{"exitCode", failure->exitCode},
+                          {"phase", failure->phase},
+                          {"reason", failure->reason}};
+    }
     return all.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 

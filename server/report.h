@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// What a run read, wrote, converted and dropped: the contents of BASE.report.json.
+// What a run read, wrote, converted, dropped and measured: the contents of BASE.report.json.
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,9 +22,25 @@ struct Conversion {
 };
 
 struct Drop {
-    std::string what;   ///< "face", "edge", "loop", "entity" of the file, ...
-    int identifier = 0; ///< in the model; of an entity, its number in the file; 0: none
+    std::string what;   ///< "face", "face of the file", "entity" of the file, ...
+    int identifier = 0; ///< in the model, or its number in the file; 0: none
     std::string why;
+};
+
+struct MeasuredFace {
+    int identifier = 0;
+    double area = 0.0, margin = 0.0; ///< mm²
+};
+
+struct MeasuredBody {
+    int identifier = 0;
+    std::vector<int> shells;
+    double volume = 0.0, margin = 0.0; ///< mm³; positive inside an outer shell
+};
+
+struct FailedRun {
+    int exitCode = 0;
+    std::string phase, reason;
 };
 
 /// Texts are UTF-8; bytes that aren't come out as replacement characters.
@@ -32,6 +49,10 @@ public:
     void converted(Conversion conversion) { conversions.push_back(std::move(conversion)); }
     void dropped(std::string what, int identifier, std::string why) {
         drops.push_back({std::move(what), identifier, std::move(why)});
+    }
+    /// What is no part of the model.
+    void noted(std::string what, int identifier, std::string why) {
+        notes.push_back({std::move(what), identifier, std::move(why)});
     }
     std::string json() const;
 
@@ -42,8 +63,12 @@ public:
     std::map<std::string, int> curveKinds;   ///< of the edges that were read
     std::map<std::string, int> written;      ///< messages by wire name
     std::vector<Conversion> conversions;
-    std::vector<Drop> drops;
-    std::map<std::string, double> timingsMs; ///< "read", "transfer", "write", "export"
+    std::vector<Drop> drops; ///< what a user may miss in the model
+    std::vector<Drop> notes; ///< what went wrong beside it
+    std::vector<MeasuredFace> faces;
+    std::vector<MeasuredBody> bodies;
+    std::map<std::string, double> timingsMs; ///< "read", "transfer", "write", "measure", "export"
+    std::optional<FailedRun> failure;
 };
 
 } // namespace server

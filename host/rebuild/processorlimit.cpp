@@ -14,8 +14,8 @@ constexpr std::uint32_t pauseMs = 50;
 } // namespace
 
 ProcessorLimit::ProcessorLimit(std::int64_t totalMs, std::int64_t stepMs)
-    : totalMs_(totalMs), stepMs_(stepMs) {
-    if (totalMs_ > 0 || stepMs_ > 0) thread_ = std::thread([this] { watch(); });
+    : total_(1e-3 * static_cast<double>(totalMs)), step_(1e-3 * static_cast<double>(stepMs)) {
+    if (total_ > 0 || step_ > 0) thread_ = std::thread([this] { watch(); });
 }
 
 ProcessorLimit::~ProcessorLimit() {
@@ -23,13 +23,13 @@ ProcessorLimit::~ProcessorLimit() {
     if (thread_.joinable()) thread_.join();
 }
 
-void ProcessorLimit::stepBegun() { stepStartMs_ = platform::processorTimeMs(); }
+void ProcessorLimit::stepBegun() { stepStart_ = platform::processorSeconds(); }
 
 void ProcessorLimit::watch() const {
     while (!isDone_) {
-        const std::int64_t used = platform::processorTimeMs();
-        if (totalMs_ > 0 && used > totalMs_) platform::exitNow(workerOutOfTime);
-        if (stepMs_ > 0 && used - stepStartMs_ > stepMs_) platform::exitNow(workerOutOfStepTime);
+        const double used = platform::processorSeconds();
+        if (total_ > 0 && used > total_) platform::exitNow(workerOutOfTime);
+        if (step_ > 0 && used - stepStart_ > step_) platform::exitNow(workerOutOfStepTime);
         platform::sleep(pauseMs);
     }
 }

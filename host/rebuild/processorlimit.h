@@ -24,8 +24,8 @@ public:
 private:
     void watch() const;
 
-    const std::int64_t totalMs_, stepMs_;
-    std::atomic<std::int64_t> stepStartMs_{0};
+    const double total_, step_; ///< in seconds
+    std::atomic<double> stepStart_{0};
     std::atomic<bool> isDone_{false};
     std::thread thread_;
 };

@@ -25,7 +25,7 @@ public:
     Rebuilder(const RebuildingOrder& order, const std::function<void(const WorkerLine&)>& tell)
         : order_(order), tell_(tell) {
         progress_.begins = [this](const Step& step) {
-            tell_(BegunStep{step, platform::processorTimeMs()});
+            tell_(BegunStep{step, static_cast<std::int64_t>(1000 * platform::processorSeconds())});
         };
         progress_.drops = [this](DroppedRecord drop) {
             drop.model = progress_.model;

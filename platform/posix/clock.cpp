@@ -4,6 +4,8 @@
 
 #include <cerrno>
 #include <ctime>
+#include <initializer_list>
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace platform {
@@ -16,10 +18,16 @@ std::int64_t performanceCounter() {
 
 std::int64_t performanceFrequency() { return 1'000'000'000; }
 
-std::int64_t processorTimeMs() {
-    timespec used{};
-    ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &used);
-    return std::int64_t{used.tv_sec} * 1000 + used.tv_nsec / 1'000'000;
+double processorSeconds() {
+    double seconds = 0.0;
+    for (const auto who : {RUSAGE_SELF, RUSAGE_CHILDREN}) {
+        rusage used{};
+        if (::getrusage(who, &used) != 0) continue;
+        for (const timeval& part : {used.ru_utime, used.ru_stime}) {
+            seconds += static_cast<double>(part.tv_sec) + 1e-6 * static_cast<double>(part.tv_usec);
+        }
+    }
+    return seconds;
 }
 
 std::uint32_t processId() { return static_cast<std::uint32_t>(::getpid()); }

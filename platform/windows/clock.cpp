@@ -2,6 +2,8 @@
 // The system's own counter.
 #include "platform/clock.h"
 
+#include <cstdint>
+#include <initializer_list>
 #include <windows.h>
 
 namespace platform {
@@ -18,15 +20,17 @@ std::int64_t performanceFrequency() {
     return ticks.QuadPart;
 }
 
-std::int64_t processorTimeMs() {
-    FILETIME created{}, ended{}, kernel{}, user{};
-    ::GetProcessTimes(::GetCurrentProcess(), &created, &ended, &kernel, &user);
-    const auto milliseconds = [](const FILETIME& time) {
-        constexpr std::int64_t ticksInAMillisecond = 10'000;
-        const auto ticks = (std::uint64_t{time.dwHighDateTime} << 32) | time.dwLowDateTime;
-        return static_cast<std::int64_t>(ticks) / ticksInAMillisecond;
-    };
-    return milliseconds(kernel) + milliseconds(user);
+/// Children aren't counted.
+double processorSeconds() {
+    constexpr double unit = 1e-7;
+    FILETIME started{}, ended{}, kernel{}, user{};
+    if (!::GetProcessTimes(::GetCurrentProcess(), &started, &ended, &kernel, &user)) return 0.0;
+    double seconds = 0.0;
+    for (const FILETIME& part : {kernel, user}) {
+        const auto units = (std::uint64_t{part.dwHighDateTime} << 32) | part.dwLowDateTime;
+        seconds += unit * static_cast<double>(units);
+    }
+    return seconds;
 }
 
 std::uint32_t processId() { return ::GetCurrentProcessId(); }

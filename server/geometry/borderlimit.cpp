@@ -8,6 +8,7 @@
 #include <BRep_Tool.hxx>
 #include <GProp_GProps.hxx>
 #include <Geom2d_Curve.hxx>
+#include <Standard_Failure.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
 
@@ -88,8 +89,12 @@ std::vector<BorderLimit> BorderLimits::at(const TopoDS_Edge& edge,
                                           const std::vector<TopoDS_Face>& faces) {
     std::vector<BorderLimit> limits;
     for (const TopoDS_Face& face : faces) {
-        if (const double offset = meanOffsetOf(face); offset > 0.0) {
+        try {
+            const double offset = meanOffsetOf(face);
+            if (offset <= 0.0) continue;
             if (auto limit = BorderLimit::of(edge, face, offset)) limits.push_back(*limit);
+        } catch (const Standard_Failure&) {
+            known_.Bind(face, 0.0);
         }
     }
     return limits;

@@ -40,7 +40,7 @@ class BorderLimits {
 public:
     explicit BorderLimits(const Tolerances& tolerances) : tolerances_(tolerances) {}
 
-    /// The limits of the faces at the edge that have one.
+    /// The limits of the faces at the edge that have one. A face that the kernel fails on has none.
     std::vector<BorderLimit> at(const TopoDS_Edge& edge, const std::vector<TopoDS_Face>& faces);
 
 private:

@@ -87,6 +87,7 @@ void convert(const BRepAdaptor_Curve& curve, const Tolerances& tolerances, const
     BiarcChain chain = biarcChain(curve, first, last, {tolerances.chain, borders()});
     result.to = std::to_string(chain.pieces.size()) + " arcs and lines";
     result.why = named("free-form edges travel as chains; deviation", chain.deviation);
+    result.deviation = chain.deviation;
     result.pieces = std::move(chain.pieces);
 }
 

@@ -19,6 +19,7 @@ struct EdgeCurve {
     std::string from;               ///< the kind of the original, as the report names it
     std::string to;                 ///< empty when the curve goes as it is
     std::string why;                ///< of a conversion, or of there being no pieces
+    double deviation = 0.0;         ///< of a chain from the curve
 };
 
 /// The kind of an edge's curve: "Line", "Circle", "BSplineCurve" and so on; "Degenerated" for the

@@ -4,20 +4,14 @@
 
 #include "server/geometry/edgecurve.h"
 #include "server/geometry/facesurface.h"
+#include "server/geometry/soundness.h"
 
-#include <BRepBuilderAPI_Sewing.hxx>
 #include <BRepBuilderAPI_Transform.hxx>
-#include <BRepLib.hxx>
-#include <BRep_Builder.hxx>
-#include <BRep_Tool.hxx>
-#include <ShapeAnalysis_ShapeTolerance.hxx>
 #include <TopExp.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
 #include <TopoDS.hxx>
-#include <TopoDS_Solid.hxx>
 
-#include <algorithm>
 #include <cmath>
 #include <string>
 
@@ -49,75 +43,33 @@ std::vector<TopoDS_Shape> outside(const TopoDS_Shape& shape, TopAbs_ShapeEnum ki
     return found;
 }
 
-/// A sewn shell may come out inside out; whether it does is known only when it closes.
-TopoDS_Shell turnedOutward(const TopoDS_Shell& shell) {
-    if (!BRep_Tool::IsClosed(shell)) return shell;
-    TopoDS_Solid solid;
-    BRep_Builder builder;
-    builder.MakeSolid(solid);
-    builder.Add(solid, shell);
-    BRepLib::OrientClosedSolid(solid);
-    return TopoDS::Shell(TopExp_Explorer(solid, TopAbs_SHELL).Current());
+void noteUnwanted(std::size_t count, const char* what, Report& report) {
+    const std::string number = std::to_string(count);
+    if (count > 0) report.noted(what, 0, number + " of them: only solids are asked for");
 }
 
-TopoDS_Shell shellAround(const TopoDS_Shape& face) {
-    TopoDS_Shell shell;
-    BRep_Builder builder;
-    builder.MakeShell(shell);
-    builder.Add(shell, face);
-    return shell;
+void dropLoose(std::size_t count, const char* what, Report& report) {
+    const char* why = " of them: edges and points outside faces aren't part of a body";
+    if (count > 0) report.dropped(what, 0, std::to_string(count) + why);
 }
 
-struct Sewn {
-    TopoDS_Shape shape;
-    int freeEdges = 0;
-};
-
-Sewn sew(const std::vector<TopoDS_Shape>& faces, double tolerance) {
-    BRepBuilderAPI_Sewing sewing(tolerance);
-    for (const TopoDS_Shape& face : faces) sewing.Add(face);
-    sewing.Perform();
-    return {sewing.SewedShape(), sewing.NbFreeEdges()};
-}
-
-/// Faces that don't close are tried again at the tolerance that the file itself needed.
-TopoDS_Shape sewnTogether(const std::vector<TopoDS_Shape>& faces, double tolerance) {
-    const Sewn first = sew(faces, tolerance);
-    double greatest = 0.0;
-    for (const TopoDS_Shape& face : faces) {
-        greatest = std::max(greatest, ShapeAnalysis_ShapeTolerance().Tolerance(face, 1));
+/// Sewing would be the first to stumble over faces that can't be written anyway.
+void appendLooseFaces(const TopoDS_Shape& shape, const SewingOptions& options,
+                      std::vector<Body>& bodies, Report& report) {
+    std::vector<TopoDS_Shape> sound;
+    int number = 0;
+    for (const TopoDS_Shape& face : outside(shape, TopAbs_FACE, TopAbs_SHELL)) {
+        ++number;
+        const std::string fault = faultOf(TopoDS::Face(face));
+        if (fault.empty()) {
+            sound.push_back(face);
+        } else {
+            report.dropped("loose face of the file", number, fault);
+        }
     }
-    if (first.freeEdges == 0 || 2.0 * greatest <= tolerance) return first.shape;
-    const Sewn second = sew(faces, 2.0 * greatest);
-    return second.freeEdges == 0 ? second.shape : first.shape;
-}
-
-void appendSewn(const std::vector<TopoDS_Shape>& faces, double tolerance, std::vector<Body>& bodies,
-                Report& report) {
-    const TopoDS_Shape sewn = sewnTogether(faces, tolerance);
-    const std::size_t before = bodies.size();
-    for (const TopoDS_Shape& shell : outside(sewn, TopAbs_SHELL, TopAbs_SHAPE)) {
-        bodies.push_back({{turnedOutward(TopoDS::Shell(shell))}});
-    }
-    for (const TopoDS_Shape& face : outside(sewn, TopAbs_FACE, TopAbs_SHELL)) {
-        bodies.push_back({{shellAround(face)}});
-    }
-    report.converted({"faces", 0, std::to_string(faces.size()) + " loose faces",
-                      std::to_string(bodies.size() - before) + " shells", "sewn together"});
-}
-
-void dropLoose(std::size_t count, const char* what, const char* why, Report& report) {
-    if (count > 0) report.dropped(what, 0, std::to_string(count) + " of them: " + why);
-}
-
-void appendLooseFaces(const TopoDS_Shape& shape, double sewingTolerance, std::vector<Body>& bodies,
-                      Report& report) {
-    const auto faces = outside(shape, TopAbs_FACE, TopAbs_SHELL);
-    if (faces.size() == 1) {
-        bodies.push_back({{shellAround(faces.front())}});
-    } else if (!faces.empty()) {
-        appendSewn(faces, sewingTolerance, bodies, report);
-    }
+    if (sound.empty()) return;
+    for (const TopoDS_Shell& shell : sewnShells(sound, options, report))
+        bodies.push_back({{shell}});
 }
 
 int distinct(const std::vector<Body>& bodies, TopAbs_ShapeEnum kind,
@@ -140,19 +92,17 @@ std::vector<Body> bodiesOf(const TopoDS_Shape& shape, const BodyOptions& options
     for (const TopoDS_Shape& solid : outside(shape, TopAbs_SOLID, TopAbs_SHAPE)) {
         bodies.push_back(bodyOf(solid));
     }
-    const char* unwanted = "only solids are asked for";
     if (options.solidsOnly) {
-        dropLoose(outside(shape, TopAbs_SHELL, TopAbs_SOLID).size(), "shells", unwanted, report);
-        dropLoose(outside(shape, TopAbs_FACE, TopAbs_SHELL).size(), "faces", unwanted, report);
-    } else {
-        for (const TopoDS_Shape& shell : outside(shape, TopAbs_SHELL, TopAbs_SOLID)) {
-            bodies.push_back(bodyOf(shell));
-        }
-        appendLooseFaces(shape, options.sewingTolerance, bodies, report);
+        noteUnwanted(outside(shape, TopAbs_SHELL, TopAbs_SOLID).size(), "shells", report);
+        noteUnwanted(outside(shape, TopAbs_FACE, TopAbs_SHELL).size(), "faces", report);
+        return bodies;
     }
-    const char* bare = "edges and points outside faces aren't part of a body";
-    dropLoose(outside(shape, TopAbs_EDGE, TopAbs_FACE).size(), "free edges", bare, report);
-    dropLoose(outside(shape, TopAbs_VERTEX, TopAbs_EDGE).size(), "free points", bare, report);
+    for (const TopoDS_Shape& shell : outside(shape, TopAbs_SHELL, TopAbs_SOLID)) {
+        bodies.push_back(bodyOf(shell));
+    }
+    appendLooseFaces(shape, options.sewing, bodies, report);
+    dropLoose(outside(shape, TopAbs_EDGE, TopAbs_FACE).size(), "free edges", report);
+    dropLoose(outside(shape, TopAbs_VERTEX, TopAbs_EDGE).size(), "free points", report);
     return bodies;
 }
 

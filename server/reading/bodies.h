@@ -2,7 +2,7 @@
 // Takes a shape apart into bodies: assemblies flattened, locations applied.
 #pragma once
 
-#include "server/report.h"
+#include "server/reading/sewing.h"
 
 #include <TopoDS_Shape.hxx>
 #include <TopoDS_Shell.hxx>
@@ -17,12 +17,12 @@ struct Body {
 };
 
 struct BodyOptions {
-    bool solidsOnly = false;       ///< shells and faces outside solids are dropped
-    double sewingTolerance = 1e-3; ///< in file units; for faces that belong to no shell
+    bool solidsOnly = false; ///< what lies outside solids is left out
+    SewingOptions sewing;    ///< of faces that belong to no shell
 };
 
-/// Faces outside any shell are sewn into shells, and a shell that closes by that is turned outward.
-/// What can't be part of a body (free edges and points) goes into the report.
+/// Faces outside any shell are sewn into shells. What can't be part of a body (free edges and
+/// points, unsound loose faces) goes into the report.
 std::vector<Body> bodiesOf(const TopoDS_Shape& shape, const BodyOptions& options, Report& report);
 
 /// Counts what the shape holds, by kind, into the report.

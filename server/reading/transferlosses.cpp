@@ -11,6 +11,7 @@
 #include <XSControl_TransferReader.hxx>
 #include <XSControl_WorkSession.hxx>
 
+#include <cstring>
 #include <set>
 
 namespace server {
@@ -23,11 +24,26 @@ std::string typeOf(const Model& model, int number) {
     return model->Value(number)->DynamicType()->Name();
 }
 
-void dropFailed(const Model& model, const Handle(Interface_Check) & check, int number,
-                const char* step, Report& report) {
+/// What can't be parsed may have been anything.
+bool isSyntaxError(const std::string& text) { return text.find("syntax") != text.npos; }
+
+/// The kernel's packages of what shapes are made of. The rest is names, people, dates, colours,
+/// drawings, headers.
+bool isPartOfShape(const std::string& type) {
+    for (const char* package : {"StepGeom_", "StepShape_", "StepRepr_", "StepData_", "IGESGeom_",
+                                "IGESSolid_", "IGESBasic_", "IGESData_"}) {
+        if (type.compare(0, std::strlen(package), package) == 0) return true;
+    }
+    return false;
+}
+
+void reportFailed(const Model& model, const Handle(Interface_Check) & check, int number,
+                  const char* step, Report& report) {
     if (check.IsNull() || !check->HasFailed()) return;
-    report.dropped("entity", number,
-                   typeOf(model, number) + " failed in " + step + ": " + check->CFail(1));
+    const std::string type = typeOf(model, number);
+    const std::string why = type + " failed in " + step + ": " + check->CFail(1);
+    const bool isLoss = isPartOfShape(type) || isSyntaxError(why);
+    isLoss ? report.dropped("entity", number, why) : report.noted("entity", number, why);
 }
 
 bool hasResult(const Handle(Transfer_TransientProcess) & process,
@@ -41,7 +57,7 @@ std::set<int> reportChecks(const Model& model, const Interface_CheckIterator& ch
     std::set<int> named;
     for (checks.Start(); checks.More(); checks.Next()) {
         if (checks.Value()->HasFailed()) named.insert(checks.Number());
-        dropFailed(model, checks.Value(), checks.Number(), "transfer", report);
+        reportFailed(model, checks.Value(), checks.Number(), "transfer", report);
     }
     return named;
 }
@@ -62,9 +78,9 @@ void reportSilentFaces(const Model& model, const Handle(Transfer_TransientProces
 void reportLoadFailures(const XSControl_Reader& reader, Report& report) {
     const Model model = reader.Model();
     if (model.IsNull()) return;
-    dropFailed(model, model->GlobalCheck(Standard_True), 0, "loading", report);
+    reportFailed(model, model->GlobalCheck(Standard_True), 0, "loading", report);
     for (int i = 1; i <= model->NbEntities(); ++i) {
-        dropFailed(model, model->Check(i, Standard_True), i, "loading", report);
+        reportFailed(model, model->Check(i, Standard_True), i, "loading", report);
     }
 }
 

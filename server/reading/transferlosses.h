@@ -2,7 +2,7 @@
 // Names what a file holds and the transfer didn't bring.
 //
 // The kernel's readers answer "done" when they brought anything at all. What failed on the way
-// stands in lists that somebody has to ask for.
+// stands in lists that somebody has to ask for. An entity that no shape is made of is a note.
 #pragma once
 
 #include "server/report.h"

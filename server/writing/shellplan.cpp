@@ -1,39 +1,31 @@
 // SPDX-License-Identifier: Apache-2.0
-// Surfaces come first: a face without one is left out before its edges are paired.
+// Conversions come first: a face that has none is left out before its edges are paired.
 #include "server/writing/shellplan.h"
 
-#include <BRepBndLib.hxx>
+#include "server/writing/faceconversion.h"
+
 #include <BRep_Tool.hxx>
-#include <Standard_Failure.hxx>
 #include <TopExp.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
 #include <TopoDS.hxx>
 #include <TopoDS_Vertex.hxx>
-
-#include <variant>
 
 namespace server {
 namespace {
 
 constexpr std::size_t mostPiecesOfANumber = 256;
 
-Bnd_Box faceBox(const TopoDS_Face& face) {
-    Bnd_Box box;
-    BRepBndLib::AddOptimal(face, box, Standard_False, Standard_False);
-    box.SetGap(0.0);
-    return box;
-}
-
 class Planner {
 public:
-    explicit Planner(const ShellPlanning& planning)
-        : planning_(planning), ids_(planning.identifiers), borders_(planning.tolerances) {}
+    Planner(const TopoDS_Shell& shell, const ShellPlanning& planning)
+        : planning_(planning), ids_(planning.identifiers),
+          conversion_(shell, planning.tolerances, planning.report) {}
 
     ShellPlan plan(const TopoDS_Shell& shell);
 
 private:
-    bool takeSurface(const TopoDS_Face& face);
-    std::vector<TopoDS_Face> facesAt(const ShellEdge& edge) const;
+    void drop(const std::string& why);
+    bool takeFace(const TopoDS_Face& face);
     void planEdge(const ShellEdge& edge);
     void planVertices(const ShellEdge& edge, EdgePlan& plan);
     int vertexOf(const TopoDS_Vertex& vertex, const gp_Pnt& otherwise);
@@ -45,32 +37,24 @@ private:
     const ShellPlanning& planning_;
     IdentifierCounters& ids_;
     ShellPlan plan_;
-    BorderLimits borders_;
-    std::vector<FaceSurface> surfaces_; ///< of the wanted faces, in the order of the shell
+    FaceConversion conversion_;
+    int number_ = 0;                   ///< of the face that is looked at, in the file
+    std::vector<ConvertedFace> faces_; ///< the wanted ones, in the order of the shell
     TopTools_IndexedMapOfShape vertexShapes_;
     std::vector<int> vertexIdentifiers_; ///< of vertexShapes_
 };
 
-FaceSurface convertedSurface(const TopoDS_Face& face, double tolerance) {
-    FaceSurface surface;
-    surface.from = surfaceKind(face);
-    try {
-        surface = faceSurface(face, tolerance);
-    } catch (const Standard_Failure& failure) {
-        surface.why =
-            std::string("the kernel failed on its surface: ") + failure.GetMessageString();
-    }
-    return surface;
+void Planner::drop(const std::string& why) {
+    planning_.report.dropped("face of the file", number_, why);
 }
 
-bool Planner::takeSurface(const TopoDS_Face& face) {
-    planning_.faceDone();
-    FaceSurface surface = convertedSurface(face, planning_.tolerances.surface);
-    if (std::holds_alternative<std::monostate>(surface.surface)) {
-        planning_.report.dropped("face", 0, surface.from + " surface: " + surface.why);
+bool Planner::takeFace(const TopoDS_Face& face) {
+    ConvertedFace converted = conversion_.face(face);
+    if (!converted.fault.empty()) {
+        drop(converted.fault);
         return false;
     }
-    surfaces_.push_back(std::move(surface));
+    faces_.push_back(std::move(converted));
     return true;
 }
 
@@ -101,19 +85,9 @@ void Planner::planVertices(const ShellEdge& edge, EdgePlan& plan) {
     }
 }
 
-std::vector<TopoDS_Face> Planner::facesAt(const ShellEdge& edge) const {
-    std::vector<TopoDS_Face> faces;
-    for (const EdgeSide& side : edge.sides) {
-        if (side.face < 0) continue;
-        faces.push_back(plan_.topology.faces[static_cast<std::size_t>(side.face)].face);
-    }
-    return faces;
-}
-
 void Planner::planEdge(const ShellEdge& edge) {
     EdgePlan plan;
-    plan.curve = edgeCurve(edge.edge, planning_.tolerances,
-                           [&] { return borders_.at(edge.edge, facesAt(edge)); });
+    plan.curve = conversion_.edge(edge.edge).curve;
     for (std::size_t i = 0; i < plan.curve.pieces.size(); ++i) {
         if (i % mostPiecesOfANumber == 0) ++ids_.edgeNumber;
         PiecePlan piece;
@@ -158,8 +132,8 @@ void Planner::planFace(const ShellFace& face) {
     FacePlan plan;
     plan.identifier = ++ids_.face;
     plan.surface = ++ids_.surface;
-    plan.geometry = surfaces_[static_cast<std::size_t>(face.order)];
-    plan.box = faceBox(face.face);
+    plan.geometry = faces_[face.order].surface;
+    plan.box = faces_[face.order].box;
     plan_.box.Add(plan.box);
     const FaceSurface& surface = plan.geometry;
     if (!surface.to.empty()) {
@@ -172,8 +146,12 @@ void Planner::planFace(const ShellFace& face) {
 
 ShellPlan Planner::plan(const TopoDS_Shell& shell) {
     TopologyOptions options;
-    options.shortest = planning_.tolerances.shortest;
-    options.wanted = [this](const TopoDS_Face& face) { return takeSurface(face); };
+    options.nextFace = [this] { number_ = planning_.nextFace(); };
+    options.wanted = [this](const TopoDS_Face& face) { return takeFace(face); };
+    options.hasExtent = [this](const TopoDS_Edge& edge) {
+        return conversion_.edge(edge).hasExtent;
+    };
+    options.dropped = [this](const std::string& why) { drop(why); };
     plan_.topology = shellTopology(shell, options, planning_.report);
     for (const ShellEdge& edge : plan_.topology.edges) planEdge(edge);
     for (const ShellFace& face : plan_.topology.faces) planFace(face);
@@ -184,7 +162,7 @@ ShellPlan Planner::plan(const TopoDS_Shell& shell) {
 } // namespace
 
 ShellPlan planShell(const TopoDS_Shell& shell, const ShellPlanning& planning) {
-    return Planner(planning).plan(shell);
+    return Planner(shell, planning).plan(shell);
 }
 
 } // namespace server

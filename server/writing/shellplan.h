@@ -68,8 +68,10 @@ struct ShellPlanning {
     IdentifierCounters& identifiers;
     Report& report; ///< what is converted or left out
     Tolerances tolerances;
-    std::function<void()> faceDone; ///< called for each face of the shell, for the progress
+    std::function<int()> nextFace; ///< called for each face of the shell: its number in the file
 };
+
+/// A face that can't be written is dropped under its number; the others come.
 
 ShellPlan planShell(const TopoDS_Shell& shell, const ShellPlanning& planning);
 

@@ -2,13 +2,11 @@
 // Walks the wires in order, gathers the uses of each edge, and pairs them.
 #include "server/writing/shelltopology.h"
 
-#include "server/geometry/edgecurve.h"
-
 #include <BRepTools.hxx>
 #include <BRepTools_WireExplorer.hxx>
-#include <BRep_Tool.hxx>
 #include <ShapeExtend_WireData.hxx>
 #include <ShapeFix_Wire.hxx>
+#include <Standard_Failure.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
 #include <TopoDS.hxx>
@@ -62,8 +60,9 @@ public:
     ShellTopology finish();
 
 private:
-    void addLoop(const TopoDS_Wire& wire, const TopoDS_Face& forward, bool turned,
-                 ShellFace& target);
+    std::vector<Edges> loopsOf(const TopoDS_Face& face);
+    Edges loopOf(const TopoDS_Shape& wire, const TopoDS_Face& forward, bool turned);
+    void addLoop(const Edges& edges, bool turned, ShellFace& target);
     bool keeps(const TopoDS_Edge& edge);
     void pairUses(int original);
     void makeEdge(int original, Use& first, Use* second);
@@ -72,58 +71,65 @@ private:
     const TopologyOptions& options_;
     Report& report_;
     ShellTopology result_;
-    int wanted_ = 0;
+    std::size_t wanted_ = 0;
     TopTools_IndexedMapOfShape originals_;
     std::vector<std::vector<Use>> uses_; ///< for each original edge
 };
 
 void Builder::add(const TopoDS_Face& face) {
+    options_.nextFace();
     if (!isBoundary(face)) {
-        report_.dropped("face", 0, "it lies inside the material and bounds nothing");
-        return;
+        return options_.dropped("it lies inside the material and bounds nothing");
     }
-    if (!options_.wanted(face)) return;
-    const TopoDS_Face forward = TopoDS::Face(face.Oriented(TopAbs_FORWARD));
-    const bool turned = face.Orientation() == TopAbs_REVERSED;
-    ShellFace target{face, {}, wanted_++};
-    const TopoDS_Wire outer = BRepTools::OuterWire(forward);
-    if (!outer.IsNull()) addLoop(outer, forward, turned, target);
-    for (TopExp_Explorer walk(forward, TopAbs_WIRE); walk.More(); walk.Next()) {
-        if (!walk.Current().IsSame(outer)) {
-            addLoop(TopoDS::Wire(walk.Current()), forward, turned, target);
-        }
+    std::vector<Edges> loops;
+    try {
+        if (!options_.wanted(face)) return;
+        ++wanted_;
+        loops = loopsOf(face);
+    } catch (const Standard_Failure& failure) {
+        loops.clear();
+        return options_.dropped(std::string("the geometry kernel can't follow its wires: ") +
+                                failure.GetMessageString());
     }
-    if (target.loops.empty()) {
-        report_.dropped("face", 0, "it has no edge with an extent");
-        return;
-    }
+    if (loops.empty()) return options_.dropped("it has no edge with an extent");
+    ShellFace target{face, {}, wanted_ - 1};
+    for (const Edges& loop : loops) addLoop(loop, face.Orientation() == TopAbs_REVERSED, target);
     result_.faces.push_back(std::move(target));
 }
 
 bool Builder::keeps(const TopoDS_Edge& edge) {
-    if (!isBoundary(edge)) {
-        report_.dropped("edge", 0, "it lies inside a face and bounds nothing");
-        return false;
-    }
-    if (!canBeSent(edge)) {
-        report_.dropped("edge", 0, "it has neither a bounded curve nor two vertices");
-        return false;
-    }
-    if (!hasNoExtent(edge, options_.shortest)) return true;
-    if (!BRep_Tool::Degenerated(edge))
-        report_.dropped("edge", 0, "it is too short to have a curve");
+    if (isBoundary(edge)) return options_.hasExtent(edge);
+    report_.noted("edge", 0, "it lies inside a face and bounds nothing");
     return false;
 }
 
-/// A wire of a face that is turned runs the other way round.
-void Builder::addLoop(const TopoDS_Wire& wire, const TopoDS_Face& forward, bool turned,
-                      ShellFace& target) {
-    Edges edges = inOrder(wire, forward);
+/// The wire's edges that have an extent. A wire of a face that is turned runs the other way round.
+Edges Builder::loopOf(const TopoDS_Shape& wire, const TopoDS_Face& forward, bool turned) {
+    Edges edges = inOrder(TopoDS::Wire(wire), forward), kept;
     if (turned) std::reverse(edges.begin(), edges.end());
+    for (const TopoDS_Edge& edge : edges) {
+        if (keeps(edge)) kept.push_back(edge);
+    }
+    return kept;
+}
+
+std::vector<Edges> Builder::loopsOf(const TopoDS_Face& face) {
+    const TopoDS_Face forward = TopoDS::Face(face.Oriented(TopAbs_FORWARD));
+    const bool turned = face.Orientation() == TopAbs_REVERSED;
+    const TopoDS_Wire outer = BRepTools::OuterWire(forward);
+    std::vector<Edges> loops;
+    if (!outer.IsNull()) loops.push_back(loopOf(outer, forward, turned));
+    for (TopExp_Explorer walk(forward, TopAbs_WIRE); walk.More(); walk.Next()) {
+        if (!walk.Current().IsSame(outer)) loops.push_back(loopOf(walk.Current(), forward, turned));
+    }
+    std::erase_if(loops, [](const Edges& loop) { return loop.empty(); });
+    return loops;
+}
+
+void Builder::addLoop(const Edges& edges, bool turned, ShellFace& target) {
     ShellLoop loop;
     loop.outer = target.loops.empty();
     for (const TopoDS_Edge& edge : edges) {
-        if (!keeps(edge)) continue;
         const auto original = static_cast<std::size_t>(originals_.Add(edge) - 1);
         if (original == uses_.size()) uses_.emplace_back();
         Use use{static_cast<int>(result_.faces.size()), static_cast<int>(target.loops.size()),
@@ -132,7 +138,7 @@ void Builder::addLoop(const TopoDS_Wire& wire, const TopoDS_Face& forward, bool 
         uses_[original].push_back(use);
         loop.places.emplace_back();
     }
-    if (!loop.places.empty()) target.loops.push_back(std::move(loop));
+    target.loops.push_back(std::move(loop));
 }
 
 void Builder::setPlace(const Use& use, int side) {

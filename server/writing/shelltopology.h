@@ -13,6 +13,7 @@
 
 #include <array>
 #include <functional>
+#include <string>
 #include <vector>
 
 namespace server {
@@ -31,7 +32,7 @@ struct ShellLoop {
 struct ShellFace {
     TopoDS_Face face;
     std::vector<ShellLoop> loops; ///< the outer one first
-    int order = 0;                ///< how many wanted faces came before it
+    std::size_t order = 0;        ///< how many wanted faces came before it
 };
 
 /// Indices into ShellTopology::faces and the face's loops.
@@ -53,12 +54,15 @@ struct ShellTopology {
     bool closed = false;          ///< every edge has both sides
 };
 
+/// What is asked about a shell's faces and edges, one face after the other.
 struct TopologyOptions {
-    double shortest = 1e-7; ///< edges below this length have no extent and are left out
-    std::function<bool(const TopoDS_Face&)> wanted; ///< asked once for each face
+    std::function<void()> nextFace;                    ///< called before anything else is asked
+    std::function<bool(const TopoDS_Face&)> wanted;    ///< may drop the face for reasons of its own
+    std::function<bool(const TopoDS_Edge&)> hasExtent; ///< of an edge of a wanted face
+    std::function<void(const std::string& why)> dropped; ///< the face can't be part of the shell
 };
 
-/// What is left out beyond the poles of closed surfaces goes into the report.
+/// A face whose wires the kernel can't follow is dropped, and the others come.
 ShellTopology shellTopology(const TopoDS_Shell& shell, const TopologyOptions& options,
                             Report& report);
 

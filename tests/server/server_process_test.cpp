@@ -67,7 +67,37 @@ TEST_F(ServerProcess, LeavesAWholeModelAndAReport) {
     EXPECT_EQ(report()["read"]["face"], 19);
     EXPECT_EQ(report()["written"]["CreateFace"], 19);
     EXPECT_TRUE(report()["dropped"].empty());
+    EXPECT_TRUE(report()["notes"].empty());
+    EXPECT_EQ(report()["measured"]["faces"].size(), 19u);
     EXPECT_TRUE(errors_.contains("progress 55 % writing faces"));
+}
+
+TEST_F(ServerProcess, MeasuresInMillimetresWhatItWrites) {
+    ASSERT_EQ(import(writeStep(shapeNamed("BoxWithVoids"), "INCH")), 0) << errors_.toStdString();
+    const Json measured = report()["measured"];
+    double area = 0.0;
+    for (const Json& face : measured["faces"]) {
+        area += face["area"].get<double>();
+        EXPECT_LT(face["margin"].get<double>(), 1e-3);
+    }
+    EXPECT_NEAR(area, 2200 + 4 * M_PI * 9 + 4 * M_PI * M_PI * 2.5, 1e-4);
+    ASSERT_EQ(measured["bodies"].size(), 1u);
+    const Json& body = measured["bodies"][0];
+    EXPECT_EQ(body["shells"].size(), 3u);
+    EXPECT_NEAR(body["volume"].get<double>(), 6000 - 36 * M_PI - 2 * M_PI * M_PI * 2.5, 1e-3);
+    ASSERT_EQ(import(path("part.stp"), {"-Compare", "off"}), 0);
+    EXPECT_TRUE(report()["measured"]["faces"].empty());
+}
+
+TEST_F(ServerProcess, DropsTheFacesAtABadPointByNameAndWritesTheOthers) {
+    QFile file(bracket);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray text = file.readAll().replace("(80.,0.,10.)", "(-1.E+300,0.,10.)");
+    ASSERT_EQ(import(folder_.write("bad.step", text)), 0) << errors_.toStdString();
+    const WireModel model = readWireModel(contents("out.direct"));
+    EXPECT_EQ(brokenConventions(model), "");
+    EXPECT_GE(model.faces.size(), 10u);
+    EXPECT_EQ(model.faces.size() + report()["dropped"].size(), 19u) << report().dump(1);
 }
 
 TEST_F(ServerProcess, KeepsTheUnitOfTheFile) {
@@ -125,7 +155,8 @@ TEST_F(ServerProcess, ExportsIgesOfTheSameSize) {
 TEST_F(ServerProcess, OffersNoSatButLeavesTheModel) {
     ASSERT_EQ(import(bracket, {"-sat", "on"}), 0);
     EXPECT_TRUE(errors_.contains("offers no SAT"));
-    EXPECT_EQ(report()["dropped"][0]["what"], "SAT export");
+    EXPECT_EQ(report()["notes"][0]["what"], "SAT export");
+    EXPECT_TRUE(report()["dropped"].empty());
     EXPECT_TRUE(results().contains("out.direct"));
 }
 
@@ -166,9 +197,14 @@ TEST_F(ServerProcess, TellsEachFailureByItsExitCode) {
         {{"--help"}, 0},
     };
     for (const auto& c : cases) {
+        QFile::remove(path("out.report.json"));
         EXPECT_EQ(run(c.words), c.code) << c.words.join(' ').toStdString();
         EXPECT_EQ(errors_.contains("cad-importer-server: "), c.code != 0);
-        EXPECT_TRUE(results().isEmpty());
+        const bool isRun = c.code == 3 || c.code == 4;
+        EXPECT_EQ(results(), isRun ? QStringList("out.report.json") : QStringList());
+        if (isRun) {
+            EXPECT_EQ(report()["failure"]["exitCode"], c.code);
+        }
     }
     const int noise = import(path("noise.iges"));
     EXPECT_TRUE(noise == 3 || noise == 5) << noise;
@@ -178,7 +214,9 @@ TEST_F(ServerProcess, RemovesTheResultsOfAnEarlierRunBeforeItFails) {
     folder_.write("out.direct", "old");
     folder_.write("out.report.json", "old");
     EXPECT_EQ(import(path("missing.step")), 3);
-    EXPECT_TRUE(results().isEmpty());
+    EXPECT_EQ(results(), QStringList("out.report.json"));
+    const std::string reason = report()["failure"]["reason"];
+    EXPECT_NE(reason.find("missing.step isn't there"), reason.npos);
 }
 
 TEST_F(ServerProcess, ImportsNothingForAProcessThatHadGoneBefore) {
@@ -231,6 +269,14 @@ TEST_F(LongRun, EndsSoonWhenAskedToAndLeavesNothing) {
     EXPECT_EQ(wait(), 9);
     EXPECT_LT(timer.elapsed(), 2000);
     EXPECT_TRUE(results().isEmpty());
+}
+
+TEST_F(LongRun, EndsAtItsLimitOfProcessorTimeAndSaysWhere) {
+    EXPECT_EQ(import(path("big.brep"), {"-TimeLimit", "1"}), 11);
+    EXPECT_EQ(results(), QStringList("out.report.json"));
+    EXPECT_EQ(report()["failure"]["exitCode"], 11);
+    EXPECT_EQ(report()["failure"]["phase"], "writing faces") << report().dump(1);
+    EXPECT_EQ(report()["format"], "BREP");
 }
 
 TEST_F(LongRun, EndsWithTheProcessThatStartedItAndLeavesNothing) {
