@@ -100,8 +100,8 @@ void addLimits(CLI::App& parser, Words& words) {
         ->type_name("SECONDS");
     parser
         .add_option("--memory-limit", words.memoryLimitMb,
-                    "memory of the server, and of rebuilding solids; default: 4096 and more for\n"
-                    "many faces")
+                    "memory of the server, and of rebuilding solids; default: none for the\n"
+                    "server, 4096 and more for many faces for the solids")
         ->check(CLI::Range(64, 1'000'000'000))
         ->type_name("MB");
 }

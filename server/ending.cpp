@@ -49,6 +49,8 @@ void appendFailure(FailureText& text, ExitCode code, const char* reason) {
     text.append(Progress::phase());
     text.append("\", \"reason\": \"");
     text.append(reason);
+    text.append(" while ");
+    text.append(Progress::phase());
     text.append("\"}\n}\n");
 }
 

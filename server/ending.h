@@ -18,8 +18,8 @@ public:
     static void prepare(const QString& path, const std::string& json);
     /// From now on nothing is left: the run leaves its own.
     static void withdraw() noexcept;
-    /// `reason` holds nothing that JSON would escape. Touches no lock and no heap, so that a signal
-    /// handler may call it. Does nothing when none is prepared.
+    /// `reason` holds nothing that JSON would escape; the phase is told behind it. Touches no lock
+    /// and no heap, so that a signal handler may call it. Does nothing when none is prepared.
     static void leave(ExitCode code, const char* reason) noexcept;
 };
 

@@ -253,7 +253,7 @@ std::string during(const std::string& who, const std::string& text) {
     return who + " failed while " + Progress::phase() + ": " + text;
 }
 
-constexpr const char* noMemory = "there is no more memory";
+std::string noMemory() { return std::string("there is no more memory while ") + Progress::phase(); }
 
 ExitCode failed(Run& run, ExitCode code, const std::string& reason) {
     run.fail(code, reason);
@@ -268,9 +268,9 @@ ExitCode performed(Run& run) {
     } catch (const Failure& failure) {
         return failed(run, failure.code(), failure.what());
     } catch (const Standard_OutOfMemory&) {
-        return failed(run, ExitCode::memoryLimit, noMemory);
+        return failed(run, ExitCode::memoryLimit, noMemory());
     } catch (const std::bad_alloc&) {
-        return failed(run, ExitCode::memoryLimit, noMemory);
+        return failed(run, ExitCode::memoryLimit, noMemory());
     } catch (const Standard_Failure& failure) {
         return failed(run, ExitCode::kernelFailed,
                       during("the geometry kernel", std::string(failure.DynamicType()->Name()) +
