@@ -28,6 +28,7 @@
 
 #include <algorithm>
 #include <new>
+#include <system_error>
 
 namespace server {
 namespace {
@@ -35,6 +36,10 @@ namespace {
 constexpr double defaultSeconds = 120, defaultSecondsPerMegabyte = 30;
 /// What the kernel may take for things beside the model, whatever the model took.
 constexpr double leastExportSeconds = 5, leastSewingSeconds = 30, leastMeasuringSeconds = 30;
+
+std::string kernelReason(const Standard_Failure& failure) {
+    return std::string(failure.DynamicType()->Name()) + " " + failure.GetMessageString();
+}
 
 class Run {
 public:
@@ -178,7 +183,7 @@ std::string Run::exportInCopy(const TopoDS_Shape& shape, const PartialFile& file
         try {
             exportIges(shape, *findLengthUnit(report_.unit.name), file.partialName().toStdString());
         } catch (const Standard_Failure& failure) {
-            const std::string reason = failure.GetMessageString();
+            const std::string reason = kernelReason(failure);
             send(reason.data(), reason.size());
         }
     };
@@ -186,7 +191,7 @@ std::string Run::exportInCopy(const TopoDS_Shape& shape, const PartialFile& file
     const auto receive = [&](const char* more, std::size_t length) { reason.append(more, length); };
     switch (platform::runInCopy(work, receive, remaining(1, leastExportSeconds))) {
     case platform::CopyEnd::failed:
-        return "the geometry kernel failed";
+        return "the geometry kernel crashed";
     case platform::CopyEnd::limit:
         return "it would take longer than the import itself";
     case platform::CopyEnd::notOffered:
@@ -271,10 +276,14 @@ ExitCode performed(Run& run) {
         return failed(run, ExitCode::memoryLimit, noMemory());
     } catch (const std::bad_alloc&) {
         return failed(run, ExitCode::memoryLimit, noMemory());
+    } catch (const std::system_error& failure) {
+        // A thread that can't be had for want of memory.
+        const bool isMemory = failure.code() == std::errc::resource_unavailable_try_again;
+        return isMemory ? failed(run, ExitCode::memoryLimit, noMemory())
+                        : failed(run, ExitCode::kernelFailed, during("the server", failure.what()));
     } catch (const Standard_Failure& failure) {
         return failed(run, ExitCode::kernelFailed,
-                      during("the geometry kernel", std::string(failure.DynamicType()->Name()) +
-                                                        " " + failure.GetMessageString()));
+                      during("the geometry kernel", kernelReason(failure)));
     } catch (const std::exception& failure) {
         return failed(run, ExitCode::kernelFailed, during("the server", failure.what()));
     }

@@ -90,52 +90,67 @@ TopoDS_Compound sewnCompound(const Shapes& faces, double tolerance) {
     return all;
 }
 
-/// The reason why there are none, or empty.
-std::string sewInCopy(const Shapes& faces, const SewingOptions& options, Shells& shells) {
-    std::string bytes, reason;
-    const auto work = [&](const platform::TakeBytes& send) {
+std::string kernelReason(const Standard_Failure& failure) {
+    return std::string("the geometry kernel failed on them: ") + failure.DynamicType()->Name() +
+           " " + failure.GetMessageString();
+}
+
+/// What a copy sends: the shells behind a blank, or the reason why there are none.
+std::string sewnOrReason(const Shapes& faces, double tolerance) {
+    try {
         std::ostringstream stream;
-        BinTools::Write(sewnCompound(faces, options.tolerance), stream);
-        send(stream.str().data(), stream.str().size());
-    };
-    const auto receive = [&](const char* more, std::size_t length) { bytes.append(more, length); };
-    switch (platform::runInCopy(work, receive, options.processorSeconds)) {
-    case platform::CopyEnd::failed:
-        return "the geometry kernel failed on them";
-    case platform::CopyEnd::limit:
-        return "it took too long";
-    case platform::CopyEnd::notOffered:
-        shells = shellsOf(sewnCompound(faces, options.tolerance));
-        return {};
-    case platform::CopyEnd::done:
-        break;
+        stream << ' ';
+        BinTools::Write(sewnCompound(faces, tolerance), stream);
+        return stream.str();
+    } catch (const Standard_Failure& failure) {
+        return kernelReason(failure);
     }
+}
+
+/// The reason why there are none, or empty.
+std::string takeShells(const std::string& sent, Shells& shells) {
+    if (sent.empty() || sent.front() != ' ') return sent;
     TopoDS_Shape sewn;
-    std::istringstream stream(bytes);
+    std::istringstream stream(sent.substr(1));
     BinTools::Read(sewn, stream);
     shells = shellsOf(sewn);
     return {};
 }
 
+std::string sewInCopy(const Shapes& faces, const SewingOptions& options, Shells& shells) {
+    std::string bytes;
+    const auto work = [&](const platform::TakeBytes& send) {
+        const std::string result = sewnOrReason(faces, options.tolerance);
+        send(result.data(), result.size());
+    };
+    const auto receive = [&](const char* more, std::size_t length) { bytes.append(more, length); };
+    switch (platform::runInCopy(work, receive, options.processorSeconds)) {
+    case platform::CopyEnd::failed:
+        return "the geometry kernel crashed on them";
+    case platform::CopyEnd::limit:
+        return "it took too long";
+    case platform::CopyEnd::notOffered:
+        work(receive);
+        break;
+    case platform::CopyEnd::done:
+        break;
+    }
+    return takeShells(bytes, shells);
+}
+
 } // namespace
 
 Shells sewnShells(const Shapes& faces, const SewingOptions& options, Report& report) {
-    Shells shells;
     if (faces.size() == 1) return {shellAround(faces.front())};
+    Shells shells;
     const std::string count = std::to_string(faces.size()) + " loose faces";
-    std::string reason;
-    try {
-        reason = sewInCopy(faces, options, shells);
-    } catch (const Standard_Failure& failure) {
-        reason = std::string("the geometry kernel failed on them: ") + failure.GetMessageString();
-    }
+    const std::string reason = sewInCopy(faces, options, shells);
     if (reason.empty()) {
         report.converted(
             {"faces", 0, count, std::to_string(shells.size()) + " shells", "sewn together"});
         return shells;
     }
     report.noted("sewing", 0, count + " stay apart: " + reason);
-    shells.clear();
     for (const TopoDS_Shape& face : faces) shells.push_back(shellAround(face));
     return shells;
 }

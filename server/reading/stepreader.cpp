@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // STEP files, kept in the unit that they declare.
 #include "server/failure.h"
+#include "server/reading/facerescue.h"
 #include "server/reading/lengthunit.h"
 #include "server/reading/modelreader.h"
 #include "server/reading/transferlosses.h"
@@ -45,6 +46,7 @@ public:
         if (reader.NbRootsForTransfer() == 0) return {};
         const Handle(KernelProgress) progress = new KernelProgress(reading.progress);
         reader.TransferRoots(progress->Start());
+        rescueFaces(reader, reading.report);
         reportTransferFailures(reader, reading.report);
         return reader.OneShape();
     }

@@ -6,20 +6,13 @@
 #include "platform/file.h"
 #include "platform/starter.h"
 #include "tests/platform/childprocess.h"
+#include "tests/support/addressspace.h"
 #include "tests/support/scratch.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <string>
-
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-#define ADDRESS_SPACE_IS_TAKEN
-#endif
-#elif defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define ADDRESS_SPACE_IS_TAKEN
-#endif
 
 namespace platform::test {
 namespace {
@@ -104,9 +97,7 @@ TEST(Process, LearnsThatWhoAnswersForItHadGoneBeforeItBegan) {
 }
 
 TEST(Process, GetsNoMoreMemoryThanItsLimit) {
-#ifdef ADDRESS_SPACE_IS_TAKEN
-    GTEST_SKIP() << "this build keeps terabytes of addresses for itself";
-#endif
+    if (testsupport::addressSpaceIsTaken) GTEST_SKIP() << "this build has no limit on memory";
     ChildProcess child({"useMemory", QString::number(qulonglong{1} << 30)});
     EXPECT_EQ(child.exitCode(), 0);
 }

@@ -3,6 +3,7 @@
 #include "tests/server/serverrun.h"
 #include "tests/server/shapes.h"
 #include "tests/server/wirecheck.h"
+#include "tests/support/addressspace.h"
 
 #include <BRepBuilderAPI_Copy.hxx>
 #include <BRepTools.hxx>
@@ -20,12 +21,22 @@
 
 #include <nlohmann/json.hpp>
 
+#include <csignal>
 #include <random>
 
 namespace server::testing {
 namespace {
 
 using Json = nlohmann::json;
+
+/// Copies that share nothing, so that a run takes long enough to be stopped.
+TopoDS_Compound copies(const TopoDS_Shape& shape, int count) {
+    TopoDS_Compound all;
+    BRep_Builder builder;
+    builder.MakeCompound(all);
+    for (int i = 0; i < count; ++i) builder.Add(all, BRepBuilderAPI_Copy(shape).Shape());
+    return all;
+}
 
 class ServerProcess : public ServerRun {
 protected:
@@ -89,15 +100,44 @@ TEST_F(ServerProcess, MeasuresInMillimetresWhatItWrites) {
     EXPECT_TRUE(report()["measured"]["faces"].empty());
 }
 
-TEST_F(ServerProcess, DropsTheFacesAtABadPointByNameAndWritesTheOthers) {
+TEST_F(ServerProcess, LosesToABadPointNothingButTheFacesAtIt) {
+    const struct {
+        const char *place, *point, *badPoint;
+        unsigned faces;
+    } cases[] = {
+        {"a vertex", "(80.,0.,10.)", "(-1.E+300,0.,10.)", 15},
+        {"a pole, on which the whole solid fails", ",40.,51.300979374075)",
+         "E300,40.,51.300979374075)", 17},
+    };
     QFile file(bracket);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray text = file.readAll().replace("(80.,0.,10.)", "(-1.E+300,0.,10.)");
-    ASSERT_EQ(import(folder_.write("bad.step", text)), 0) << errors_.toStdString();
-    const WireModel model = readWireModel(contents("out.direct"));
-    EXPECT_EQ(brokenConventions(model), "");
-    EXPECT_GE(model.faces.size(), 10u);
-    EXPECT_EQ(model.faces.size() + report()["dropped"].size(), 19u) << report().dump(1);
+    const QByteArray sound = file.readAll();
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.place);
+        QByteArray text = sound;
+        ASSERT_NE(text.replace(c.point, c.badPoint), sound);
+        ASSERT_EQ(import(folder_.write("bad.step", text)), 0) << errors_.toStdString();
+        const WireModel model = readWireModel(contents("out.direct"));
+        EXPECT_EQ(brokenConventions(model), "");
+        EXPECT_EQ(model.faces.size(), c.faces);
+        EXPECT_GE(model.faces.size() + report()["dropped"].size(), 19u) << report().dump(1);
+    }
+}
+
+TEST_F(ServerProcess, NotesAFaultInTheHeaderAndNamesOneInTheShape) {
+    QFile file(bracket);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray sound = file.readAll();
+    QByteArray text = sound;
+    ASSERT_EQ(import(folder_.write("author.step", text.replace("(''),(''),''", "(1.5),(''),''"))),
+              0);
+    EXPECT_TRUE(report()["dropped"].empty()) << report().dump(1);
+    EXPECT_EQ(report()["notes"].size(), 1u);
+    text = sound;
+    ASSERT_EQ(import(folder_.write("syntax.step", text.replace("ADVANCED_FACE('',(#566)",
+                                                               "ADVANCED_FACE(('',(#566)"))),
+              0);
+    EXPECT_FALSE(report()["dropped"].empty());
 }
 
 TEST_F(ServerProcess, KeepsTheUnitOfTheFile) {
@@ -150,6 +190,15 @@ TEST_F(ServerProcess, ExportsIgesOfTheSameSize) {
     ASSERT_EQ(import(path("out.igs")), 0);
     const WireModel model = readWireModel(contents("out.direct"));
     EXPECT_NEAR(model.shells.at(1).boundingBox.second.z * model.header.unit, 30, 1e-5);
+}
+
+TEST_F(ServerProcess, ExportsEverySolidOfAnAssembly) {
+    BRepTools::Write(copies(box(), 3), path("boxes.brep").toStdString().c_str());
+    ASSERT_EQ(import(path("boxes.brep"), {"-igs", "on"}), 0) << errors_.toStdString();
+    ASSERT_EQ(import(path("out.igs")), 0) << errors_.toStdString();
+    const WireModel model = readWireModel(contents("out.direct"));
+    EXPECT_EQ(model.faces.size(), 18u);
+    EXPECT_EQ(report()["measured"]["bodies"].size(), 3u) << "closed ones";
 }
 
 TEST_F(ServerProcess, OffersNoSatButLeavesTheModel) {
@@ -234,13 +283,11 @@ TEST_F(ServerProcess, RefusesAnInputThatAResultWouldReplace) {
     EXPECT_EQ(contents("out.igs"), "a model");
 }
 
-/// Copies that share nothing, so that a run takes long enough to be stopped.
-TopoDS_Compound copies(const TopoDS_Shape& shape, int count) {
-    TopoDS_Compound all;
-    BRep_Builder builder;
-    builder.MakeCompound(all);
-    for (int i = 0; i < count; ++i) builder.Add(all, BRepBuilderAPI_Copy(shape).Shape());
-    return all;
+TEST_F(ServerProcess, EndsAtItsLimitOfMemoryWithAReport) {
+    if (testsupport::addressSpaceIsTaken) GTEST_SKIP() << "this build has no limit on memory";
+    EXPECT_EQ(import(bracket, {"-MemoryLimit", "50"}), 12) << errors_.toStdString();
+    EXPECT_EQ(results(), QStringList("out.report.json"));
+    EXPECT_EQ(report()["failure"]["exitCode"], 12);
 }
 
 class LongRun : public ServerProcess {
@@ -276,6 +323,17 @@ TEST_F(LongRun, EndsAtItsLimitOfProcessorTimeAndSaysWhere) {
     EXPECT_EQ(results(), QStringList("out.report.json"));
     EXPECT_EQ(report()["failure"]["exitCode"], 11);
     EXPECT_EQ(report()["failure"]["phase"], "writing faces") << report().dump(1);
+    EXPECT_EQ(report()["format"], "BREP");
+}
+
+TEST_F(LongRun, LeavesAReportOfACrash) {
+    start(importing(path("big.brep")));
+    waitUntilItWrites();
+    ::kill(static_cast<pid_t>(process_.processId()), SIGSEGV);
+    EXPECT_EQ(wait(), 8);
+    EXPECT_EQ(results(), QStringList("out.report.json"));
+    EXPECT_EQ(report()["failure"]["exitCode"], 8);
+    EXPECT_EQ(report()["failure"]["phase"], "writing faces");
     EXPECT_EQ(report()["format"], "BREP");
 }
 
