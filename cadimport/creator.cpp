@@ -2,8 +2,10 @@
 // The frame of a model: what opens it, what closes it, and what outlives it.
 #include "cadimport/creator.h"
 
+#include "cadimport/messageregistry.h"
 #include "cadimport/modelling/importtarget.h"
 #include "component/manageraccess.h"
+#include "platform/unload.h"
 #include "zelbasictypes/data/zelguid.h"
 #include "zelbasictypes/sets/bitvector.h"
 
@@ -20,6 +22,9 @@ const ZelGuid& importerClassId() {
 template <class T> void replace(std::list<T>& target, const std::list<T>& source) {
     if (&target != &source) target = source;
 }
+
+/// With a module that reads messages their table goes too.
+const platform::AtUnload freeingMessages([] { delete &messageRegistry(); });
 
 void* modelEntry(IZelImportTarget* target, void* finished) {
     IZelImportedModel* model = target ? target->resolveModel(finished) : nullptr;

@@ -5,7 +5,6 @@
 
 #include "cadimport/controlframe.h"
 #include "cadimport/creator.h"
-#include "cadimport/messageregistry.h"
 #include "client/batchmode.h"
 #include "client/clientcontrolthread.h"
 #include "client/controlmessageinterpreter.h"
@@ -14,7 +13,6 @@
 #include "client/livecontrol.h"
 #include "component/itemfactory.h"
 #include "component/objects/queryinterface.h"
-#include "platform/unload.h"
 
 #include <cstring>
 
@@ -23,9 +21,6 @@ namespace {
 ZelTClassItemFactory<TessoraCADImporterClient> itemFactory{
     "TessoraCADImporterClient", nullptr,
     ZelGuid{0x53DE97AC, 0x2769, 0x4D39, {0xAD, 0xBD, 0x37, 0x31, 0x20, 0xB9, 0x81, 0x8F}}};
-
-/// With the module the table of messages goes too.
-const platform::AtUnload freeing([] { delete &CADImport::messageRegistry(); });
 
 template <class T> void replace(std::list<T>& target, const std::list<T>& source) {
     if (&target != &source) target = source;
