@@ -203,14 +203,16 @@ TEST(SetStream, TakesFromLyingStreamsWhatIsThere) {
 }
 
 TEST(SetStream, GivesAListTheRoomToldForWhatItHolds) {
-    constexpr std::uint64_t pagesOfAQuarter = 64 << 20;
+    [[maybe_unused]] constexpr std::uint64_t pagesOfAQuarter = 64 << 20;
     const Bytes bytes = stream(1 << 26, 0x7FFFFFFF, listForm, 1, {5});
     BitVector set;
     platform::WorkingSet before, behind;
     ASSERT_TRUE(platform::workingSet(before));
     ASSERT_TRUE(readInto(set, bytes));
     ASSERT_TRUE(platform::workingSet(behind));
+#ifndef __SANITIZE_THREAD__ // whose allocator clears what the system gives cleared
     EXPECT_LT(behind.current, before.current + pagesOfAQuarter);
+#endif
     EXPECT_EQ(set.maxBit(), BitVector::highestIndex);
     EXPECT_TRUE(set.setRange(0x7FFFFFF0, BitVector::highestIndex));
     EXPECT_EQ(set.count(), 17);
