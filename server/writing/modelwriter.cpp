@@ -80,6 +80,16 @@ double lengthOf(const CurvePiece& piece) {
     return range * (arc ? arc->radius : std::get<EllipsePiece>(piece).major);
 }
 
+/// Of the edge or its vertices: where curves meet within a vertex only, the border is that
+/// uncertain.
+double toleranceOf(const TopoDS_Edge& edge) {
+    double tolerance = BRep_Tool::Tolerance(edge);
+    for (TopoDS_Iterator walk(edge); walk.More(); walk.Next()) {
+        tolerance = std::max(tolerance, BRep_Tool::Tolerance(TopoDS::Vertex(walk.Value())));
+    }
+    return tolerance;
+}
+
 class ModelWriter {
 public:
     ModelWriter(const ShellPlanning& planning, MessageSink& sink, double accuracy)
@@ -106,8 +116,7 @@ private:
 double ModelWriter::slackOf(const EdgePlan& plan, const TopoDS_Edge& edge) const {
     double length = 0.0;
     for (const CurvePiece& piece : plan.curve.pieces) length += lengthOf(piece);
-    double tolerance =
-        std::max(BRep_Tool::Tolerance(edge), std::min(plan.curve.deviation, accuracy_));
+    double tolerance = std::max(toleranceOf(edge), std::min(plan.curve.deviation, accuracy_));
     if (!plan.curve.to.empty()) tolerance = std::max(tolerance, planning_.tolerances.recognition);
     return length * tolerance;
 }
