@@ -73,7 +73,7 @@ public:
             if (ready <= 0 && isPastLimit()) return false;
             if (ready <= 0) continue;
             if (!readSome(receive)) return true;
-            atLastSending_ = used_;
+            atLastSending_ = processorSecondsOf(copy_);
         }
     }
 

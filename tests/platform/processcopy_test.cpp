@@ -74,6 +74,15 @@ TEST_F(ProcessCopy, IsLimitedFromOneSendingToTheNext) {
     };
     EXPECT_EQ(run(steps, 0.6), CopyEnd::done);
     EXPECT_EQ(received_, "....");
+    // Sendings in close succession, with no pause in which anybody would look at the clock.
+    const auto quickSteps = [](const TakeBytes& send) {
+        for (int i = 0; i < 80; ++i) {
+            work(0.01);
+            send(".", 1);
+        }
+        work(0.3);
+    };
+    EXPECT_EQ(run(quickSteps, 0.6), CopyEnd::done);
     EXPECT_GE(processorSeconds() - before, 0.9) << "copies that ended count";
 }
 
