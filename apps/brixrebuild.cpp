@@ -25,6 +25,7 @@ struct Arguments {
     std::int64_t timeMs = 0, stepTimeMs = 0;
 };
 
+/// A line is written as one, whichever thread tells it.
 void tell(const host::WorkerLine& line) {
     const QByteArray bytes = host::workerLine(line);
     std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout);
@@ -62,14 +63,15 @@ bool complete(Arguments& arguments) {
 }
 
 int work(const Arguments& arguments) {
-    host::ProcessorLimit limit(arguments.timeMs, arguments.stepTimeMs);
-    tell(host::BegunStep{{0, "record", 0}, 0});
+    host::ProcessorLimit limit(arguments.timeMs, arguments.stepTimeMs,
+                               [](std::int64_t ms) { tell(host::AtWork{ms}); });
+    tell(host::Step{0, "record", 0});
     QFile file(QString::fromStdString(arguments.record));
     if (!file.open(QIODevice::ReadOnly)) return host::workerRecordUnreadable;
     const auto record = host::readRecord(file);
     if (!record) return host::workerRecordUnreadable;
     host::rebuildHere(*record, arguments.order, [&limit](const host::WorkerLine& line) {
-        if (std::holds_alternative<host::BegunStep>(line)) limit.stepBegun();
+        if (std::holds_alternative<host::Step>(line)) limit.stepBegun();
         tell(line);
     });
     return host::workerDone;

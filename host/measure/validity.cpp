@@ -108,7 +108,7 @@ std::string reasonNotToCheck(const TopoDS_Face& face) {
     for (TopExp_Explorer walk(face, TopAbs_WIRE); walk.More(); walk.Next()) ++loops;
     if (loops <= mostLoops) return {};
     return "not checked: it has " + std::to_string(loops) +
-           " loops, and the kernel compares each " + "with every other";
+           " loops, and the kernel compares each with every other";
 }
 
 std::string faultOfFit(const TopoDS_Shape& shape) {

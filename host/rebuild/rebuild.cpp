@@ -36,6 +36,7 @@ const char* doingOf(const std::string& step) {
 
 std::string reasonOf(WorkerEnd end, const std::string& step, const RebuildLimits& limits) {
     const std::string doing = doingOf(step);
+    const std::int64_t megabytes = limits.memoryBytes >> 20;
     switch (end) {
     case WorkerEnd::outOfStepTime:
         return doing + " took more than " + std::to_string(limits.stepTimeMs / 1000) +
@@ -43,7 +44,8 @@ std::string reasonOf(WorkerEnd end, const std::string& step, const RebuildLimits
     case WorkerEnd::silent:
         return doing + " made no progress for " + std::to_string(limits.silenceMs / 1000) + " s";
     case WorkerEnd::outOfMemory:
-        return doing + " took more than " + std::to_string(limits.memoryBytes >> 20) + " MB";
+        return doing + (megabytes > 0 ? " took more than " + std::to_string(megabytes) + " MB"
+                                      : " took more memory than there is");
     default:
         return "the geometry kernel crashed while " + doing;
     }
@@ -134,7 +136,6 @@ private:
             takeOver(result);
             if (end == WorkerEnd::done) return finish();
             spentMs_ += result.processorMs;
-            if (end == WorkerEnd::outOfStepTime) spentMs_ += options_.limits.stepTimeMs;
             if (end == WorkerEnd::crashed && isStopRequested()) end = WorkerEnd::stopped;
             if (!leaveOut(result, end)) break;
         }

@@ -81,11 +81,11 @@ private:
         std::visit([this](const auto& kind) { take(kind); }, line);
     }
     void take(const std::monostate&) {}
-    void take(const BegunStep& begun) {
-        result_.step = begun.step;
-        result_.processorMs = begun.processorMs;
-        if (task_.stepBegun) task_.stepBegun(begun.step);
+    void take(const Step& step) {
+        result_.step = step;
+        if (task_.stepBegun) task_.stepBegun(step);
     }
+    void take(const AtWork& atWork) { result_.processorMs = atWork.processorMs; }
     void take(const DroppedRecord& drop) { result_.dropped.push_back(drop); }
     void take(const WorkerNote& note) { result_.notes.push_back(note.note); }
     void take(const FaceMeasure& face) { measures_.push_back(face); }

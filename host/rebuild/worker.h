@@ -36,7 +36,7 @@ struct WorkerResult {
     std::optional<Step> step; ///< the last that it began
     std::vector<RebuiltModel> models;
     std::vector<DroppedRecord> dropped, notes;
-    std::int64_t processorMs = 0; ///< when it began that step
+    std::int64_t processorMs = 0; ///< that it used, to the second
     bool pictureWritten = false, exportWritten = false;
 };
 

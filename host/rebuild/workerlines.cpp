@@ -12,12 +12,12 @@ namespace {
 
 QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
-QJsonObject object(const BegunStep& begun) {
-    const Step& step = begun.step;
-    return {{"step", text(step.what)},
-            {"model", step.model},
-            {"identifier", step.identifier},
-            {"processorMs", static_cast<double>(begun.processorMs)}};
+QJsonObject object(const Step& step) {
+    return {{"step", text(step.what)}, {"model", step.model}, {"identifier", step.identifier}};
+}
+
+QJsonObject object(const AtWork& atWork) {
+    return {{"result", "atWork"}, {"processorMs", static_cast<double>(atWork.processorMs)}};
 }
 
 QJsonObject object(const DroppedRecord& drop) {
@@ -78,6 +78,9 @@ DroppedRecord dropFrom(const QJsonObject& line, const char* key) {
 
 WorkerLine resultFrom(const QJsonObject& line) {
     const QString kind = line["result"].toString();
+    if (kind == "atWork") {
+        return AtWork{static_cast<std::int64_t>(line["processorMs"].toDouble())};
+    }
     if (kind == "face") {
         return FaceMeasure{line["identifier"].toInt(), line["areaM2"].toDouble(),
                            line["volumeM3"].toDouble()};
@@ -99,9 +102,8 @@ QByteArray workerLine(const WorkerLine& line) {
 WorkerLine parseWorkerLine(const QByteArray& line) {
     const QJsonObject json = QJsonDocument::fromJson(line).object();
     if (json.contains("step")) {
-        return BegunStep{{json["model"].toInt(), json["step"].toString().toStdString(),
-                          json["identifier"].toInt()},
-                         static_cast<std::int64_t>(json["processorMs"].toDouble())};
+        return Step{json["model"].toInt(), json["step"].toString().toStdString(),
+                    json["identifier"].toInt()};
     }
     if (json.contains("dropped")) return dropFrom(json, "dropped");
     if (json.contains("note")) return WorkerNote{dropFrom(json, "note")};

@@ -25,15 +25,15 @@ struct WrittenFile {
 /// Nothing comes behind it.
 struct WorkDone {};
 
-/// The processor time that the worker has used so far comes with each step that it begins.
-struct BegunStep {
-    Step step;
+/// The worker is at work: it has used so much processor time, a second more than at the last such
+/// line at least.
+struct AtWork {
     std::int64_t processorMs = 0;
 };
 
 /// The measures of faces come in front of the model that they belong to.
-using WorkerLine = std::variant<std::monostate, BegunStep, DroppedRecord, WorkerNote, FaceMeasure,
-                                RebuiltModel, WrittenFile, WorkDone>;
+using WorkerLine = std::variant<std::monostate, Step, AtWork, DroppedRecord, WorkerNote,
+                                FaceMeasure, RebuiltModel, WrittenFile, WorkDone>;
 
 /// With a line feed.
 QByteArray workerLine(const WorkerLine& line);

@@ -9,7 +9,6 @@
 #include "host/shape/modelbuilder.h"
 #include "host/shape/picture.h"
 #include "host/shape/pngfile.h"
-#include "platform/clock.h"
 
 #include <BRep_Builder.hxx>
 #include <Message.hxx>
@@ -24,9 +23,7 @@ class Rebuilder {
 public:
     Rebuilder(const RebuildingOrder& order, const std::function<void(const WorkerLine&)>& tell)
         : order_(order), tell_(tell) {
-        progress_.begins = [this](const Step& step) {
-            tell_(BegunStep{step, static_cast<std::int64_t>(1000 * platform::processorSeconds())});
-        };
+        progress_.begins = [this](const Step& step) { tell_(step); };
         progress_.drops = [this](DroppedRecord drop) {
             drop.model = progress_.model;
             tell_(drop);

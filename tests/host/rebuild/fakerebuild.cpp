@@ -35,6 +35,12 @@ void meet(const QString& fate) {
     if (fate == "slow") std::exit(host::workerOutOfStepTime);
     if (fate == "late") std::exit(host::workerOutOfTime);
     if (fate == "hang") std::this_thread::sleep_for(std::chrono::minutes(5));
+    if (fate == "busy") {
+        for (int i = 1; i <= 20; ++i) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(100));
+            tell(host::AtWork{1000 * i});
+        }
+    }
     if (fate == "garbage") {
         for (int i = 0; i < 1000; ++i) std::puts("{\"step\": chatter of the kernel");
     }
@@ -59,7 +65,7 @@ int main(int argc, char** argv) {
     for (int face = 11; face <= 15; ++face) {
         const host::Step step{1, "face", face};
         if (arguments.contains(host::stepArgument(step))) continue;
-        tell(host::BegunStep{step, 1});
+        tell(step);
         meet(fateOf(face));
         ++built;
     }
@@ -69,7 +75,7 @@ int main(int argc, char** argv) {
     tell(model);
     const int picture = static_cast<int>(arguments.indexOf("--picture"));
     if (picture > 0) {
-        tell(host::BegunStep{{0, "picture", 0}, 1});
+        tell(host::Step{0, "picture", 0});
         meet(fateOf(0));
         if (writeText(arguments.value(picture + 1))) tell(host::WrittenFile{true});
     }

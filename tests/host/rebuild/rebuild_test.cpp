@@ -111,6 +111,13 @@ TEST_F(Rebuild, LosesTheFaceThatTheWorkerDiesOfAndNothingElse) {
     }
 }
 
+TEST_F(Rebuild, WaitsForAWorkerThatSaysThatItIsAtWork) {
+    if (testsupport::runsByWine()) GTEST_SKIP() << "the limit is longer than the work here";
+    const RebuildOutcome outcome = rebuildWith("13:busy");
+    EXPECT_TRUE(facesIn(outcome.dropped).empty());
+    EXPECT_EQ(facesBuilt(outcome), 5);
+}
+
 TEST_F(Rebuild, NamesSeveralDeadlyFaces) {
     const RebuildOutcome outcome = rebuildWith("11:crash 12:memory 15:crash");
     EXPECT_EQ(facesIn(outcome.dropped), (std::vector<Identifier>{11, 12, 15}));

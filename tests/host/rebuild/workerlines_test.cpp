@@ -17,9 +17,8 @@ template <class Line> Line back(const Line& line) {
 }
 
 TEST(WorkerLines, CarryStepsAndDrops) {
-    const BegunStep begun = back(BegunStep{{2, "face", 300}, 5'000'000'000});
-    const Step& step = begun.step;
-    EXPECT_EQ(begun.processorMs, 5'000'000'000);
+    const Step step = back(Step{2, "face", 300});
+    EXPECT_EQ(back(AtWork{5'000'000'000}).processorMs, 5'000'000'000);
     EXPECT_EQ(step.model, 2);
     EXPECT_EQ(step.what, "face");
     EXPECT_EQ(step.identifier, 300);
