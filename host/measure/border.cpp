@@ -13,14 +13,6 @@
 namespace host {
 namespace {
 
-double toleranceOf(const TopoDS_Edge& edge) {
-    double tolerance = BRep_Tool::Tolerance(edge);
-    for (TopoDS_Iterator walk(edge); walk.More(); walk.Next()) {
-        tolerance = std::max(tolerance, BRep_Tool::Tolerance(TopoDS::Vertex(walk.Value())));
-    }
-    return tolerance;
-}
-
 BorderPiece pieceOf(const TopoDS_Edge& edge, const TopoDS_Face& face) {
     BorderPiece piece{BRepAdaptor_Curve2d(edge, face),
                       edge.Orientation() == TopAbs_FORWARD,
@@ -35,11 +27,18 @@ BorderPiece pieceOf(const TopoDS_Edge& edge, const TopoDS_Face& face) {
 
 } // namespace
 
+double toleranceOf(const TopoDS_Edge& edge) {
+    double tolerance = BRep_Tool::Tolerance(edge);
+    for (TopoDS_Iterator walk(edge); walk.More(); walk.Next()) {
+        tolerance = std::max(tolerance, BRep_Tool::Tolerance(TopoDS::Vertex(walk.Value())));
+    }
+    return tolerance;
+}
+
 std::vector<BorderPiece> borderOf(const TopoDS_Wire& wire, const TopoDS_Face& face) {
     std::vector<BorderPiece> pieces;
     for (TopoDS_Iterator walk(wire); walk.More(); walk.Next()) {
-        const TopAbs_Orientation side = walk.Value().Orientation();
-        if (side != TopAbs_FORWARD && side != TopAbs_REVERSED) continue;
+        if (!isBoundary(walk.Value())) continue;
         pieces.push_back(pieceOf(TopoDS::Edge(walk.Value()), face));
     }
     return pieces;

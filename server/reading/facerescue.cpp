@@ -2,6 +2,8 @@
 // A face on its own is transferred as readily as a solid, and one that was already isn't again.
 #include "server/reading/facerescue.h"
 
+#include "server/reading/transferlosses.h"
+
 #include <Interface_InterfaceModel.hxx>
 #include <Standard_Failure.hxx>
 #include <StepRepr_MappedItem.hxx>
@@ -9,10 +11,6 @@
 #include <StepShape_ConnectedFaceSet.hxx>
 #include <StepShape_FaceSurface.hxx>
 #include <StepShape_ManifoldSolidBrep.hxx>
-#include <Transfer_Binder.hxx>
-#include <Transfer_TransientProcess.hxx>
-#include <XSControl_TransferReader.hxx>
-#include <XSControl_WorkSession.hxx>
 
 #include <string>
 #include <vector>
@@ -24,12 +22,6 @@ using Entity = Handle(Standard_Transient);
 
 template <class Type> bool is(const Entity& entity) {
     return !Handle(Type)::DownCast(entity).IsNull();
-}
-
-bool hasResult(const STEPControl_Reader& reader, const Entity& entity) {
-    const Handle(Transfer_Binder) binder =
-        reader.WS()->TransferReader()->TransientProcess()->Find(entity);
-    return !binder.IsNull() && binder->HasResult();
 }
 
 void appendFaces(const Handle(StepShape_ManifoldSolidBrep) & solid, std::vector<Entity>& faces) {

@@ -46,12 +46,6 @@ void reportFailed(const Model& model, const Handle(Interface_Check) & check, int
     isLoss ? report.dropped("entity", number, why) : report.noted("entity", number, why);
 }
 
-bool hasResult(const Handle(Transfer_TransientProcess) & process,
-               const Handle(Standard_Transient) & entity) {
-    const Handle(Transfer_Binder) binder = process->Find(entity);
-    return !binder.IsNull() && binder->HasResult();
-}
-
 std::set<int> reportChecks(const Model& model, const Interface_CheckIterator& checks,
                            Report& report) {
     std::set<int> named;
@@ -62,12 +56,12 @@ std::set<int> reportChecks(const Model& model, const Interface_CheckIterator& ch
     return named;
 }
 
-void reportSilentFaces(const Model& model, const Handle(Transfer_TransientProcess) & process,
-                       const std::set<int>& named, Report& report) {
+void reportSilentFaces(const XSControl_Reader& reader, const std::set<int>& named, Report& report) {
+    const Model model = reader.Model();
     for (int i = 1; i <= model->NbEntities(); ++i) {
         const Handle(Standard_Transient) entity = model->Value(i);
         if (Handle(StepShape_FaceSurface)::DownCast(entity).IsNull() || named.count(i)) continue;
-        if (!hasResult(process, entity)) {
+        if (!hasResult(reader, entity)) {
             report.dropped("entity", i, typeOf(model, i) + " left no face behind");
         }
     }
@@ -84,13 +78,19 @@ void reportLoadFailures(const XSControl_Reader& reader, Report& report) {
     }
 }
 
+bool hasResult(const XSControl_Reader& reader, const Handle(Standard_Transient) & entity) {
+    const Handle(Transfer_Binder) binder =
+        reader.WS()->TransferReader()->TransientProcess()->Find(entity);
+    return !binder.IsNull() && binder->HasResult();
+}
+
 void reportTransferFailures(const XSControl_Reader& reader, Report& report) {
     const Handle(Transfer_TransientProcess) process =
         reader.WS()->TransferReader()->TransientProcess();
     const Model model = reader.Model();
     if (process.IsNull() || model.IsNull()) return;
     const auto named = reportChecks(model, process->CheckList(Standard_False), report);
-    reportSilentFaces(model, process, named, report);
+    reportSilentFaces(reader, named, report);
 }
 
 } // namespace server

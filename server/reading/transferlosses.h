@@ -14,6 +14,9 @@ namespace server {
 /// After the file is loaded: entities that were already wrong as they stood.
 void reportLoadFailures(const XSControl_Reader& reader, Report& report);
 
+/// Whether the transfer made anything of an entity.
+bool hasResult(const XSControl_Reader& reader, const Handle(Standard_Transient) & entity);
+
 /// After the transfer: entities that failed, and faces that left no result without a word.
 void reportTransferFailures(const XSControl_Reader& reader, Report& report);
 

@@ -2,6 +2,7 @@
 // Step by step, so that a failure can say which one it was.
 #include "server/writing/faceconversion.h"
 
+#include "host/measure/border.h"
 #include "server/geometry/soundness.h"
 
 #include <BRepBndLib.hxx>
@@ -32,10 +33,6 @@ std::string takeBox(const TopoDS_Face& face, Bnd_Box& box) {
     return isWithinReach(box) ? "" : "it reaches beyond any place";
 }
 
-bool isBoundary(const TopoDS_Shape& shape) {
-    return shape.Orientation() == TopAbs_FORWARD || shape.Orientation() == TopAbs_REVERSED;
-}
-
 } // namespace
 
 FaceConversion::FaceConversion(const TopoDS_Shell& shell, const Tolerances& tolerances,
@@ -62,7 +59,7 @@ std::string FaceConversion::faultOfEdges(const TopoDS_Face& face) {
     int place = 0;
     for (TopExp_Explorer walk(face, TopAbs_EDGE); walk.More(); walk.Next()) {
         ++place;
-        if (!isBoundary(walk.Current())) continue;
+        if (!host::isBoundary(walk.Current())) continue;
         const std::string& fault = edge(TopoDS::Edge(walk.Current())).fault;
         if (!fault.empty()) return "its edge " + std::to_string(place) + ": " + fault;
     }

@@ -3,13 +3,13 @@
 #include "server/writing/modelwriter.h"
 
 #include "cadimport/topologymessages.h"
+#include "host/measure/border.h"
 #include "server/geometry/soundness.h"
 #include "server/writing/shapemessages.h"
 #include "server/writing/shellwriter.h"
 
 #include <BRepBndLib.hxx>
 #include <BRep_Builder.hxx>
-#include <BRep_Tool.hxx>
 #include <Precision.hxx>
 #include <ShapeAnalysis_ShapeTolerance.hxx>
 #include <Standard_Failure.hxx>
@@ -80,16 +80,6 @@ double lengthOf(const CurvePiece& piece) {
     return range * (arc ? arc->radius : std::get<EllipsePiece>(piece).major);
 }
 
-/// Of the edge or its vertices: where curves meet within a vertex only, the border is that
-/// uncertain.
-double toleranceOf(const TopoDS_Edge& edge) {
-    double tolerance = BRep_Tool::Tolerance(edge);
-    for (TopoDS_Iterator walk(edge); walk.More(); walk.Next()) {
-        tolerance = std::max(tolerance, BRep_Tool::Tolerance(TopoDS::Vertex(walk.Value())));
-    }
-    return tolerance;
-}
-
 class ModelWriter {
 public:
     ModelWriter(const ShellPlanning& planning, MessageSink& sink, double accuracy)
@@ -116,7 +106,7 @@ private:
 double ModelWriter::slackOf(const EdgePlan& plan, const TopoDS_Edge& edge) const {
     double length = 0.0;
     for (const CurvePiece& piece : plan.curve.pieces) length += lengthOf(piece);
-    double tolerance = std::max(toleranceOf(edge), std::min(plan.curve.deviation, accuracy_));
+    double tolerance = std::max(host::toleranceOf(edge), std::min(plan.curve.deviation, accuracy_));
     if (!plan.curve.to.empty()) tolerance = std::max(tolerance, planning_.tolerances.recognition);
     return length * tolerance;
 }

@@ -2,6 +2,8 @@
 // Walks the wires in order, gathers the uses of each edge, and pairs them.
 #include "server/writing/shelltopology.h"
 
+#include "host/measure/border.h"
+
 #include <BRepTools.hxx>
 #include <BRepTools_WireExplorer.hxx>
 #include <ShapeExtend_WireData.hxx>
@@ -24,10 +26,6 @@ struct Use {
     bool paired = false;
 };
 
-bool isBoundary(const TopoDS_Shape& shape) {
-    return shape.Orientation() == TopAbs_FORWARD || shape.Orientation() == TopAbs_REVERSED;
-}
-
 using Edges = std::vector<TopoDS_Edge>;
 
 /// The kernel's own repair, for wires whose edges the explorer can't follow to the end.
@@ -47,7 +45,7 @@ Edges inOrder(const TopoDS_Wire& wire, const TopoDS_Face& face) {
     }
     std::size_t count = 0;
     for (TopExp_Explorer all(wire, TopAbs_EDGE); all.More(); all.Next()) {
-        if (isBoundary(all.Current())) ++count;
+        if (host::isBoundary(all.Current())) ++count;
     }
     return edges.size() == count ? edges : reordered(wire, face);
 }
@@ -78,7 +76,7 @@ private:
 
 void Builder::add(const TopoDS_Face& face) {
     options_.nextFace();
-    if (!isBoundary(face)) {
+    if (!host::isBoundary(face)) {
         return options_.dropped("it lies inside the material and bounds nothing");
     }
     std::vector<Edges> loops;
@@ -98,7 +96,7 @@ void Builder::add(const TopoDS_Face& face) {
 }
 
 bool Builder::keeps(const TopoDS_Edge& edge) {
-    if (isBoundary(edge)) return options_.hasExtent(edge);
+    if (host::isBoundary(edge)) return options_.hasExtent(edge);
     report_.noted("edge", 0, "it lies inside a face and bounds nothing");
     return false;
 }
