@@ -44,6 +44,7 @@ Json measuredPart(const Report& report) {
     Json faces = Json::array(), bodies = Json::array();
     for (const MeasuredFace& f : report.faces) {
         faces.push_back({{"identifier", f.identifier}, {"area", f.area}, {"margin", f.margin}});
+        if (!f.valid) faces.back()["valid"] = false;
     }
     for (const MeasuredBody& b : report.bodies) {
         bodies.push_back({{"identifier", b.identifier},

@@ -30,6 +30,7 @@ struct Drop {
 struct MeasuredFace {
     int identifier = 0;
     double area = 0.0, margin = 0.0; ///< mm²
+    bool valid = true;               ///< false: the kernel's check finds fault with it as read
 };
 
 struct MeasuredBody {

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 
 namespace host {
@@ -126,7 +127,31 @@ std::vector<Identifier> shellsIn(const Json& body) {
     return shells;
 }
 
+std::set<Identifier> invalidAsRead(const Json& serverReport) {
+    std::set<Identifier> faces;
+    for (const Json& entry : measuredList(serverReport, "faces")) {
+        const auto figure = figureIn(entry, "area");
+        if (figure && entry.contains("valid") && entry["valid"] == false) {
+            faces.insert(figure->identifier);
+        }
+    }
+    return faces;
+}
+
 } // namespace
+
+void noteOldFaults(const Json& serverReport, std::vector<DroppedRecord>& losses,
+                   std::vector<DroppedRecord>& notes) {
+    const std::set<Identifier> invalid = invalidAsRead(serverReport);
+    std::erase_if(losses, [&](const DroppedRecord& loss) {
+        const bool isOld = loss.what == "validity" && invalid.count(loss.identifier) > 0;
+        if (isOld) {
+            notes.push_back(loss);
+            notes.back().why += ", and so it was in the file";
+        }
+        return isOld;
+    });
+}
 
 std::vector<DroppedRecord> differences(const Json& serverReport, const ModelRecord& record,
                                        const RebuiltModel& model) {

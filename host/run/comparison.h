@@ -11,6 +11,11 @@
 
 namespace host {
 
+/// Makes a note of each loss "validity" of a face that the server found invalid as it was read: a
+/// face that came as it stands in the file is no loss.
+void noteOldFaults(const nlohmann::ordered_json& serverReport, std::vector<DroppedRecord>& losses,
+                   std::vector<DroppedRecord>& notes);
+
 /// The faces and bodies of a model whose area or volume differs by more than one part in a million
 /// beyond the margin that the server tells for the figure: "face" by its identifier, "body" by that
 /// of the server. What wasn't rebuilt, or has no figure on one of the sides, isn't compared. A

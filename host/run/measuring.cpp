@@ -89,6 +89,7 @@ RebuildOptions rebuildOptions(const ImportOptions& options, const ImportRecord& 
 /// A server writes one model; of several it isn't known which one its figures are of.
 void compare(RunOutcome& outcome) {
     if (outcome.record.models.size() != 1 || outcome.models.size() != 1) return;
+    noteOldFaults(outcome.server, outcome.losses, outcome.notes);
     for (DroppedRecord& loss :
          differences(outcome.server, outcome.record.models[0], outcome.models[0])) {
         loss.model = 1;

@@ -2,6 +2,7 @@
 // One list of faces, worked through from the front.
 #include "server/measuring/modelmeasure.h"
 
+#include "host/measure/validity.h"
 #include "platform/clock.h"
 #include "platform/processcopy.h"
 #include "server/geometry/soundness.h"
@@ -23,9 +24,18 @@ constexpr double secondsForAFace = 10;
 
 /// What a copy sends for each face.
 struct Figure {
-    bool isKnown = false;
+    bool isKnown = false, isValid = true;
     FaceMeasure measure;
 };
+
+/// A face that isn't checked counts as valid, and so does one that breaks the check.
+bool isValid(const TopoDS_Face& face) {
+    try {
+        return !host::reasonNotToCheck(face).empty() || host::faultOf(face).empty();
+    } catch (const Standard_Failure&) {
+        return true;
+    }
+}
 
 struct Place {
     gp_Pnt centre;
@@ -82,8 +92,9 @@ private:
 };
 
 Figure Measuring::figureOf(const Task& task) const {
-    const auto found = measured(task.face->face, task.place.centre, task.place.reach);
-    return found ? Figure{true, *found} : Figure{};
+    const TopoDS_Face& face = task.face->face;
+    const auto found = measured(face, task.place.centre, task.place.reach);
+    return found ? Figure{true, isValid(face), *found} : Figure{};
 }
 
 void Measuring::take(const char* bytes, std::size_t length) {
@@ -128,7 +139,8 @@ void Measuring::addFace(std::size_t index) {
     }
     const double square = report_.unit.millimetres * report_.unit.millimetres;
     report_.faces.push_back({face.identifier, figure.measure.area * square,
-                             (face.slack + figure.measure.areaUncertainty) * square});
+                             (face.slack + figure.measure.areaUncertainty) * square,
+                             figure.isValid});
 }
 
 void Measuring::addBody(const WrittenBody& body, std::size_t first) {

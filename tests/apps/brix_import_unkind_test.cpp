@@ -112,5 +112,22 @@ TEST_F(UnkindTest, ImportsAFileWhoseNameIsNoText) {
 }
 #endif
 
+#if defined(IMPORT_SERVER) && defined(BRIX_REBUILDS)
+TEST_F(UnkindTest, NamesWhatDiffersFromTheServersFigures) {
+    const QString server = program(
+        "server",
+        QStringLiteral("'%1' \"$@\" && sed -i 's/\"area\": 8[0-9.]*/\"area\": 12345.0/' '%2'")
+            .arg(IMPORT_SERVER, base + ".report.json"));
+    const QStringList words{BRACKET_FILE, "--server", server, "--output-base", base, "--json"};
+    const ImportResult compared = run(words);
+    EXPECT_EQ(compared.status, 4) << compared.errors;
+    const Json dropped = compared.json()["dropped"];
+    ASSERT_FALSE(dropped.empty());
+    EXPECT_EQ(dropped[0]["what"], "face");
+    EXPECT_NE(dropped[0]["why"].get<std::string>().find("instead of 12345 mm"), std::string::npos);
+    EXPECT_EQ(run(words + QStringList{"--no-compare"}).status, 0);
+}
+#endif
+
 } // namespace
 } // namespace apps

@@ -6,6 +6,8 @@
 #include "tests/support/addressspace.h"
 
 #include <BRepBuilderAPI_Copy.hxx>
+#include <BRepBuilderAPI_MakeFace.hxx>
+#include <BRepBuilderAPI_MakePolygon.hxx>
 #include <BRepTools.hxx>
 #include <BRep_Builder.hxx>
 #include <IGESControl_Reader.hxx>
@@ -15,6 +17,7 @@
 #include <STEPControl_Writer.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS_Compound.hxx>
+#include <gp_Pln.hxx>
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -98,6 +101,21 @@ TEST_F(ServerProcess, MeasuresInMillimetresWhatItWrites) {
     EXPECT_NEAR(body["volume"].get<double>(), 6000 - 36 * M_PI - 2 * M_PI * M_PI * 2.5, 1e-3);
     ASSERT_EQ(import(path("part.stp"), {"-Compare", "off"}), 0);
     EXPECT_TRUE(report()["measured"]["faces"].empty());
+}
+
+TEST_F(ServerProcess, SaysWhichFacesAreInvalidInTheFile) {
+    BRepBuilderAPI_MakePolygon crossed;
+    for (const gp_Pnt& corner : {gp_Pnt(0, 0, 0), gp_Pnt(10, 10, 0), gp_Pnt(10, 0, 0)}) {
+        crossed.Add(corner);
+    }
+    crossed.Add(gp_Pnt(0, 4, 0));
+    crossed.Close();
+    const TopoDS_Face face = BRepBuilderAPI_MakeFace(gp_Pln(), crossed.Wire());
+    BRepTools::Write(face, path("crossed.brep").toStdString().c_str());
+    ASSERT_EQ(import(path("crossed.brep")), 0) << errors_.toStdString();
+    EXPECT_EQ(report()["measured"]["faces"].at(0)["valid"], false) << report().dump(1);
+    ASSERT_EQ(import(bracket), 0);
+    EXPECT_FALSE(report()["measured"]["faces"][0].contains("valid"));
 }
 
 TEST_F(ServerProcess, LosesToABadPointNothingButTheFacesAtIt) {
