@@ -3,9 +3,9 @@
 #include "server/writing/faceconversion.h"
 
 #include "host/measure/border.h"
+#include "host/measure/boundingbox.h"
 #include "server/geometry/soundness.h"
 
-#include <BRepBndLib.hxx>
 #include <BRep_Tool.hxx>
 #include <Standard_Failure.hxx>
 #include <TopExp.hxx>
@@ -28,8 +28,7 @@ std::string guarded(const char* step, const std::function<std::string()>& perfor
 }
 
 std::string takeBox(const TopoDS_Face& face, Bnd_Box& box) {
-    BRepBndLib::AddOptimal(face, box, Standard_False, Standard_False);
-    box.SetGap(0.0);
+    box = host::boxOf(face);
     return isWithinReach(box) ? "" : "it reaches beyond any place";
 }
 
