@@ -2,11 +2,11 @@
 // Counting, adding up, checking.
 #include "host/shape/measure.h"
 
+#include "host/measure/boundingbox.h"
 #include "host/measure/validity.h"
 #include "host/shape/geometry.h"
 #include "host/shape/kernelcall.h"
 
-#include <BRepBndLib.hxx>
 #include <BRep_Tool.hxx>
 #include <Bnd_Box.hxx>
 #include <TopExp.hxx>
@@ -39,12 +39,11 @@ void count(const TopoDS_Shape& shape, RebuiltModel& model) {
     }
 }
 
-std::array<double, 6> boxOf(const TopoDS_Shape& shape) {
+std::array<double, 6> boxOf(const std::vector<ModelFace>& faces) {
     Bnd_Box box;
-    BRepBndLib::AddOptimal(shape, box, false, false);
+    for (const ModelFace& each : faces) box.Add(host::boxOf(each.face));
     std::array<double, 6> result{};
     if (box.IsVoid()) return result;
-    box.SetGap(0.0);
     box.Get(result[0], result[1], result[2], result[3], result[4], result[5]);
     for (double& bound : result) bound /= millimetresPerMetre;
     return result;
@@ -123,7 +122,7 @@ RebuiltModel measured(const BuiltModel& model, const Progress& progress) {
     count(model.shape, result);
     if (result.faces == 0) return result;
     sumUp(model, result);
-    stage("box", progress, [&] { result.boundingBoxM = boxOf(model.shape); });
+    stage("box", progress, [&] { result.boundingBoxM = boxOf(model.faces); });
     Validation validation(progress);
     for (const ModelFace& each : model.faces) validation.checkFace(each);
     validation.checkFit(model.shape);
