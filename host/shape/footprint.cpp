@@ -26,8 +26,10 @@ constexpr double shareOfOffset = 0.01;
 constexpr std::size_t greatestNodeCount = 400;
 constexpr int firstIntervals = 12;
 
-/// An edge this near to the border of a closed surface lies on it; a seam this share of the range.
-constexpr double borderToleranceMm = 2e-3;
+/// An edge this near to the border of a surface lies on it; on a closed surface, where there is
+/// nothing behind the border, already at the second; a seam at this share of the range.
+constexpr double borderToleranceMm = 1e-6;
+constexpr double closedBorderToleranceMm = 2e-3;
 constexpr double seamShare = 0.02;
 
 using Node = Trace::Node;
@@ -106,30 +108,40 @@ private:
         }
     }
 
-    /// On a surface whose two borders coincide, an edge along them lies where the material is on
-    /// its left.
+    /// An edge along a border of the surface lies exactly on it. Where the two borders coincide, it
+    /// lies on the one that has the material on the edge's left.
     void settleBorders(bool along) {
         for (int direction = 0; direction < 2; ++direction) {
-            if (!space_.isClosed(direction) || !liesOnBorder(direction)) continue;
-            const int other = 2 - direction;
-            const double change = trace_.end().Coord(other) - trace_.start().Coord(other);
-            const bool rises = (change > 0.0) == along;
-            const double border =
-                rises == (direction == 0) ? space_.greatest(direction) : space_.least(direction);
+            if (!space_.isBounded(direction) || !liesOnBorder(direction)) continue;
+            const double border = space_.isClosed(direction) ? borderOfSide(direction, along)
+                                                             : nearestBorder(direction, middle());
             for (Node& node : trace_.nodes) node.uv.SetCoord(direction + 1, border);
             border_ = {direction + 1, border};
         }
     }
+    double borderOfSide(int direction, bool along) const {
+        const int other = 2 - direction;
+        const double change = trace_.end().Coord(other) - trace_.start().Coord(other);
+        const bool rises = (change > 0.0) == along;
+        return rises == (direction == 0) ? space_.greatest(direction) : space_.least(direction);
+    }
+    const Node& middle() const { return trace_.nodes[trace_.nodes.size() / 2]; }
+    double nearestBorder(int direction, const Node& node) const {
+        const double low = space_.least(direction), high = space_.greatest(direction);
+        const double value = node.uv.Coord(direction + 1);
+        return value - low < high - value ? low : high;
+    }
     /// A seam need not lie exactly where the surface closes, but where else should it be?
     bool liesOnBorder(int direction) const {
-        const double low = space_.least(direction), high = space_.greatest(direction);
+        const bool isClosed = space_.isClosed(direction);
+        const double range = space_.greatest(direction) - space_.least(direction);
         return std::all_of(trace_.nodes.begin(), trace_.nodes.end(), [&](const Node& node) {
-            const double value = node.uv.Coord(direction + 1);
             gp_Pnt2d border = node.uv;
-            border.SetCoord(direction + 1, value - low < high - value ? low : high);
-            const double off = std::abs(value - border.Coord(direction + 1));
-            if (isSeam_) return off <= seamShare * (high - low);
-            return space_.point(node.uv).Distance(space_.point(border)) <= borderToleranceMm;
+            border.SetCoord(direction + 1, nearestBorder(direction, isClosed ? node : middle()));
+            const double off = node.uv.Distance(border);
+            if (isClosed && isSeam_) return off <= seamShare * range;
+            return space_.point(node.uv).Distance(space_.point(border)) <=
+                   (isClosed ? closedBorderToleranceMm : borderToleranceMm);
         });
     }
 

@@ -26,6 +26,8 @@ public:
     /// The period of u (0) or v (1); 0 for none.
     double period(int direction) const { return periods_[static_cast<std::size_t>(direction)]; }
 
+    /// Whether u (0) or v (1) has two borders: of a spline surface without a period there.
+    bool isBounded(int direction) const { return !isElementary_ && period(direction) <= 0.0; }
     /// Whether the two borders of u (0) or v (1) are the same curve of a surface without a period.
     bool isClosed(int direction) const { return closed_[static_cast<std::size_t>(direction)]; }
     double least(int direction) const { return least_[static_cast<std::size_t>(direction)]; }

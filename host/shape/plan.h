@@ -54,7 +54,6 @@ struct Plan {
     std::vector<PlannedFace> faces;
     std::vector<PlannedShell> shells;
     std::vector<Corner> corners;
-    double toleranceMm = 0.0; ///< the model's own accuracy
 };
 
 /// Begins the step "edge" for each edge.

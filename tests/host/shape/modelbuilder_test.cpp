@@ -7,9 +7,14 @@
 #include "tests/host/shape/recordofshape.h"
 #include "tests/server/shapes.h"
 
+#include <BRepBuilderAPI_MakeFace.hxx>
+#include <BRepBuilderAPI_MakePolygon.hxx>
+#include <BRepBuilderAPI_MakeVertex.hxx>
 #include <BRepClass3d_SolidClassifier.hxx>
+#include <BRepPrimAPI_MakePrism.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
+#include <TopoDS_Vertex.hxx>
 #include <gtest/gtest.h>
 
 namespace host {
@@ -98,6 +103,27 @@ TEST(ModelBuilder, PutsVoidsIntoTheSolidAroundThem) {
         EXPECT_EQ(inside.State(), TopAbs_IN);
     }
     EXPECT_EQ(withVoids, 1);
+}
+
+/// A square plate with a triangular hole. Both loops go through one corner of the plate.
+TopoDS_Shape plateWithTouchingHole() {
+    const TopoDS_Vertex shared = BRepBuilderAPI_MakeVertex(gp_Pnt(0, 0, 0));
+    const auto corner = [](double x, double y) {
+        return TopoDS_Vertex(BRepBuilderAPI_MakeVertex(gp_Pnt(x, y, 0)));
+    };
+    BRepBuilderAPI_MakePolygon border(shared, corner(10, 0), corner(10, 10), corner(0, 10), true);
+    BRepBuilderAPI_MakePolygon hole(shared, corner(4, 6), corner(6, 4), true);
+    BRepBuilderAPI_MakeFace face(border.Wire(), true);
+    face.Add(hole.Wire());
+    return BRepPrimAPI_MakePrism(face.Face(), gp_Vec(0, 0, 3)).Shape();
+}
+
+TEST(ModelBuilder, LetsLoopsTouchAtAVertex) {
+    const TopoDS_Shape original = plateWithTouchingHole();
+    const Rebuilt result = rebuilt(recordOfShape(original));
+    EXPECT_TRUE(result.dropped.empty()) << result.dropped.front().why;
+    EXPECT_EQ(result.figures.valid, true);
+    EXPECT_NEAR(result.figures.volumeM3 * 1e9, (100.0 - 10.0) * 3.0, 1e-9);
 }
 
 TEST(ModelBuilder, LeavesWhatIsMissingOpen) {
