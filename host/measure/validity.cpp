@@ -96,7 +96,7 @@ std::string faultOf(const TopoDS_Face& face) {
     if (check.IsValid()) return {};
     TopTools_IndexedMapOfShape parts;
     TopExp::MapShapes(face, parts);
-    for (int i = 1; i <= parts.Extent(); ++i) {
+    for (int i = parts.Extent(); i >= 1; --i) { // the smallest parts last: they are the causes
         std::string fault = faultIn(check.Result(parts(i)));
         if (!fault.empty()) return fault;
     }
