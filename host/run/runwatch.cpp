@@ -28,7 +28,11 @@ RunWatch::RunWatch(const Services& services, const std::string& what, ProgressSt
 
 RunWatch::~RunWatch() {
     endProcesses();
-    done_ = true;
+    {
+        const std::lock_guard lock(mutex_);
+        isOver_ = true;
+    }
+    ending_.notify_one();
     thread_.join();
     tap_.close();
     display_.finish();
@@ -46,8 +50,13 @@ void RunWatch::watch() {
             display_.tick(dialog_->isAsking());
         } catch (const std::bad_alloc&) { // the next turn may have more
         }
-        std::this_thread::sleep_for(turn);
-    } while (!done_);
+    } while (!isOverAfterTurn());
+}
+
+/// Returns early when the end comes within the turn.
+bool RunWatch::isOverAfterTurn() {
+    std::unique_lock lock(mutex_);
+    return ending_.wait_for(lock, turn, [this] { return isOver_; });
 }
 
 /// Repeated at every turn, so that a server which starts after the interrupt is stopped as well.

@@ -9,9 +9,10 @@
 #include "platform/channels.h"
 #include "platform/process.h"
 
-#include <atomic>
 #include <chrono>
+#include <condition_variable>
 #include <cstdint>
+#include <mutex>
 #include <set>
 #include <string>
 #include <thread>
@@ -45,6 +46,7 @@ private:
     using Clock = std::chrono::steady_clock;
 
     void watch();
+    bool isOverAfterTurn();
     void passInterruptsOn();
 
     IPtr<BusyState> busyState_;
@@ -54,7 +56,9 @@ private:
     platform::ErrorTap tap_;
     Clock::time_point askedToStop_{};
     std::set<std::uint32_t> asked_; ///< processes
-    std::atomic<bool> done_ = false;
+    std::mutex mutex_;
+    std::condition_variable ending_;
+    bool isOver_ = false; ///< guarded by mutex_
     std::thread thread_;
 };
 
