@@ -16,6 +16,8 @@
 #include <TopoDS_Compound.hxx>
 #include <TopoDS_Iterator.hxx>
 
+#include <algorithm>
+
 namespace host {
 namespace {
 
@@ -77,7 +79,8 @@ private:
     }
 
     void drawPicture() const {
-        const ShapeMesh mesh = meshOf(all_);
+        const int pixels = std::max(order_.pictureWidth, order_.pictureHeight);
+        const ShapeMesh mesh = meshOf(all_, MeshFineness::forPixels(pixels));
         writePng(pictureOf(mesh, order_.pictureWidth, order_.pictureHeight), order_.picture);
     }
 

@@ -23,9 +23,6 @@
 namespace host {
 namespace {
 
-constexpr double deflectionShare = 5e-4; ///< of the shape's diagonal
-constexpr double deflectionRadians = 0.25;
-
 /// Where a fold leaves no direction, any will do.
 gp_Vec unit(const gp_Vec& v) {
     return v.Magnitude() > gp::Resolution() ? v.Normalized() : gp_Vec(0.0, 0.0, 1.0);
@@ -86,17 +83,17 @@ void takeParts(const TopoDS_Shape& shape, int& number, ShapeMesh& result) {
 
 } // namespace
 
-void triangulate(const TopoDS_Shape& shape) {
+void triangulate(const TopoDS_Shape& shape, const MeshFineness& fineness) {
     Bnd_Box box;
     BRepBndLib::Add(shape, box, false);
     if (box.IsVoid() || box.IsOpen()) return;
     const double diagonal = std::sqrt(box.SquareExtent());
-    BRepMesh_IncrementalMesh mesher(shape, std::max(deflectionShare * diagonal, 1e-7), false,
-                                    deflectionRadians, false);
+    BRepMesh_IncrementalMesh mesher(shape, std::max(fineness.diagonalShare * diagonal, 1e-7), false,
+                                    fineness.radians, false);
 }
 
-ShapeMesh meshOf(const TopoDS_Shape& shape) {
-    triangulate(shape);
+ShapeMesh meshOf(const TopoDS_Shape& shape, const MeshFineness& fineness) {
+    triangulate(shape, fineness);
     ShapeMesh result;
     int number = 0;
     takeParts(shape, number, result);

@@ -6,6 +6,7 @@
 #include <gp_Pnt.hxx>
 #include <gp_Vec.hxx>
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -25,11 +26,20 @@ struct ShapeMesh {
     std::vector<std::vector<gp_Pnt>> edges; ///< polylines; those without extent are left out
 };
 
-/// Puts triangles into the shape, unless it has them, fine enough for a picture that it fills. May
-/// throw what the kernel throws.
-void triangulate(const TopoDS_Shape& shape);
+/// How far triangles may be from the surface.
+struct MeshFineness {
+    double diagonalShare = 5e-4; ///< a distance, as a share of the diagonal of the shape's box
+    double radians = 0.25;       ///< between the normals of neighbouring triangles
+
+    /// For a picture that the shape fills: half a pixel. Its shading doesn't need more, since it
+    /// interpolates normals.
+    static MeshFineness forPixels(int pixels) { return {0.5 / std::max(pixels, 1), 0.5}; }
+};
+
+/// Puts triangles into the shape, unless it has such fine ones. May throw what the kernel throws.
+void triangulate(const TopoDS_Shape& shape, const MeshFineness& fineness = {});
 
 /// Triangulates and takes out. Faces that the kernel could not triangulate are left out.
-ShapeMesh meshOf(const TopoDS_Shape& shape);
+ShapeMesh meshOf(const TopoDS_Shape& shape, const MeshFineness& fineness = {});
 
 } // namespace host
