@@ -28,8 +28,12 @@ namespace server {
 namespace {
 
 constexpr double greatestDisagreement = 1e-3; ///< relative
-constexpr double coarsestDeflection = 1e-3;   ///< of the face's diagonal
-constexpr double meshAngle = 0.1;
+
+/// How far triangles may stray: a share of the face's diagonal, and an angle.
+struct Fineness {
+    double share, radians;
+};
+constexpr Fineness coarseMesh{1e-3, 0.5}, fineMesh{1.25e-4, 0.1};
 
 struct Figures {
     double area = 0.0, volume = 0.0;
@@ -44,9 +48,11 @@ bool isFinite(const Figures& figures) {
     return std::isfinite(figures.area) && std::isfinite(figures.volume) && figures.area >= 0;
 }
 
-bool agree(const Figures& a, const Figures& b, const Allowance& allowance) {
-    return std::abs(a.area - b.area) <= allowance.area &&
-           std::abs(a.volume - b.volume) <= allowance.volume;
+/// How far two figures for one face are apart, in allowances.
+double distance(const Figures& a, const Figures& b, const Allowance& allowance) {
+    constexpr double least = 1e-300; // a face without area allows nothing
+    return std::max(std::abs(a.area - b.area) / std::max(allowance.area, least),
+                    std::abs(a.volume - b.volume) / std::max(allowance.volume, least));
 }
 
 template <class Measure> std::optional<Figures> figuresOf(const Measure& measure) {
@@ -107,39 +113,50 @@ double diagonalOf(const TopoDS_Face& face) {
 }
 
 std::optional<Figures> meshFigures(const TopoDS_Face& face, const gp_Pnt& reference,
-                                   double relativeDeflection) {
+                                   const Fineness& fineness) {
     return figuresOf([&] {
         const TopoDS_Face copy = TopoDS::Face(BRepBuilderAPI_Copy(face).Shape());
         BRepTools::Clean(copy);
-        const double deflection = relativeDeflection * diagonalOf(copy);
-        BRepMesh_IncrementalMesh(copy, deflection, Standard_False, meshAngle);
+        const double deflection = fineness.share * diagonalOf(copy);
+        BRepMesh_IncrementalMesh(copy, deflection, Standard_False, fineness.radians);
         return sumOfTriangles(copy, reference);
     });
 }
 
-/// What the mesh says, and how far it can be trusted: by what it changes when it gets finer.
-std::optional<FaceMeasure> meshed(const TopoDS_Face& face, const gp_Pnt& reference) {
-    const auto coarse = meshFigures(face, reference, coarsestDeflection);
-    const auto fine = meshFigures(face, reference, coarsestDeflection / 8);
-    if (!coarse || !fine) return std::nullopt;
-    return FaceMeasure{fine->area, fine->volume, std::abs(fine->area - coarse->area),
-                       std::abs(fine->volume - coarse->volume)};
+/// The integral that a mesh bears out. Without a second one within the allowance that may be the
+/// one that is much nearer to it than the other, so that a coarse mesh will do.
+std::optional<FaceMeasure> clearlyNearest(const Figures& mesh, const Allowance& allowance,
+                                          const std::optional<Figures>& own,
+                                          const std::optional<Figures>& kernel) {
+    constexpr double muchNearer = 5.0;
+    const double far = HUGE_VAL;
+    const double ownDistance = own ? distance(*own, mesh, allowance) : far;
+    const double kernelDistance = kernel ? distance(*kernel, mesh, allowance) : far;
+    const bool isOwn = ownDistance <= kernelDistance;
+    const double nearer = std::min(ownDistance, kernelDistance);
+    const bool isClear =
+        nearer <= 1.0 ||
+        (own && kernel && muchNearer * nearer <= std::max(ownDistance, kernelDistance));
+    if (!isClear) return std::nullopt;
+    const Figures& figures = isOwn ? *own : *kernel;
+    return FaceMeasure{figures.area, figures.volume};
 }
 
-/// One of the integrals where the mesh bears it out, else the mesh itself.
+/// One of the integrals where a mesh bears it out, else the mesh itself with what it changes when
+/// it gets finer.
 std::optional<FaceMeasure> decided(const TopoDS_Face& face, const gp_Pnt& reference,
                                    const Allowance& allowance, const std::optional<Figures>& own,
                                    const std::optional<Figures>& kernel) {
-    const auto mesh = meshed(face, reference);
-    if (!mesh) return std::nullopt;
-    const Allowance nearMesh{std::max(allowance.area, mesh->areaUncertainty),
-                             std::max(allowance.volume, mesh->volumeUncertainty)};
-    for (const auto& figures : {own, kernel}) {
-        if (figures && agree(*figures, {mesh->area, mesh->volume}, nearMesh)) {
-            return FaceMeasure{figures->area, figures->volume};
-        }
-    }
-    return mesh;
+    const auto coarse = meshFigures(face, reference, coarseMesh);
+    if (!coarse) return std::nullopt;
+    if (const auto clear = clearlyNearest(*coarse, allowance, own, kernel)) return clear;
+    const auto fine = meshFigures(face, reference, fineMesh);
+    if (!fine) return std::nullopt;
+    const FaceMeasure mesh{fine->area, fine->volume, std::abs(fine->area - coarse->area),
+                           std::abs(fine->volume - coarse->volume)};
+    const Allowance nearMesh{std::max(allowance.area, mesh.areaUncertainty),
+                             std::max(allowance.volume, mesh.volumeUncertainty)};
+    return clearlyNearest(*fine, nearMesh, own, kernel).value_or(mesh);
 }
 
 } // namespace
@@ -150,7 +167,7 @@ std::optional<FaceMeasure> measured(const TopoDS_Face& face, const gp_Pnt& refer
     const double area = std::max(own ? own->area : 0.0, kernel ? kernel->area : 0.0);
     const Allowance allowance{greatestDisagreement * area,
                               greatestDisagreement * area * reach / 3.0};
-    if (own && kernel && agree(*own, *kernel, allowance))
+    if (own && kernel && distance(*own, *kernel, allowance) <= 1.0)
         return FaceMeasure{own->area, own->volume};
     return decided(face, reference, allowance, own, kernel);
 }
