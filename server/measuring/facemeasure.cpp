@@ -112,7 +112,7 @@ std::optional<Figures> meshFigures(const TopoDS_Face& face, const gp_Pnt& refere
         const TopoDS_Face copy = TopoDS::Face(BRepBuilderAPI_Copy(face).Shape());
         BRepTools::Clean(copy);
         const double deflection = relativeDeflection * diagonalOf(copy);
-        BRepMesh_IncrementalMesh(copy, deflection, Standard_False, meshAngle);
+        const BRepMesh_IncrementalMesh mesher(copy, deflection, Standard_False, meshAngle);
         return sumOfTriangles(copy, reference);
     });
 }
