@@ -11,7 +11,7 @@ build_packages=(
 test_packages=(
   clang clang-format libclang-rt-14-dev qtbase5-dev libgtest-dev libgmock-dev
   occt-misc binutils python3 git locales
-  reuse
+  reuse clang-tidy lintian dpkg-dev
 )
 # What the library races against in benchmarks/.
 benchmark_packages=(
