@@ -33,17 +33,24 @@ void tell(const host::WorkerLine& line) {
 }
 
 void describe(CLI::App& app, Arguments& arguments) {
-    app.add_option("record", arguments.record, "The record file")->required();
-    app.add_option("--picture", arguments.order.picture, "Write a picture (PNG)");
-    app.add_option("--size", arguments.size, "Of the picture, as WIDTHxHEIGHT")
-        ->capture_default_str();
-    app.add_option("--export", arguments.order.exportFile, "Write .brep, .step, .stl or .glb");
-    app.add_option("--skip", arguments.skipped, "Leave a step out, as MODEL/WHAT/IDENTIFIER");
+    app.add_option("RECORD", arguments.record, "The record file")->required();
+    app.add_option("--picture", arguments.order.picture, "Write a picture (PNG)")
+        ->type_name("FILE");
+    app.add_option("--size", arguments.size, "Of the picture, in pixels; default: 1024x768")
+        ->type_name("WIDTHxHEIGHT");
+    app.add_option("--export", arguments.order.exportFile, "Write .brep, .step, .stl or .glb")
+        ->type_name("FILE");
+    app.add_option("--skip", arguments.skipped, "Leave a step out, such as 1/face/12; repeatable")
+        ->type_name("MODEL/WHAT/IDENTIFIER")
+        ->allow_extra_args(false);
     app.add_flag("--measures", arguments.order.tellsMeasures, "Tell what each face measures");
-    app.add_option("--memory", arguments.memoryBytes, "Use at most so many bytes; 0: no limit");
+    app.add_option("--memory", arguments.memoryBytes, "Use at most so many bytes; 0: no limit")
+        ->type_name("BYTES");
     app.add_option("--time", arguments.timeMs,
-                   "Use at most so many milliseconds of processor time; 0: no limit");
-    app.add_option("--step-time", arguments.stepTimeMs, "The same for one step");
+                   "Use at most so many milliseconds of processor time; 0: no limit")
+        ->type_name("MILLISECONDS");
+    app.add_option("--step-time", arguments.stepTimeMs, "The same for one step")
+        ->type_name("MILLISECONDS");
 }
 
 /// The size and the skipped steps, which are texts so far; false when one of them isn't any.

@@ -1,7 +1,10 @@
 # SPDX-License-Identifier: Apache-2.0
 # What is installed: the libraries with their headers and a package for find_package(brix), the
-# module, the programs, and a manual page for each, made from its --help.
+# module and the programs. Each file belongs to one of two components, which the packages are made of:
+# "programs", or "development" where nothing else is said.
 include(CMakePackageConfigHelpers)
+
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME development)
 
 set(brix_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/brix)
 
@@ -31,23 +34,10 @@ install(DIRECTORY platform component zelbasictypes cadimport client
   PATTERN "platform/posix" EXCLUDE
   PATTERN "platform/windows" EXCLUDE)
 
-install(TARGETS brix LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/brix)
+install(TARGETS brix LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/brix COMPONENT programs)
 # The programs find each other and the module by where they stand.
 set(brix_programs brix-import direct-dump kor-dump)
 if(BRIX_WITH_OPENCASCADE)
   list(APPEND brix_programs cad-importer-server brix-rebuild)
 endif()
-install(TARGETS ${brix_programs} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-
-find_program(HELP2MAN help2man)
-if(HELP2MAN)
-  foreach(program ${brix_programs})
-    add_custom_command(OUTPUT ${program}.1
-      COMMAND ${HELP2MAN} --no-info --no-discard-stderr --output=${program}.1 $<TARGET_FILE:${program}>
-      DEPENDS ${program}
-      VERBATIM)
-    list(APPEND brix_manual_pages ${CMAKE_CURRENT_BINARY_DIR}/${program}.1)
-  endforeach()
-  add_custom_target(brix-manual ALL DEPENDS ${brix_manual_pages})
-  install(FILES ${brix_manual_pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-endif()
+install(TARGETS ${brix_programs} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT programs)

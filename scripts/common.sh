@@ -3,7 +3,7 @@
 # do and how long they took. Sourced, not run.
 
 build_packages=(
-  g++ cmake ninja-build pkg-config
+  g++ cmake ninja-build pkg-config scdoc
   qt6-base-dev libcli11-dev nlohmann-json3-dev libpng-dev
   libocct-foundation-dev libocct-modeling-data-dev libocct-modeling-algorithms-dev
   libocct-data-exchange-dev libocct-ocaf-dev libocct-visualization-dev
@@ -11,6 +11,7 @@ build_packages=(
 test_packages=(
   clang clang-format libclang-rt-14-dev qtbase5-dev libgtest-dev libgmock-dev
   occt-misc binutils python3 git locales
+  reuse clang-tidy lintian dpkg-dev
 )
 # What the library races against in benchmarks/.
 benchmark_packages=(

@@ -136,7 +136,8 @@ IGES (.iges, .igs), BREP (.brep, .brp).
                          the figures, so that a host can compare (default: on)
   -TimeLimit SECONDS     processor time that the run may use (default: 120, and
                          30 more for each megabyte of the file; 0: no limit)
-  -MemoryLimit MEGABYTES memory that the process may have, its programs included
+  -MemoryLimit MEGABYTES
+                         memory that the process may have, its code included
                          (default: 0, no limit)
   -Batch, -Interactive, -Passive
                          accepted; the server never asks anything
@@ -146,7 +147,7 @@ IGES (.iges, .igs), BREP (.brep, .brp).
                          host, imports at once
   -DataSocket HOST PORT, -ResultFile FILE
                          accepted; not used
-  --help                 show this text
+  -h, --help             show this text
   --version              show the version
 
 Progress goes to standard error in lines like "progress 40 % writing faces".

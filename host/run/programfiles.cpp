@@ -28,8 +28,7 @@ QString findBeside(const QStringList& folders, const QStringList& names) {
 } // namespace
 
 QString defaultModule() {
-    return findBeside({QString(), QStringLiteral("../lib/brix/"), QStringLiteral("../lib64/brix/"),
-                       QStringLiteral("../lib/"), QStringLiteral("../lib64/")},
+    return findBeside({QString(), QStringLiteral(BRIX_MODULE_FOLDER "/")},
                       {QStringLiteral("brix.so"), QStringLiteral("libbrix.so"),
                        QStringLiteral("brix.dll"), QStringLiteral("libbrix.dll")});
 }

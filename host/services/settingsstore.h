@@ -21,6 +21,10 @@ class SettingsStore : public IDataStore {
 public:
     /// Sets the keys of a UTF-8 file with "[Section]" lines, "Name=value" lines and comments behind
     /// "#" or ";" at the start of a line. False when it can't be read.
+    ///
+    /// Keys and values are what the file says, letter by letter. QSettings would change them: it
+    /// drops the section "General", decodes "%" and backslashes, ends a value at ";", makes a list
+    /// of one with commas, and with Qt 5 takes keys for Latin-1.
     bool load(const QString& fileName);
     /// Takes "Section/Name=value"; false for a word without "=" or without a key.
     bool setFromWord(const QString& word);

@@ -118,7 +118,7 @@ std::optional<Figures> meshFigures(const TopoDS_Face& face, const gp_Pnt& refere
         const TopoDS_Face copy = TopoDS::Face(BRepBuilderAPI_Copy(face).Shape());
         BRepTools::Clean(copy);
         const double deflection = fineness.share * diagonalOf(copy);
-        BRepMesh_IncrementalMesh(copy, deflection, Standard_False, fineness.radians);
+        const BRepMesh_IncrementalMesh mesher(copy, deflection, Standard_False, fineness.radians);
         return sumOfTriangles(copy, reference);
     });
 }

@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iterator>
+#include <tuple>
 
 namespace {
 
@@ -72,6 +73,14 @@ bool ZelGuid::generate() {
     data3 = made.data3;
     std::copy(std::begin(made.data4), std::end(made.data4), data4);
     return true;
+}
+
+std::strong_ordering ZelGuid::operator<=>(const ZelGuid& other) const {
+    const std::strong_ordering numbers =
+        std::tie(data1, data2, data3) <=> std::tie(other.data1, other.data2, other.data3);
+    if (std::is_neq(numbers)) return numbers;
+    return std::lexicographical_compare_three_way(std::begin(data4), std::end(data4),
+                                                  std::begin(other.data4), std::end(other.data4));
 }
 
 void ZelGuid::toText(KorCString& out) const {

@@ -34,7 +34,8 @@ public:
     bool read(BinInput& stream);
 
     /// By the fields in turn, as unsigned numbers.
-    auto operator<=>(const ZelGuid&) const = default;
+    std::strong_ordering operator<=>(const ZelGuid& other) const;
+    bool operator==(const ZelGuid&) const = default;
     static bool equals(const ZelGuid& a, const ZelGuid& b) { return a == b; }
     static bool less(const ZelGuid& a, const ZelGuid& b) { return a < b; }
 

@@ -205,7 +205,7 @@ MemoryBucket*& BucketMemoryPool::slot(std::int32_t index) {
     if (index >= buckets.count) {
         void* items = buckets.items;
         const std::int32_t wanted = std::max(index + 1, buckets.count + buckets.count / 2);
-        buckets.capacity = korRealloc(&items, sizeof(MemoryBucket*), buckets.count, wanted);
+        buckets.capacity = korRealloc(&items, sizeof(void*), buckets.count, wanted);
         buckets.items = static_cast<MemoryBucket**>(items);
         std::fill(buckets.items + buckets.count, buckets.items + buckets.capacity, nullptr);
         buckets.count = buckets.capacity;

@@ -10,7 +10,9 @@
 
 namespace {
 
-using Header = BucketMemoryAllocator*;
+struct Header {
+    BucketMemoryAllocator* allocator;
+};
 constexpr std::int32_t headerBytes = 8;
 static_assert(sizeof(Header) <= headerBytes);
 
@@ -34,11 +36,11 @@ void* zelNewBlock(std::int32_t size) {
     if (size > std::numeric_limits<std::int32_t>::max() - headerBytes) zelReportOutOfMemory(size);
     void* start = nullptr;
     korMalloc(&start, 1, size + headerBytes);
-    *static_cast<Header*>(start) = ownAllocator();
+    static_cast<Header*>(start)->allocator = ownAllocator();
     return static_cast<char*>(start) + headerBytes;
 }
 
 void zelReleaseBlock(void* block) {
     void* start = static_cast<char*>(block) - headerBytes;
-    (*static_cast<Header*>(start))->freeBlock(start);
+    static_cast<Header*>(start)->allocator->freeBlock(start);
 }

@@ -1,0 +1,2 @@
+# Completion of @program@ for fish.
+@fish_operands@@fish_lines@

@@ -1,0 +1,2 @@
+#compdef @program@
+_arguments@zsh_specs@

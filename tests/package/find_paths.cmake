@@ -1,0 +1,10 @@
+# SPDX-License-Identifier: Apache-2.0
+# Run as a script with -DPATHS=... and -DFILES=...: fails if one of the files names one of the paths.
+foreach(file IN LISTS FILES)
+  foreach(path IN LISTS PATHS)
+    file(STRINGS ${file} found REGEX "${path}")
+    if(found)
+      message(SEND_ERROR "${file} names a path of this machine: ${found}")
+    endif()
+  endforeach()
+endforeach()
