@@ -42,6 +42,7 @@ std::int32_t errorColumns();
 /// system has no resources for a tap, nothing is intercepted. At most one tap may exist at a time.
 class ErrorTap {
 public:
+    /// Starts intercepting.
     explicit ErrorTap(std::function<void(std::string_view)> take);
     ErrorTap(const ErrorTap&) = delete;
     ErrorTap& operator=(const ErrorTap&) = delete;

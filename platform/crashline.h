@@ -13,16 +13,13 @@ namespace platform {
 /// no heap, so a signal handler may use it.
 template <std::size_t room> class FixedText {
 public:
-    /// Changes the text.
+    /// Changes or reads the text. The size is in bytes, without the terminator.
     /// @{
     void clear() { length = 0; }
     void append(const char* more) {
         while (*more && length < room - 1) text[length++] = *more++;
-        /// @}
         text[length] = '\0';
     }
-    /// Replaces the text, and reads it. The size is in bytes, without the terminator.
-    /// @{
     void assign(const char* other) {
         clear();
         append(other);
@@ -40,10 +37,9 @@ private:
 struct CrashLine {
     /// The name that opens the line.
     FixedText<128> program;
-    FixedText<4096> unlinkPath; ///< file to remove, in the system's form; empty for none
-    const char* (*describe)() =
-        nullptr;               ///< what the process was doing; may be null, and may answer null
-    std::int32_t exitCode = 1; ///< with which the process ends
+    FixedText<4096> unlinkPath;          ///< file to remove, in the system's form; empty for none
+    const char* (*describe)() = nullptr; ///< what the process does; may be null or answer null
+    std::int32_t exitCode = 1;           ///< with which the process ends
 
     FixedText<1024> text; ///< the line, once composed
     /// Fills `text`. `kind` names the crash, such as the signal.

@@ -46,9 +46,8 @@ inline constexpr std::int32_t writeOnly = 1;     ///< without reading
 inline constexpr std::int32_t readWrite = 2;     ///< both directions
 inline constexpr std::int32_t append = 0x8;      ///< every write goes to the end
 inline constexpr std::int32_t sequential = 0x20; ///< a hint: the file is read from front to back
-inline constexpr std::int32_t temporary =
-    0x40;                                     ///< the file is deleted when its descriptor is closed
-inline constexpr std::int32_t create = 0x100; ///< the file is made when it doesn't exist
+inline constexpr std::int32_t temporary = 0x40;  ///< deleted when its descriptor is closed
+inline constexpr std::int32_t create = 0x100;    ///< the file is made when it doesn't exist
 inline constexpr std::int32_t truncate = 0x200;  ///< the content of a regular file is dropped
 inline constexpr std::int32_t exclusive = 0x400; ///< with create: fails when the file exists
 inline constexpr std::int32_t text = 0x4000;     ///< CR LF on disk, on Windows only
@@ -152,6 +151,7 @@ struct FileIdentity {
     std::uint64_t device = 0;
     std::uint64_t number = 0;
     /// @}
+    /// Whether both are the same file.
     bool operator==(const FileIdentity&) const = default;
 };
 /// Stores the identity of what the path leads to; links are followed. False, with `identity` left

@@ -103,6 +103,7 @@ private:
 /// Holds a critical section for its lifetime.
 class CriticalSectionLock {
 public:
+    /// Enters `held`, which must outlive the lock.
     explicit CriticalSectionLock(CriticalSection& held) : section(held) { section.enter(); }
     ~CriticalSectionLock() { section.leave(); }
     CriticalSectionLock(const CriticalSectionLock&) = delete;

@@ -13,6 +13,7 @@ namespace platform {
 /// nothing is ever called in a program.
 class AtUnload {
 public:
+    /// Registers `callback`, which must not be null.
     explicit AtUnload(void (*callback)());
     AtUnload(const AtUnload&) = delete;
     AtUnload& operator=(const AtUnload&) = delete;
