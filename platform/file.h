@@ -71,11 +71,13 @@ Descriptor open(const char16_t* path, std::int32_t flags, std::int32_t sharing =
                 std::int32_t permission = readWritePermission);
 Descriptor open(const char* path, std::int32_t flags, std::int32_t sharing = share::denyNone,
                 std::int32_t permission = readWritePermission);
+/// @}
 /// Moves at most 0x7FFFFFFF bytes and returns their number: 0 at the end of the file, and less than
 /// was asked for when the disk is full.
 /// @{
 std::int64_t read(Descriptor file, void* buffer, std::uint64_t lengthBytes);
 std::int64_t write(Descriptor file, const void* buffer, std::uint64_t lengthBytes);
+/// @}
 /// Moves the position and returns it, counted from the beginning. `origin` is 0 for the beginning,
 /// 1 for the current position, 2 for the end.
 std::int64_t seek(Descriptor file, std::int64_t offset, std::int32_t origin);
@@ -103,6 +105,7 @@ std::FILE* streamOf(Descriptor file, const char* mode);
 /// @{
 bool seekStream(std::FILE* stream, std::int64_t offset, std::int32_t origin);
 std::int64_t tellStream(std::FILE* stream);
+/// @}
 /// Writes what the stream has buffered to the disk and returns true once it is there; the stream
 /// must have been opened with the letter c in its mode. Where there is no disk, such as for a pipe,
 /// only the buffer is written out.
@@ -171,6 +174,7 @@ std::int32_t unlink(const char16_t* path);
 std::int32_t unlink(const char* path);
 std::int32_t remove(const char16_t* path);
 std::int32_t remove(const char* path);
+/// @}
 /// Renames a file or directory; fails with Error::exists when `to` is there already. 0, or -1.
 /// @{
 std::int32_t rename(const char16_t* from, const char16_t* to);

@@ -14,6 +14,7 @@ using Module = void*;
 /// @{
 Module loadModule(const char16_t* path);
 Module loadModule(const char* path);
+/// @}
 /// The address of an exported symbol, or null.
 void* findEntry(Module module, const char* name);
 /// Unloads a module. Nothing may use its code or its static objects from here on.

@@ -17,6 +17,7 @@ public:
     /// @{
     virtual std::int32_t getBool(const char* key, std::int32_t fallback) = 0;
     virtual double getDouble(const char* key, double fallback) = 0;
+    /// @}
     /// The text of a key, borrowed until the key changes, or `fallback`, which may be null.
     virtual const KorString* getString(const char* key, const KorString* fallback) = 0;
     /// Reports later changes of the key to `receiver`. The store takes a reference to it.
