@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Messages as the frames that go over a control connection: a 32-bit count, the wire name, the
-// body.
+/// @file
+/// Messages as the frames that go over a control connection: a 32-bit count, the wire name, the
+/// body.
 #pragma once
 
 #include "cadimport/message.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The messages that steer the conversation and carry nothing of a model.
+/// @file
+/// The messages that steer the conversation and carry nothing of a model.
 #pragma once
 
 #include "cadimport/message.h"

@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
-// Creator: turns the messages of a model file into objects of the host.
-//
-// It keeps no copy of the model. The host's importer builds the topology, the host's shape objects
-// hold curves and surfaces; the Creator remembers which object stands behind which identifier of
-// the open model, how that model is scaled, and what it hands back when the reading is over.
-//
-// For one reading of a file: build a Creator, give it each valid message by `accept`, in the order
-// of the file, then take the lists. It enforces no order, but a curve or surface counts only for
-// the edges and faces that come behind it, and identifiers end with their model. Everything that
-// cannot be done is skipped without a word: an invalid message, an object that the host does not
-// supply, an identifier that stands for nothing.
-//
-// One thread uses a Creator; it has no locks.
+/// @file
+/// Creator: turns the messages of a model file into objects of the host.
+///
+/// It keeps no copy of the model. The host's importer builds the topology, the host's shape objects
+/// hold curves and surfaces; the Creator remembers which object stands behind which identifier of
+/// the open model, how that model is scaled, and what it hands back when the reading is over.
+///
+/// For one reading of a file: build a Creator, give it each valid message by `accept`, in the order
+/// of the file, then take the lists. It enforces no order, but a curve or surface counts only for
+/// the edges and faces that come behind it, and identifiers end with their model. Everything that
+/// cannot be done is skipped without a word: an invalid message, an object that the host does not
+/// supply, an identifier that stands for nothing.
+///
+/// One thread uses a Creator; it has no locks.
 #pragma once
 
 #include "cadimport/controlmessages.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The values of the messages as those of the host's modelling interfaces: the same numbers.
+/// @file
+/// The values of the messages as those of the host's modelling interfaces: the same numbers.
 #pragma once
 
 #include "cadimport/fieldtypes.h"

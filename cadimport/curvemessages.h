@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The curves of a model, named by edges and coedges.
+/// @file
+/// The curves of a model, named by edges and coedges.
 #pragma once
 
 #include "cadimport/fieldtypes.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Lines of the text dump that several messages share. The labels and blanks are those that readers
-// of old traces know, their misspellings included.
+/// @file
+/// Lines of the text dump that several messages share. The labels and blanks are those that readers
+/// of old traces know, their misspellings included.
 #pragma once
 
 #include "cadimport/fieldtypes.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The compound fields of messages: plain values, in the order in which they travel.
+/// @file
+/// The compound fields of messages: plain values, in the order in which they travel.
 #pragma once
 
 #include <QTypeInfo>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// How much a reader of frames believes of a count. What clients and servers say to each other is
-// words.
+/// @file
+/// How much a reader of frames believes of a count. What clients and servers say to each other is
+/// words.
 #pragma once
 
 #include <cstdint>

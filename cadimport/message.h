@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
-// Message: the base of all that client and server say to each other, and the forms it travels in.
-//
-// A record is the wire name as a string and the body behind it. A frame is a record with a 32-bit
-// byte count in front, as it goes over a socket. Numbers are big-endian; docs/formats.md has the
-// bytes. Streams that carry messages are set to version `streamVersion`.
-//
-// A message is created, filled once, looked at and deleted, by one thread at a time. Whoever gets
-// one from createMessage owns it. Nothing here reports an error: behind the end of the data fields
-// read as 0 and false, and `isValid` is the only guard.
+/// @file
+/// Message: the base of all that client and server say to each other, and the forms it travels in.
+///
+/// A record is the wire name as a string and the body behind it. A frame is a record with a 32-bit
+/// byte count in front, as it goes over a socket. Numbers are big-endian; docs/formats.md has the
+/// bytes. Streams that carry messages are set to version `streamVersion`.
+///
+/// A message is created, filled once, looked at and deleted, by one thread at a time. Whoever gets
+/// one from createMessage owns it. Nothing here reports an error: behind the end of the data fields
+/// read as 0 and false, and `isValid` is the only guard.
 #pragma once
 
 #include "cadimport/visitor.h"

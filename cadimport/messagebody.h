@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What MessageOf does, for the sources that instantiate it: each does so for its own classes.
+/// @file
+/// What MessageOf does, for the sources that instantiate it: each does so for its own classes.
 #pragma once
 
 #include "cadimport/message.h"

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// From a wire name to a new message.
-//
-// All wire names and their registrations stand in the source file of this header. Each message
-// class and createMessage need something of it, so that the linker takes it out of the static
-// library into whatever uses any of them, and all 26 classes with it: nothing has to be called.
+/// @file
+/// From a wire name to a new message.
+///
+/// All wire names and their registrations stand in the source file of this header. Each message
+/// class and createMessage need something of it, so that the linker takes it out of the static
+/// library into whatever uses any of them, and all 26 classes with it: nothing has to be called.
 #pragma once
 
 #include "cadimport/message.h"

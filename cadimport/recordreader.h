@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
-// RecordReader: reads a file of records quickly, and in memory that doesn't grow with the file.
-//
-// It yields what this loop yields, whatever bytes the file holds, at a fraction of the time:
-//
-//     QString wireName;
-//     stream >> wireName;
-//     Message* message = createMessage(messageRegistry(), wireName, stream);
-//
-// The file passes through a window of 256 kB. Wire names are compared as they lie there, and bodies
-// are decoded from there, whole runs of numbers at a time. The file is read, not mapped: one that
-// somebody cuts short meanwhile just ends earlier.
+/// @file
+/// RecordReader: reads a file of records quickly, and in memory that doesn't grow with the file.
+///
+/// It yields what this loop yields, whatever bytes the file holds, at a fraction of the time:
+///
+///     QString wireName;
+///     stream >> wireName;
+///     Message* message = createMessage(messageRegistry(), wireName, stream);
+///
+/// The file passes through a window of 256 kB. Wire names are compared as they lie there, and
+/// bodies are decoded from there, whole runs of numbers at a time. The file is read, not mapped:
+/// one that somebody cuts short meanwhile just ends earlier.
 #pragma once
 
 #include "cadimport/message.h"

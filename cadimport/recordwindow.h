@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// RecordWindow: a device that passes another one's bytes through a window of memory, where a
-// decoder may look at them in place.
+/// @file
+/// RecordWindow: a device that passes another one's bytes through a window of memory, where a
+/// decoder may look at them in place.
 #pragma once
 
 #include <QIODevice>

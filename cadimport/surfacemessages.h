@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// The surfaces of a model: five analytic ones on one frame, and the NURBS surface.
-//
-// No rule of validity looks at identifiers, ranges, directions, knots or grids.
+/// @file
+/// The surfaces of a model: five analytic ones on one frame, and the NURBS surface.
+///
+/// No rule of validity looks at identifiers, ranges, directions, knots or grids.
 #pragma once
 
 #include "cadimport/fieldtypes.h"

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// The frame of a model on the wire, and its topology: one message per entity.
-//
-// Entities name each other by `identifier`, which counts within one model, from its NewModel to its
-// EndModel; 0 names none. A message only carries the fields.
+/// @file
+/// The frame of a model on the wire, and its topology: one message per entity.
+///
+/// Entities name each other by `identifier`, which counts within one model, from its NewModel to
+/// its EndModel; 0 names none. A message only carries the fields.
 #pragma once
 
 #include "cadimport/fieldtypes.h"

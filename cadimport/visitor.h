@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// The acyclic visitor on which every receiver of messages rests.
-//
-// A receiver derives from BaseVisitor and from one Visitor per class that it handles, so that
-// neither messages nor receivers know the whole list of the other side.
+/// @file
+/// The acyclic visitor on which every receiver of messages rests.
+///
+/// A receiver derives from BaseVisitor and from one Visitor per class that it handles, so that
+/// neither messages nor receivers know the whole list of the other side.
 #pragma once
 
 #include <cstddef>

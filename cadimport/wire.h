@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
-// How the fields of a body become bytes and come back.
-//
-// A message hands its fields to `run` as long as their size is fixed, and each list to `list`. A
-// WireReader takes a run with one check of what is there, and the numbers of a list in large
-// pieces. At the end of the data it yields what reading value by value would: a number that isn't
-// wholly there is 0, and so is everything behind it.
-//
-// A list is read by one rule: a count of 0 or below empties it; else it gets elements until the
-// count is reached or the stream is at its end right behind one. So what is allocated grows with
-// the bytes that are there, whatever the count says. What the list held before is overwritten in
-// place, so that an object that is read into again and again stops allocating.
+/// @file
+/// How the fields of a body become bytes and come back.
+///
+/// A message hands its fields to `run` as long as their size is fixed, and each list to `list`. A
+/// WireReader takes a run with one check of what is there, and the numbers of a list in large
+/// pieces. At the end of the data it yields what reading value by value would: a number that isn't
+/// wholly there is 0, and so is everything behind it.
+///
+/// A list is read by one rule: a count of 0 or below empties it; else it gets elements until the
+/// count is reached or the stream is at its end right behind one. So what is allocated grows with
+/// the bytes that are there, whatever the count says. What the list held before is overwritten in
+/// place, so that an object that is read into again and again stops allocating.
 #pragma once
 
 #include "cadimport/fieldtypes.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Runs of numbers between the wire's byte order and the machine's.
+/// @file
+/// Runs of numbers between the wire's byte order and the machine's.
 #pragma once
 
 #include <QtGlobal>

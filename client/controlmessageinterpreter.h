@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The visitor that gives control messages their meaning on the client's side.
+/// @file
+/// The visitor that gives control messages their meaning on the client's side.
 #pragma once
 
 #include "cadimport/controlmessages.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Takes frames from a connection: a count of bytes, 32 bits, the most significant first, and as
-// many bytes behind it.
+/// @file
+/// Takes frames from a connection: a count of bytes, 32 bits, the most significant first, and as
+/// many bytes behind it.
 #pragma once
 
 #include "client/tcpsocket.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// How a host makes the runs of an import client connected ones. The client answers to this
-// interface by its name.
+/// @file
+/// How a host makes the runs of an import client connected ones. The client answers to this
+/// interface by its name.
 #pragma once
 
 #include "component/objects/izelunknown.h"

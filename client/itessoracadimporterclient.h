@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The host's door to the import.
+/// @file
+/// The host's door to the import.
 #pragma once
 
 #include "component/objects/izelunknown.h"

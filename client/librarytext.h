@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The library's texts and files as Qt's.
+/// @file
+/// The library's texts and files as Qt's.
 #pragma once
 
 #include "zelbasictypes/text/korstring.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The control thread that a host asked for, as a counted object.
+/// @file
+/// The control thread that a host asked for, as a counted object.
 #pragma once
 
 #include "client/clientcontrolthread.h"

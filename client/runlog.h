@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What a run has to say beyond dialogs, which are for decisions: the host may listen.
+/// @file
+/// What a run has to say beyond dialogs, which are for decisions: the host may listen.
 #pragma once
 
 #include <QLoggingCategory>

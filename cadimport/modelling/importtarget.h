@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The object of the host that an import is for, and the models that it hands out.
+/// @file
+/// The object of the host that an import is for, and the models that it hands out.
 #pragma once
 
 #include "component/objects/izelunknown.h"

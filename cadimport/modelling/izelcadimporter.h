@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// The host's topology builder. Entities are named by the identifiers of the messages; the importer
-// resolves them, whatever the order in which they come.
+/// @file
+/// The host's topology builder. Entities are named by the identifiers of the messages; the importer
+/// resolves them, whatever the order in which they come.
 #pragma once
 
 #include "cadimport/modelling/shapearguments.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A coordinate system of the host.
+/// @file
+/// A coordinate system of the host.
 #pragma once
 
 #include "component/objects/izelunknown.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What every shape object of the host can do, whatever its kind.
+/// @file
+/// What every shape object of the host can do, whatever its kind.
 #pragma once
 
 #include "component/objects/izelunknown.h"

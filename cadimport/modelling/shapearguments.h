@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The plain values that cross to the host's modelling component.
+/// @file
+/// The plain values that cross to the host's modelling component.
 #pragma once
 
 #include "zelbasictypes/math/zelvector3.h"

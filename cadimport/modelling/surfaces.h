@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// The surfaces of the host's modelling component. Each lookup by the interface's name yields a new
-// object with count 0. Points and lengths are in model units until IZelFeature::transform, angles
-// in radians. The trailing null pointers and zeros are always these constants.
+/// @file
+/// The surfaces of the host's modelling component. Each lookup by the interface's name yields a new
+/// object with count 0. Points and lengths are in model units until IZelFeature::transform, angles
+/// in radians. The trailing null pointers and zeros are always these constants.
 #pragma once
 
 #include "cadimport/modelling/shapearguments.h"

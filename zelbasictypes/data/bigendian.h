@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Numbers as they stand in a stream: most significant byte first, on every machine.
+/// @file
+/// Numbers as they stand in a stream: most significant byte first, on every machine.
 #pragma once
 
 #include <bit>

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// BinInput: typed numbers out of a device of bytes.
-//
-// Streams report without exceptions: a typed read is true when all its elements arrived, and at the
-// end of the data it is false while the stream stays good. One stream belongs to one thread.
+/// @file
+/// BinInput: typed numbers out of a device of bytes.
+///
+/// Streams report without exceptions: a typed read is true when all its elements arrived, and at
+/// the end of the data it is false while the stream stays good. One stream belongs to one thread.
 #pragma once
 
 #include "zelbasictypes/data/bigendian.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// BinInputFile: a BinInput on a FILE of the runtime library.
+/// @file
+/// BinInputFile: a BinInput on a FILE of the runtime library.
 #pragma once
 
 #include "zelbasictypes/data/bininput.h"

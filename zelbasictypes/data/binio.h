@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// All of BinIO: typed big-endian streams, their files, and the word that objects are known by.
+/// @file
+/// All of BinIO: typed big-endian streams, their files, and the word that objects are known by.
 #pragma once
 
 #include "zelbasictypes/data/bininput.h"

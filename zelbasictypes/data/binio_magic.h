@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The word by which stored objects say what they are: a 24-bit tag and an 8-bit version.
+/// @file
+/// The word by which stored objects say what they are: a 24-bit tag and an 8-bit version.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A hook on every byte that streams move to and from their devices.
+/// @file
+/// A hook on every byte that streams move to and from their devices.
 #pragma once
 
 #include <cstdint>

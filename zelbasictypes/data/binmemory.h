@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Streams on memory: bytes that are there already, and bytes that gather.
+/// @file
+/// Streams on memory: bytes that are there already, and bytes that gather.
 #pragma once
 
 #include "zelbasictypes/data/bininput.h"

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// BinOutput: typed numbers into a device of bytes, by way of a stage of 1024 bytes.
-//
-// Streams report without exceptions: an operation is false when the device took nothing of what it
-// was given. Bytes wait in the stage until it is full, the position changes or somebody flushes;
-// what is left there when the stream is destroyed is lost. One stream belongs to one thread.
+/// @file
+/// BinOutput: typed numbers into a device of bytes, by way of a stage of 1024 bytes.
+///
+/// Streams report without exceptions: an operation is false when the device took nothing of what it
+/// was given. Bytes wait in the stage until it is full, the position changes or somebody flushes;
+/// what is left there when the stream is destroyed is lost. One stream belongs to one thread.
 #pragma once
 
 #include "zelbasictypes/data/bigendian.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// BinOutputFile: a BinOutput on a FILE of the runtime library.
+/// @file
+/// BinOutputFile: a BinOutput on a FILE of the runtime library.
 #pragma once
 
 #include "zelbasictypes/data/binoutput.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Positions of the blocks that are open, outermost first.
+/// @file
+/// Positions of the blocks that are open, outermost first.
 #pragma once
 
 #include "zelbasictypes/memory/korrealloc.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The reading side of the data-model file: values and blocks in the order in which they stand.
+/// @file
+/// The reading side of the data-model file: values and blocks in the order in which they stand.
 #pragma once
 
 #include "component/objects/izelunknown.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The writing side of the data-model file.
+/// @file
+/// The writing side of the data-model file.
 #pragma once
 
 #include "component/objects/izelunknown.h"

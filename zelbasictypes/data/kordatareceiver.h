@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The base of what listens to the host's settings: hears everything and does nothing.
+/// @file
+/// The base of what listens to the host's settings: hears everything and does nothing.
 #pragma once
 
 #include "component/objects/services/izeldatareceiver.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The tags of data-model files.
+/// @file
+/// The tags of data-model files.
 #pragma once
 
 #include <cstdint>

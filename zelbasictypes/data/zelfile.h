@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Data-model files, read and written.
+/// @file
+/// Data-model files, read and written.
 #pragma once
 
 #include "zelbasictypes/data/zelfileread.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// ZelFileRead: reads data-model files; docs/formats.md tells what they look like.
+/// @file
+/// ZelFileRead: reads data-model files; docs/formats.md tells what they look like.
 #pragma once
 
 #include "zelbasictypes/data/blockpositions.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// ZelFileWrite: writes data-model files; docs/formats.md tells what they look like.
+/// @file
+/// ZelFileWrite: writes data-model files; docs/formats.md tells what they look like.
 #pragma once
 
 #include "zelbasictypes/data/blockpositions.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// ZelGuid, the 16-byte identifier of classes, components and stored object blocks.
+/// @file
+/// ZelGuid, the 16-byte identifier of classes, components and stored object blocks.
 #pragma once
 
 #include <compare>

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// What data-model readers and writers ask of the objects that they are handed.
-//
-// Any object fits whose virtual operations begin like these, in this order; nobody deletes an
-// object through them.
+/// @file
+/// What data-model readers and writers ask of the objects that they are handed.
+///
+/// Any object fits whose virtual operations begin like these, in this order; nobody deletes an
+/// object through them.
 #pragma once
 
 class BinInput;

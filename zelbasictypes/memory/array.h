@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The chunked array with elements of a type, read and written in place.
+/// @file
+/// The chunked array with elements of a type, read and written in place.
 #pragma once
 
 #include "zelbasictypes/memory/arraybase.h"

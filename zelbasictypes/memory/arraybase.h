@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-// A large array in chunks of one size, which come from the host's chunk manager.
-//
-// A chunk that was never written needs not be there: its elements read as zeros. Sizes and places
-// are counts of elements, and the rounded size stays below 2^32. Where the host has no chunk
-// manager the chunks come from the heap. A chunk that can't be had, even after the host gave memory
-// back, ends the process like any other failed allocation. An array belongs to one thread at a
-// time.
+/// @file
+/// A large array in chunks of one size, which come from the host's chunk manager.
+///
+/// A chunk that was never written needs not be there: its elements read as zeros. Sizes and places
+/// are counts of elements, and the rounded size stays below 2^32. Where the host has no chunk
+/// manager the chunks come from the heap. A chunk that can't be had, even after the host gave
+/// memory back, ends the process like any other failed allocation. An array belongs to one thread
+/// at a time.
 #pragma once
 
 #include <cstdint>

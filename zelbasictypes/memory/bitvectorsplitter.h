@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// How arrays of 32-bit words are cut: 2048 words to a chunk of 8192 bytes.
+/// @file
+/// How arrays of 32-bit words are cut: 2048 words to a chunk of 8192 bytes.
 #pragma once
 
 #include <cstdint>

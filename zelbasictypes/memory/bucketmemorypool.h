@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
-// The pool that keeps freed blocks by size class, and the one pool that a process works on.
-//
-// All calls here are safe from any thread, but that a pool that was the current one lives no longer
-// than its references: who takes the host's pool away, by destroying the current pool or by making
-// another, has the host hold on to it or the other threads pause. One lock guards the buckets of
-// all pools and the choice of the current pool; in front of the current pool each thread has a
-// small store of its own, which the pool takes back whenever it is asked for everything that it
-// keeps. Every block carries in front of it the way to give it back, so that it may outlive the
-// pool that it came from. Nothing here reports failure: an allocation that fails for good ends the
-// process.
-//
-// Each module links its own copy of all this, with a lock and a current pool of its own, but the
-// pools that modules share are reached through their virtual operations, and so through the copy
-// of the module that made them.
+/// @file
+/// The pool that keeps freed blocks by size class, and the one pool that a process works on.
+///
+/// All calls here are safe from any thread, but that a pool that was the current one lives no
+/// longer than its references: who takes the host's pool away, by destroying the current pool or by
+/// making another, has the host hold on to it or the other threads pause. One lock guards the
+/// buckets of all pools and the choice of the current pool; in front of the current pool each
+/// thread has a small store of its own, which the pool takes back whenever it is asked for
+/// everything that it keeps. Every block carries in front of it the way to give it back, so that it
+/// may outlive the pool that it came from. Nothing here reports failure: an allocation that fails
+/// for good ends the process.
+///
+/// Each module links its own copy of all this, with a lock and a current pool of its own, but the
+/// pools that modules share are reached through their virtual operations, and so through the copy
+/// of the module that made them.
 #pragma once
 
 #include "component/objects/services/ibucketmemorypool.h"

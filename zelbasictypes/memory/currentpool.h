@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Which pool the process works on, and the lock of all pools.
+/// @file
+/// Which pool the process works on, and the lock of all pools.
 #pragma once
 
 #include "zelbasictypes/memory/bucketmemorypool.h"

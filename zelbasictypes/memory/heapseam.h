@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// The heap and the end of the process as the allocators reach them, so that a test can stand in
-// for a machine without memory.
+/// @file
+/// The heap and the end of the process as the allocators reach them, so that a test can stand in
+/// for a machine without memory.
 #pragma once
 
 #include <cstddef>

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
-// The allocation of counted arrays.
-//
-// A caller never sees a failed allocation: these functions ask for less where they may, have the
-// host give memory back, go through a temporary file, and when nothing helps write the memory log,
-// tell the user and end the process with status -1. Sizes are in bytes and a block stays below
-// 2 GiB; what would be greater counts as memory that is not there. No lock is taken.
+/// @file
+/// The allocation of counted arrays.
+///
+/// A caller never sees a failed allocation: these functions ask for less where they may, have the
+/// host give memory back, go through a temporary file, and when nothing helps write the memory log,
+/// tell the user and end the process with status -1. Sizes are in bytes and a block stays below
+/// 2 GiB; what would be greater counts as memory that is not there. No lock is taken.
 #pragma once
 
 #include <cstdint>

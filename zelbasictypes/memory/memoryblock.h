@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The block that a pool hands out: in front of it stands the one who can free it.
+/// @file
+/// The block that a pool hands out: in front of it stands the one who can free it.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The freed blocks of one size class, the last one on top.
+/// @file
+/// The freed blocks of one size class, the last one on top.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The host's manager of memory chunks, kept once it has been found.
+/// @file
+/// The host's manager of memory chunks, kept once it has been found.
 #pragma once
 
 #include "component/objects/services/izelmmanager.h"

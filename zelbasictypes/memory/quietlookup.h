@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Asking the host for a service on behalf of an allocation.
+/// @file
+/// Asking the host for a service on behalf of an allocation.
 #pragma once
 
 #include <exception>

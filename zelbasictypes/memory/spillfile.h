@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The temporary file that keeps a block while the heap makes room for a greater one.
+/// @file
+/// The temporary file that keeps a block while the heap makes room for a greater one.
 #pragma once
 
 #include "zelbasictypes/text/korstring.h"

@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
-// The freed blocks that each thread keeps to itself, in front of the buckets of the current pool.
-//
-// What a thread frees and soon takes again stays with it and costs no lock. A store that runs full
-// or empty exchanges half its room with the bucket under the pool lock, oldest blocks first, so
-// that for one thread store and bucket together are the one stack that the bucket alone would be.
-//
-// Nothing is hidden from the pool: it can withdraw all stores from its service and empty them at
-// any moment. A thread says with plain writes that it is inside its store and looks whether it is
-// in service; whoever withdraws it takes it out of service, has the processor settle the order of
-// the two on all threads, and waits until nobody is inside. The cost is on the rare side: the
-// thread itself has no fence and no locked instruction.
+/// @file
+/// The freed blocks that each thread keeps to itself, in front of the buckets of the current pool.
+///
+/// What a thread frees and soon takes again stays with it and costs no lock. A store that runs full
+/// or empty exchanges half its room with the bucket under the pool lock, oldest blocks first, so
+/// that for one thread store and bucket together are the one stack that the bucket alone would be.
+///
+/// Nothing is hidden from the pool: it can withdraw all stores from its service and empty them at
+/// any moment. A thread says with plain writes that it is inside its store and looks whether it is
+/// in service; whoever withdraws it takes it out of service, has the processor settle the order of
+/// the two on all threads, and waits until nobody is inside. The cost is on the rare side: the
+/// thread itself has no fence and no locked instruction.
 #pragma once
 
 #include <array>

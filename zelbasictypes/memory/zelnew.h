@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Objects and arrays of the library whose allocation is never seen to fail: without memory it ends
-// the process, as korMalloc does, where the language's own ways would throw.
+/// @file
+/// Objects and arrays of the library whose allocation is never seen to fail: without memory it ends
+/// the process, as korMalloc does, where the language's own ways would throw.
 #pragma once
 
 #include "zelbasictypes/diagnostics/outofmemory.h"

@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
-// A set of small integers, one bit each.
-//
-// Element identifiers are 1-based. Bit 0 exists, but operations that mean all elements leave it
-// out. A negative index is no element: it tests as clear, and setting or clearing it does nothing.
-//
-// The words stand in one block, or, where the vector is large and the host has a chunk manager, in
-// chunks of which only those with set bits need exist. Both look the same from outside, but for
-// `maxBit`: the room of a large vector is a whole number of chunks of 65536 bits.
-//
-// A vector belongs to one thread at a time, or is only read; `count` writes its cache. The
-// parameters of an operation may be the vector itself. An allocation that fails for good ends the
-// process.
+/// @file
+/// A set of small integers, one bit each.
+///
+/// Element identifiers are 1-based. Bit 0 exists, but operations that mean all elements leave it
+/// out. A negative index is no element: it tests as clear, and setting or clearing it does nothing.
+///
+/// The words stand in one block, or, where the vector is large and the host has a chunk manager, in
+/// chunks of which only those with set bits need exist. Both look the same from outside, but for
+/// `maxBit`: the room of a large vector is a whole number of chunks of 65536 bits.
+///
+/// A vector belongs to one thread at a time, or is only read; `count` writes its cache. The
+/// parameters of an operation may be the vector itself. An allocation that fails for good ends the
+/// process.
 #pragma once
 
 #include "component/objects/zelshared.h"

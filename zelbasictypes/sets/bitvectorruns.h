@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// How the sources of the bit vector go over its words, run by run: one run for a dense vector, one
-// for each chunk of a large one.
+/// @file
+/// How the sources of the bit vector go over its words, run by run: one run for a dense vector, one
+/// for each chunk of a large one.
 #pragma once
 
 #include "zelbasictypes/sets/bitvector.h"

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
-// A set of small integers in blocks of 32768 bits, of which empty and full ones need no storage.
-//
-// Meant for large sets whose elements stand together: algebra passes over empty and full blocks
-// without touching a word. It stands in for a BitVector and the other way round: each can be made
-// from the other, the algebra takes both, and both have the same stream form. Indices are as there.
-//
-// A vector belongs to one thread at a time; `count` and `==` write its cache. Blocks come from a
-// free list of the whole process, which is safe on any thread.
+/// @file
+/// A set of small integers in blocks of 32768 bits, of which empty and full ones need no storage.
+///
+/// Meant for large sets whose elements stand together: algebra passes over empty and full blocks
+/// without touching a word. It stands in for a BitVector and the other way round: each can be made
+/// from the other, the algebra takes both, and both have the same stream form. Indices are as
+/// there.
+///
+/// A vector belongs to one thread at a time; `count` and `==` write its cache. Blocks come from a
+/// free list of the whole process, which is safe on any thread.
 #pragma once
 
 #include "component/objects/zelshared.h"

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
-// A map from identifiers to identifiers, which also serves as a forest of disjoint sets.
-//
-// Identifiers are 1-based, and an entry of 0 is no mapping. Entries that are no positive number of
-// 32 bits are kept but map to nothing. Missing chunks read as zeros, and the size is always a whole
-// number of chunks of 2048 entries. An array belongs to one thread at a time.
-//
-// As a forest, each entry links to an element of its set, and the smallest one, which links to
-// itself, is the root. The links must not run in a circle otherwise.
+/// @file
+/// A map from identifiers to identifiers, which also serves as a forest of disjoint sets.
+///
+/// Identifiers are 1-based, and an entry of 0 is no mapping. Entries that are no positive number of
+/// 32 bits are kept but map to nothing. Missing chunks read as zeros, and the size is always a
+/// whole number of chunks of 2048 entries. An array belongs to one thread at a time.
+///
+/// As a forest, each entry links to an element of its set, and the smallest one, which links to
+/// itself, is the root. The links must not run in a circle otherwise.
 #pragma once
 
 #include "zelbasictypes/sets/bitvector.h"

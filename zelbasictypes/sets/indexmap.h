@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// Reading an index array as a map from identifiers to identifiers.
-//
-// An entry that is no positive number of 32 bits is none.
+/// @file
+/// Reading an index array as a map from identifiers to identifiers.
+///
+/// An entry that is no positive number of 32 bits is none.
 #pragma once
 
 #include "zelbasictypes/sets/bitvector.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A walk over a bit vector that tells the host how far it is.
+/// @file
+/// A walk over a bit vector that tells the host how far it is.
 #pragma once
 
 #include "component/objects/services/izelprogress.h"

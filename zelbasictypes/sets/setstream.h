@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// The stream form that bit vectors of both kinds share, behind their identity word: the number of
-// words, the highest bit, the form, the number of set bits, and then all words or the set bits.
+/// @file
+/// The stream form that bit vectors of both kinds share, behind their identity word: the number of
+/// words, the highest bit, the form, the number of set bits, and then all words or the set bits.
 #pragma once
 
 #include <cstdint>

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// Single bits and ranges of bits in a run of words, the least significant bit of each word first.
-//
-// Positions count from the first bit of the run. A range is closed and may be empty, with its end
-// before its start.
+/// @file
+/// Single bits and ranges of bits in a run of words, the least significant bit of each word first.
+///
+/// Positions count from the first bit of the run. A range is closed and may be empty, with its end
+/// before its start.
 #pragma once
 
 #include <bit>

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// Loops over runs of 32-bit words, in the widest instructions that the machine has.
-//
-// The choice is made once at run time, so that nobody needs a special compiler flag. Runs need no
-// alignment, may be empty, and may be the same run; they don't overlap otherwise.
+/// @file
+/// Loops over runs of 32-bit words, in the widest instructions that the machine has.
+///
+/// The choice is made once at run time, so that nobody needs a special compiler flag. Runs need no
+/// alignment, may be empty, and may be the same run; they don't overlap otherwise.
 #pragma once
 
 #include <cstddef>
