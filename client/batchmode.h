@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-/// @file
-/// Whether the host wants no questions asked.
+// Whether the host wants no questions asked.
 #pragma once
 
 /// True when the setting "General/Show Batch Processing" is on or a macro runs. A host without the

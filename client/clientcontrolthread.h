@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-/// @file
-/// The client's live conversation with a running server: one connection, on which frames go both
-/// ways while the server works.
-///
-/// The thread connects, announces itself with an OKMessage and then waits for frames, each of which
-/// it hands on by a signal. It ends when it can't connect, when it is destroyed, and through
-/// criticalSignal at the end of the connection, at a failure of the system, and at a frame whose
-/// count is negative or above CADImport::longestFrameBytes; without a word, where a frame finds no
-/// memory. It can be started again after that.
+// The client's live conversation with a running server: one connection, on which frames go both
+// ways while the server works.
+//
+// The thread connects, announces itself with an OKMessage and then waits for frames, each of which
+// it hands on by a signal. It ends when it can't connect, when it is destroyed, and through
+// criticalSignal at the end of the connection, at a failure of the system, and at a frame whose
+// count is negative or above CADImport::longestFrameBytes; without a word, where a frame finds no
+// memory. It can be started again after that.
 #pragma once
 
 #include "client/framereader.h"

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-/// @file
-/// The visitor that gives control messages their meaning on the client's side.
+// The visitor that gives control messages their meaning on the client's side.
 #pragma once
 
 #include "cadimport/controlmessages.h"

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-/// @file
-/// The environment file: what a host adds to the process environment for the time of a run.
-///
-/// Lines are NAME=VALUE, narrow text, of which only ASCII reaches the server as it was. NAME is all
-/// before the first "=", VALUE all behind it up to the end of the line. A line that starts with
-/// "#", has no "=" or no name changes nothing; neither does an empty VALUE. A longer line than 4999
-/// bytes is taken in pieces of that length, each a line of its own.
+// The environment file: what a host adds to the process environment for the time of a run.
+//
+// Lines are NAME=VALUE, narrow text, of which only ASCII reaches the server as it was. NAME is all
+// before the first "=", VALUE all behind it up to the end of the line. A line that starts with "#",
+// has no "=" or no name changes nothing; neither does an empty VALUE. A longer line than 4999 bytes
+// is taken in pieces of that length, each a line of its own.
 #pragma once
 
 #include "zelbasictypes/text/korstring.h"

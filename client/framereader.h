@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-/// @file
-/// Takes frames from a connection: a count of bytes, 32 bits, the most significant first, and as
-/// many bytes behind it.
+// Takes frames from a connection: a count of bytes, 32 bits, the most significant first, and as
+// many bytes behind it.
 #pragma once
 
 #include "client/tcpsocket.h"

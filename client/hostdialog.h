@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-/// @file
-/// What the client says and asks through the host's simple dialog. Texts are keys in plain words
-/// and are translated. The service is looked up for each call and let go again.
+// What the client says and asks through the host's simple dialog. Texts are keys in plain words
+// and are translated. The service is looked up for each call and let go again.
 #pragma once
 
 #include <optional>

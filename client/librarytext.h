@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-/// @file
-/// The library's texts and files as Qt's.
+// The library's texts and files as Qt's.
 #pragma once
 
 #include "zelbasictypes/text/korstring.h"

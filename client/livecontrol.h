@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-/// @file
-/// The control thread that a host asked for, as a counted object.
+// The control thread that a host asked for, as a counted object.
 #pragma once
 
 #include "client/clientcontrolthread.h"

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-/// @file
-/// The files that a server leaves under an output base name: the model file BASE.direct, and the
-/// exported files beside it.
+// The files that a server leaves under an output base name: the model file BASE.direct, and the
+// exported files beside it.
 #pragma once
 
 #include "zelbasictypes/text/korstring.h"

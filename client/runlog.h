@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-/// @file
-/// What a run has to say beyond dialogs, which are for decisions: the host may listen.
+// What a run has to say beyond dialogs, which are for decisions: the host may listen.
 #pragma once
 
 #include <QLoggingCategory>

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-/// @file
-/// One IPv4 stream connection with blocking calls, for either side of it.
-///
-/// Nothing here throws but std::bad_alloc. Port and host are set first; then either connectTo or
-/// listenAndAccept makes the connection, as often as wanted. Both let go of what the object held
-/// before, and of what they made when they fail.
-///
-/// An object belongs to one thread, except that `send` and `receive` may run at the same time, on
-/// two threads, as may `interrupt` beside either of them.
+// One IPv4 stream connection with blocking calls, for either side of it.
+//
+// Nothing here throws but std::bad_alloc. Port and host are set first; then either connectTo or
+// listenAndAccept makes the connection, as often as wanted. Both let go of what the object held
+// before, and of what they made when they fail.
+//
+// An object belongs to one thread, except that `send` and `receive` may run at the same time, on
+// two threads, as may `interrupt` beside either of them.
 #pragma once
 
 #include "platform/socket.h"

@@ -1,24 +1,22 @@
 // SPDX-License-Identifier: Apache-2.0
-/// @file
-/// The client component: runs the CAD Importer server, reads the model that it left, and keeps the
-/// results for the host.
-///
-/// One run at a time, on the thread that calls importModel, which blocks until the server has gone.
-/// The process environment changes for the time of a run, for the whole host process.
-///
-/// A run with a control thread is a connected one: the same steps, and a conversation beside them.
-/// - A server that listens already, within half a second, is taken as it is; none is started. Only
-///   one that this client started in an earlier run is asked for a model and waited for.
-/// - A server just started has 10 seconds, as long as it runs, until it listens; the connection is
-///   tried anew ten times a second. One that doesn't listen works as in a direct run, but what it
-///   leaves isn't read.
-/// - The wait lasts until the server has gone, has said that it finished or breaks off, or has
-/// ended
-///   the connection. A server that still runs then is sent a FinishMessage and has one second to
-///   go; one that stays is given up, and may serve the next run. A wish to stop is noted and ends
-///   nothing.
-/// - The files that the server named are the exported files; no model file is read, so that the run
-///   is a success only when an earlier one left models.
+// The client component: runs the CAD Importer server, reads the model that it left, and keeps the
+// results for the host.
+//
+// One run at a time, on the thread that calls importModel, which blocks until the server has gone.
+// The process environment changes for the time of a run, for the whole host process.
+//
+// A run with a control thread is a connected one: the same steps, and a conversation beside them.
+// - A server that listens already, within half a second, is taken as it is; none is started. Only
+//   one that this client started in an earlier run is asked for a model and waited for.
+// - A server just started has 10 seconds, as long as it runs, until it listens; the connection is
+//   tried anew ten times a second. One that doesn't listen works as in a direct run, but what it
+//   leaves isn't read.
+// - The wait lasts until the server has gone, has said that it finished or breaks off, or has ended
+//   the connection. A server that still runs then is sent a FinishMessage and has one second to go;
+//   one that stays is given up, and may serve the next run. A wish to stop is noted and ends
+//   nothing.
+// - The files that the server named are the exported files; no model file is read, so that the run
+//   is a success only when an earlier one left models.
 #pragma once
 
 #include "client/environmentfile.h"
