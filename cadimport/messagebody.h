@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 /// @file
-/// What MessageOf does, for the sources that instantiate it: each does so for its own classes.
+/// The definitions of MessageOf, for the sources that instantiate it for their own classes.
 #pragma once
 
 #include "cadimport/message.h"
