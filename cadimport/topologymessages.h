@@ -22,7 +22,7 @@ class NewModel : public MessageOf<NewModel> {
 public:
     static const QString wireName;
     bool absolute = true;  ///< true: `accuracy` is a length; false: it is relative
-    double accuracy = 0.0; ///< greatest tolerance of the model
+    double accuracy = 0.0; ///< tolerance of the geometry
     double unit = 1.0;     ///< length of one model unit in millimetres
 
     bool isValid() const override;

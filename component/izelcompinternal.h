@@ -45,7 +45,7 @@ public:
     virtual void setScopeName(const KorCString& name) = 0;
     virtual const KorCString* scopeName() = 0;
     /// @}
-    /// Whether a failed assertion stops in the debugger.
+    /// Whether the host may break into a debugger; see zelBreakEnabled().
     /// @{
     virtual void setBreakEnabled(bool enabled) = 0;
     virtual bool breakEnabled() = 0;

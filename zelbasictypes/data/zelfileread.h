@@ -32,10 +32,8 @@ public:
     bool readMatrix(double value[16]) override;
     bool readVector(double value[3]) override;
     /// A block of another kind leaves the text empty and the reader good.
-    /// @{
     bool readWideString(KorString& value) override;
     bool readNarrowString(KorCString& value) override;
-    /// @}
     bool readDouble(double& value) override;
     bool readFloat(float& value) override;
     bool readUnsigned(std::uint32_t& value) override;

@@ -25,9 +25,9 @@ public:
 
     /// A writer without a stream. The destructor closes the file that create() makes.
     ZelFileWrite() = default;
-    /// Writes to `stream`, which stays the caller's. With `closeOnEnd`, closing or destroying the
-    /// writer ends the outermost block and flushes the stream; without it, ending the blocks is up
-    /// to the caller.
+    /// Writes to `stream`, which stays the caller's. With `closeOnEnd`, destroying the writer or
+    /// attaching another stream ends all open blocks and flushes; without it, they only end the
+    /// blocks.
     explicit ZelFileWrite(BinOutput* stream, bool closeOnEnd = false);
     ZelFileWrite(const ZelFileWrite&) = delete;
     ZelFileWrite& operator=(const ZelFileWrite&) = delete;

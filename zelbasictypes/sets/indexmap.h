@@ -23,7 +23,8 @@ inline std::int64_t mappedEnd(const BitVector::IndexMap& map) {
     return std::min<std::int64_t>(map.size(), most);
 }
 
-/// Calls `visit(i, j)` for each entry i -> j, in ascending i. `visit` may change entries up to i.
+/// Calls `visit(i, j)` for each entry i -> j, in ascending i. `visit` may change the map; later
+/// entries are visited with their new values.
 template <class Visit> void visitMapping(const BitVector::IndexMap& map, Visit visit) {
     for (std::int64_t i = 0; i < mappedEnd(map); ++i) {
         const auto place = static_cast<std::uint32_t>(i);
