@@ -44,7 +44,7 @@ template <class Field>
 using WireWords = std::array<typename WireWord<Field>::Type,
                              sizeof(Field) / sizeof(typename WireWord<Field>::Type)>;
 
-/// Takes numbers from bytes of which there are enough.
+/// Reads numbers from bytes known to be enough.
 struct WholeBytes {
     const uchar* at; ///< the next byte
 
@@ -56,7 +56,7 @@ struct WholeBytes {
     }
 };
 
-/// Takes numbers from bytes that may end within one: it and all behind it are 0.
+/// Reads numbers from bytes that may end within one; that number and all after it are 0.
 struct CutBytes {
     const uchar* at;  ///< the next byte
     const uchar* end; ///< after the last byte

@@ -20,8 +20,9 @@ using States = std::unique_ptr<unsigned char[], BlockFreer>;
 /// An empty set for a pattern of `length` characters; the end of the pattern is a position too.
 States makeStates(std::int32_t length);
 
-/// Carries the set of all places that the pattern can have reached from character to character of
-/// the text, so that nothing is ever tried twice. `before` and `after` are sets of makeStates.
+/// Matches all of `text`. The set of all positions that the pattern can have reached is carried
+/// from character to character, so that nothing is tried twice. `before` and `after` are sets of
+/// makeStates().
 template <class Unit>
 bool matches(std::basic_string_view<Unit> pattern, std::basic_string_view<Unit> text,
              unsigned char* before, unsigned char* after);

@@ -75,8 +75,8 @@ struct ZelMatrix4 {
     static ZelMatrix4 rotationBetween(const ZelVector3& from, const ZelVector3& to);
     /// I - 2 n nᵀ, which is a reflection only when n has length 1; it isn't normalised here.
     static constexpr ZelMatrix4 reflection(const ZelVector3& normal);
-    /// Scales depth to the range from 0 to 1, but has the offset of the depth at index 14, not 11.
-    /// In float arithmetic; extents of 0 give infinities or NaNs.
+    /// Scales depth to the range from 0 to 1, but puts the offset of the depth at index 14, not 11.
+    /// Computed in float arithmetic; extents of 0 give infinities or NaNs.
     static constexpr ZelMatrix4 orthographic(float width, float height, float nearDepth,
                                              float farDepth);
     /// A perspective view along -z. The angles span the whole field of view. Computed in float
@@ -125,11 +125,13 @@ struct ZelMatrix4 {
     /// Whether all entries except the translation are those of the identity; exact. The translation
     /// may be anything, even a NaN.
     constexpr bool isTranslation() const;
-    /// All else exactly as in `scaling`, the three factors within 1e-10 (absolute, not included) of
-    /// the cube root of their product, so that their signs agree.
+    /// Whether this is a uniform scaling: the three factors are within 1e-10 (absolute, exclusive)
+    /// of the cube root of their product, so that their signs agree, and everything else is exactly
+    /// as in scaling().
     bool isUniformScale() const;
-    /// Whether the columns of the upper left block have lengths within 1e-7 of 1 and products of at
-    /// most 1e-7 with each other, both included. A mirror passes; the rest isn't looked at.
+    /// Whether the columns of the upper left block have lengths within 1e-7 of 1 and scalar
+    /// products of at most 1e-7 with each other, inclusive. A reflection passes; the rest of the
+    /// matrix isn't looked at.
     bool isOrthonormal() const;
     /// Whether the upper left block is a turn, perhaps a mirrored one, times one factor: with L the
     /// squared length of its first column and e = 8 · 2⁻⁵², the other two squares are within
@@ -137,7 +139,8 @@ struct ZelMatrix4 {
     /// isn't. Unless null, `scale` gets the root of L in any case, negative for a similarity that
     /// mirrors.
     bool isSimilarity(double* scale) const;
-    /// Whether an entry of the upper left block beside its diagonal is above `tolerance` in size.
+    /// Whether the absolute value of an off-diagonal entry of the upper left block is above
+    /// `tolerance`.
     constexpr bool hasOffDiagonal(double tolerance) const;
     /// Of the upper left block.
     constexpr double determinant3() const;
@@ -149,10 +152,10 @@ struct ZelMatrix4 {
     /// The sum of the squares of the 16 differences; no root is taken.
     constexpr double distanceFromIdentity() const;
 
-    /// Divides by the fourth row's value, untested: a point on the plane at infinity gives
-    /// infinities or NaNs.
+    /// Maps a point. The division by the fourth row's value is unchecked: a point on the plane at
+    /// infinity gives infinities or NaNs.
     constexpr ZelVector3 transformPoint(const ZelVector3& p) const;
-    /// The upper left block only: no translation and no division.
+    /// Maps a direction, by the upper left block only: without translation and division.
     constexpr ZelVector3 transformVector(const ZelVector3& v) const;
     /// The same for three floats, computed in double and rounded once. `out` may be the input.
     /// @{
@@ -167,7 +170,7 @@ struct ZelMatrix4 {
     /// was, only when a column has nothing but zeros (or NaNs) left to divide by. What is singular
     /// but for rounding gives huge entries. `out` may be this matrix.
     bool invert(ZelMatrix4& out) const;
-    /// The identity when there is no inverse.
+    /// The inverse, or the identity when there is none.
     ZelMatrix4 inverse() const;
     /// Solves the upper left block times `out` = `rhs`. False, with `out` as it was, when the
     /// determinant is exactly 0. `out` may be `rhs`, here and below.
@@ -180,28 +183,30 @@ struct ZelMatrix4 {
     /// Solves this matrix times `out` = `rhs`. False, with `out` as it was, unless the determinant
     /// is above 1e-16 in size.
     constexpr bool solve4(const double rhs[4], double out[4]) const;
-    /// Makes the columns of the upper left block orthonormal, each by what it has beside those
-    /// before it. False when nothing is left of the third; a column of which nothing is left stays
-    /// short, and all three are written in any case.
+    /// Makes the columns of the upper left block orthonormal, each by removing its components along
+    /// the columns before it. False when nothing is left of the third. A column of which nothing is
+    /// left stays short, and all three are written in any case.
     bool orthonormalize();
 
-    /// Of the upper left block, which should be a turn; anything else gives numbers without a
-    /// meaning.
+    /// The rotation of the upper left block. A block that isn't a rotation gives meaningless
+    /// numbers.
     ZelQuaternion toQuaternion() const;
-    /// The turn as one about the x axis, then one about the y axis, then one about the z axis. The
-    /// block is cleaned first (`cleanRotation`), and a turn about one or two axes has 0 in place of
-    /// the third angle. Else y is from 0 to π/2 or above π, never negative. The cases are tried in
-    /// a fixed order, and the first that fits isn't always the turn: with a -1 on the diagonal it
-    /// is taken for one about a single axis, and a y of -π/2 beside another turn for π/2. A block
-    /// that isn't a turn gives numbers without a meaning, or NaNs.
+    /// The rotation as one about the x axis, followed by one about the y axis and one about the z
+    /// axis. The block is cleaned first (cleanRotation()). A rotation about one or two axes has 0
+    /// as its third angle; otherwise y is from 0 to π/2 or above π, never negative.
+    ///
+    /// The cases are tried in a fixed order, and the first that fits isn't always the right one.
+    /// With a -1 on the diagonal the rotation is taken for one about a single axis, and a y of -π/2
+    /// together with another rotation is taken for π/2. A block that isn't a rotation gives
+    /// meaningless numbers or NaNs.
     ZelVector3 toEulerAngles() const;
-    /// Of the turn, from 0 to 2π. A NaN where a scale, or rounding, makes the w of the quaternion
-    /// greater than 1.
+    /// The angle of the rotation, from 0 to 2π. A NaN when a scale or rounding makes the w of the
+    /// quaternion greater than 1.
     double rotationAngle() const;
-    /// The axis about which `rotationAngle` turns. Zero when there is no turn.
+    /// The axis of that rotation; zero when there is none.
     ZelVector3 rotationAxis() const;
-    /// Tidies a 3 by 3 block stored row by row: in each column entries below 0.0001 in size become
-    /// 0, and then the column gets the length 1. A column of zeros stays as it is.
+    /// Cleans a 3 by 3 block stored row by row: in each column, entries below 0.0001 in absolute
+    /// value become 0, and then the column is scaled to length 1. A column of zeros stays as it is.
     static void cleanRotation(double block[9]);
 
     /// Transfers four typed values per row. False at the first row that fails; the rows before it
@@ -224,9 +229,9 @@ inline constexpr ZelMatrix4 zelIdentityMatrix{};
 /// The product, which applies b first.
 constexpr ZelMatrix4 operator*(const ZelMatrix4& a, const ZelMatrix4& b);
 
-/// The 16 numbers row by row, each with a blank behind it, in the stream's own format.
+/// Writes the 16 numbers row by row, each followed by a blank, in the stream's own format.
 std::ostream& operator<<(std::ostream& out, const ZelMatrix4& matrix);
-/// Reads 16 numbers; when one fails the stream says so and `matrix` is as before.
+/// Reads 16 numbers. When one fails, the stream is in a failed state and `matrix` unchanged.
 std::istream& operator>>(std::istream& in, ZelMatrix4& matrix);
 
 #include "zelbasictypes/math/zelmatrix4_inline.h"

@@ -18,5 +18,5 @@ bool zelIsPrime(std::int32_t n);
 /// The smallest prime above `n`, 2 for any below 2. There is none for 2147483647: the result is 0.
 std::int32_t zelPrimeAbove(std::int32_t n);
 
-/// What has been counted up to this call. The one object that all calls share, never null.
+/// The counters up to this call, in one object that all calls share. Never null.
 const PrimeStatistics* zelPrimeStatistics();

@@ -15,6 +15,6 @@ struct ZelQuaternion {
     double z = 0.0;
     /// @}
 
-    /// Exact; a NaN makes it false.
+    /// Exact; false when a component is a NaN.
     constexpr bool operator==(const ZelQuaternion&) const = default;
 };

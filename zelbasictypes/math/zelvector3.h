@@ -44,8 +44,8 @@ struct ZelVector3 {
     /// A copy after normalize(), whether that succeeded or not: zero stays zero.
     ZelVector3 normalized() const;
 
-    /// The part along `onto`, which may have any length; zero when its square isn't above
-    /// 2.220446049250313e-16.
+    /// The component along `onto`, which may have any length; zero when the squared length of
+    /// `onto` isn't above 2.220446049250313e-16.
     constexpr ZelVector3 project(const ZelVector3& onto) const;
     /// The rest that project() leaves: the whole vector when `onto` is that short.
     constexpr ZelVector3 reject(const ZelVector3& onto) const;
@@ -55,11 +55,11 @@ struct ZelVector3 {
     /// Whether the length is from 1 - t to 1 + t, inclusive.
     bool isUnit(double t) const;
 
-    /// Whether the sine of the angle between them is at most about `t`, either way round. A zero
-    /// vector is parallel to all.
+    /// Whether the sine of the angle between the vectors is at most about `t`, in either direction.
+    /// A zero vector is parallel to all.
     static constexpr bool isParallel(const ZelVector3& a, const ZelVector3& b, double t);
-    /// Whether the cosine of the angle between them is at most `t`, either way round. A zero vector
-    /// is perpendicular to all.
+    /// Whether the cosine of the angle between the vectors is at most `t`, in either direction. A
+    /// zero vector is perpendicular to all.
     static constexpr bool isPerpendicular(const ZelVector3& a, const ZelVector3& b, double t);
     /// Whether the cosine of the angle between their lines is above `t`, or one of them is too
     /// short to tell.
@@ -104,9 +104,9 @@ constexpr ZelVector3 cross(const ZelVector3& a, const ZelVector3& b) {
 
 /// "(x,y,z)", the numbers in the stream's own format.
 std::ostream& operator<<(std::ostream& out, const ZelVector3& v);
-/// Reads that form, blanks allowed around every token. A wrong or missing character sets the stream
-/// to failbit, a bad number leaves the state that the stream gave itself; either way the reader
-/// stops there, and `v` is as before.
+/// Reads that form, with blanks allowed around every token. A wrong or missing character sets
+/// failbit; a bad number leaves the state that the stream has set itself. Reading stops there, and
+/// `v` is unchanged.
 std::istream& operator>>(std::istream& in, ZelVector3& v);
 
 constexpr ZelVector3 ZelVector3::project(const ZelVector3& onto) const {
