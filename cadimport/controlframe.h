@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Messages as the frames that go over a control connection: a 32-bit count, the wire name, the
-// body.
+/// @file
+/// Messages as frames of a control connection: a 32-bit count of bytes, the wire name, the body.
 #pragma once
 
 #include "cadimport/message.h"
@@ -11,9 +11,11 @@
 
 namespace CADImport {
 
+/// The frame of a message, complete with its count.
 QByteArray controlFrame(const Message& message);
 
-/// The message in what a frame's count counts; null for a name that isn't known.
+/// Parses the payload of one frame, that is the bytes after the count. Null when the wire name
+/// isn't registered.
 std::unique_ptr<Message> messageInFrame(const QByteArray& payload);
 
 } // namespace CADImport

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// The messages that steer the conversation and carry nothing of a model.
+/// @file
+/// The messages that control the conversation and carry no part of a model. Ownership and threads
+/// are those of Message.
 #pragma once
 
 #include "cadimport/message.h"
@@ -8,9 +10,10 @@
 
 namespace CADImport {
 
-/// A message that says everything by its wire name. It is always valid.
+/// A message that says everything by its wire name.
 template <class T> class Signal : public MessageOf<T> {
 public:
+    /// Always true.
     bool isValid() const override { return true; }
 
 private:
@@ -19,13 +22,13 @@ private:
     void dumpFields(QTextStream&) const {}
 };
 
-/// "OK": the client's first word on a new control connection.
+/// "OK": the first word of the client on a new control connection.
 class OKMessage : public Signal<OKMessage> {
 public:
     static const QString wireName;
 };
 
-/// "Escape": the server breaks off; the client ends its run.
+/// "Escape": the server gives up; the client ends its run.
 class EscapeMessage : public Signal<EscapeMessage> {
 public:
     static const QString wireName;
@@ -43,14 +46,15 @@ public:
     static const QString wireName;
 };
 
-/// "SetParameters": command-line words, a keyword one element and its values the next ones. Valid
-/// when there is a word.
+/// "SetParameters": words of a command line, each keyword and each of its values as one element.
+/// Valid when there is a word.
 class SetParameterMessage : public MessageOf<SetParameterMessage> {
 public:
     static const QString wireName;
-    QList<QString> parameters;
+    QList<QString> parameters; ///< the words
 
     SetParameterMessage() = default;
+    /// A message with these words.
     explicit SetParameterMessage(const QList<QString>& words) : parameters(words) {}
     bool isValid() const override;
 

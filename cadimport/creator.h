@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
-// Creator: turns the messages of a model file into objects of the host.
-//
-// It keeps no copy of the model. The host's importer builds the topology, the host's shape objects
-// hold curves and surfaces; the Creator remembers which object stands behind which identifier of
-// the open model, how that model is scaled, and what it hands back when the reading is over.
-//
-// For one reading of a file: build a Creator, give it each valid message by `accept`, in the order
-// of the file, then take the lists. It enforces no order, but a curve or surface counts only for
-// the edges and faces that come behind it, and identifiers end with their model. Everything that
-// cannot be done is skipped without a word: an invalid message, an object that the host does not
-// supply, an identifier that stands for nothing.
-//
-// One thread uses a Creator; it has no locks.
+/// @file
+/// Creator: turns the messages of a model file into objects of the host.
+///
+/// It keeps no copy of the model. The host's importer builds the topology, and the host's shape
+/// objects hold curves and surfaces. The Creator remembers which object belongs to which identifier
+/// of the open model, how that model is scaled, and what it returns when the file has been read.
+///
+/// For each reading of a file, make a Creator, pass each valid message to it by `accept` in the
+/// order of the file, then take the lists. No order is enforced, but a curve or surface is known
+/// only to the edges and faces that follow it, and identifiers end with their model. Whatever can't
+/// be done is skipped silently: an invalid message, an object that the host doesn't supply, an
+/// identifier that refers to nothing.
 #pragma once
 
 #include "cadimport/controlmessages.h"
@@ -34,6 +33,9 @@ class IZelImportTarget;
 
 namespace CADImport {
 
+/// The visitor that builds a model in the host. One thread uses a Creator; it has no locks. Lengths
+/// reach the host in model units and are scaled to metres by the shape objects; see
+/// IZelFeature::transform().
 class Creator : public BaseVisitor,
                 public Visitor<CreateArc, void, true>,
                 public Visitor<CreateBody, void, true>,
@@ -58,23 +60,28 @@ class Creator : public BaseVisitor,
                 public Visitor<NewModel, void, true>,
                 public Visitor<OKMessage, void, true> {
 public:
-    /// `importTarget` resolves finished models; it is not owned and outlives the Creator. The
-    /// importer is made from the host's class for it.
+    /// Makes the importer from the host's class for it. `importTarget` resolves finished models; it
+    /// isn't owned and must outlive the Creator. It may be null, and then no model is listed.
     explicit Creator(IZelImportTarget* importTarget);
     ~Creator() override;
     Creator(const Creator&) = delete;
     Creator& operator=(const Creator&) = delete;
 
-    /// False when the host has no class for the importer. Such a Creator must get no message.
+    /// False when the host has no class for the importer. Such a Creator must not be given any
+    /// message.
     bool hasImporter() const { return static_cast<bool>(importer); }
 
-    /// One entry per finished model that the host resolved, in order. The entries are the host's.
+    /// One entry for each finished model that the host has resolved, in order. The entries belong
+    /// to the host.
     const std::list<void*>& models() const { return models_; }
-    /// Replaces the two lists by one entry per coordinate system each, at the same positions. The
-    /// features, null where the host's object is none, come without a reference; the bit vectors
-    /// are new. Both belong to the caller from here on.
+    /// Replaces the two lists by one entry for each coordinate system, at the same positions. The
+    /// features come without a reference and may be null; the bit vectors are new. The caller owns
+    /// both from here on.
     void coordinateSystems(std::list<IZelFeature*>& features, std::list<BitVector*>& masks) const;
 
+    /// Builds the host's counterpart of the entity. Empty ones have none: the host needs no such
+    /// entity.
+    /// @{
     void visit(const CreateArc& message) override;
     void visit(const CreateBody&) override {}
     void visit(const CreateCoedge&) override {}
@@ -86,12 +93,15 @@ public:
     void visit(const CreateFace& message) override;
     void visit(const CreateGroup&) override {}
     void visit(const CreateLine& message) override;
-    /// Refused when it names fewer edges than coedges.
+    /// @}
+    /// Skipped when it names fewer edges than coedges.
     void visit(const CreateLoop& message) override;
-    /// Makes nothing: an edge on such a curve reaches the importer without a curve.
+    /// Builds nothing: an edge on such a curve reaches the importer without a curve.
     void visit(const CreateNURBSCurve& message) override;
-    /// Refused when the grid has no rows or a row shorter than the first.
+    /// Skipped when the grid has no rows or a row shorter than the first.
     void visit(const CreateNURBSSurface& message) override;
+    /// As the first ones. EndModel finishes the model and forgets its identifiers.
+    /// @{
     void visit(const CreatePlane& message) override;
     void visit(const CreateShell& message) override;
     void visit(const CreateSphere& message) override;
@@ -100,6 +110,7 @@ public:
     void visit(const EndModel& message) override;
     void visit(const NewModel& message) override;
     void visit(const OKMessage&) override {}
+    /// @}
 
 private:
     template <class Shape, class Stored, class Message, class Define>

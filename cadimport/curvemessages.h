@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// The curves of a model, named by edges and coedges.
+/// @file
+/// The curves of a model, which edges and coedges name. Lengths are in model units, angles in
+/// radians; docs/exchange.md has the parametric forms. Ownership and threads are those of Message.
 #pragma once
 
 #include "cadimport/fieldtypes.h"
@@ -9,13 +11,13 @@
 
 namespace CADImport {
 
-/// A line between two points. Always valid, also without a length.
+/// A line between two points. Always valid, even with a length of 0.
 class CreateLine : public MessageOf<CreateLine> {
 public:
     static const QString wireName;
-    int identifier = 0;
-    Point3 startPoint;
-    Point3 endPoint;
+    int identifier = 0; ///< of this curve
+    Point3 startPoint;  ///< in model units
+    Point3 endPoint;    ///< in model units
 
     bool isValid() const override;
 
@@ -25,17 +27,17 @@ private:
     void dumpFields(QTextStream& text) const;
 };
 
-/// An arc of a circle. Valid with a radius above 0 and an end above the start.
+/// An arc of a circle. Valid with a radius above 0 and an end angle above the start angle.
 class CreateArc : public MessageOf<CreateArc> {
 public:
     static const QString wireName;
-    int identifier = 0;
-    Point3 center;
-    Point3 normal;
-    Point3 direction; ///< towards the angle 0
-    double radius = 0.0;
+    int identifier = 0;      ///< of this curve
+    Point3 center;           ///< in model units
+    Point3 normal;           ///< of length 1; of the plane of the curve
+    Point3 direction;        ///< towards the angle 0
+    double radius = 0.0;     ///< in model units
     double startAngle = 0.0; ///< in radians
-    double endAngle = 0.0;
+    double endAngle = 0.0;   ///< in radians
 
     bool isValid() const override;
 
@@ -45,19 +47,19 @@ private:
     void dumpFields(QTextStream& text) const;
 };
 
-/// An arc of an ellipse. Valid with half axes above 0 and an end above the start; which of the axes
-/// is the longer one doesn't matter.
+/// An arc of an ellipse. Valid with half axes above 0 and an end angle above the start angle;
+/// either axis may be the longer one.
 class CreateEllipse : public MessageOf<CreateEllipse> {
 public:
     static const QString wireName;
-    int identifier = 0;
-    Point3 center;
-    Point3 normal;
-    Point3 direction; ///< towards the angle 0
-    double littleHalfAxis = 0.0;
-    double bigHalfAxis = 0.0; ///< along `direction`
-    double startAngle = 0.0;  ///< in radians
-    double endAngle = 0.0;
+    int identifier = 0;          ///< of this curve
+    Point3 center;               ///< in model units
+    Point3 normal;               ///< of length 1; of the plane of the curve
+    Point3 direction;            ///< towards the angle 0
+    double littleHalfAxis = 0.0; ///< in model units
+    double bigHalfAxis = 0.0;    ///< along `direction`
+    double startAngle = 0.0;     ///< in radians
+    double endAngle = 0.0;       ///< in radians
 
     bool isValid() const override;
 
@@ -67,15 +69,15 @@ private:
     void dumpFields(QTextStream& text) const;
 };
 
-/// A NURBS curve. Valid with a degree above 0, also without knots or points.
+/// A NURBS curve. Valid with a degree above 0, even without knots or points.
 class CreateNURBSCurve : public MessageOf<CreateNURBSCurve> {
 public:
     static const QString wireName;
-    int identifier = 0;
-    int degree = 0;
-    QList<double> knots; ///< in order, each as often as it counts
-    QList<ControlPoint> controlPoints;
-    bool rational = false;
+    int identifier = 0;                ///< of this curve
+    int degree = 0;                    ///< of the curve
+    QList<double> knots;               ///< knot vector; a knot is repeated by its multiplicity
+    QList<ControlPoint> controlPoints; ///< in model units
+    bool rational = false;             ///< false: all weights are 1
 
     bool isValid() const override;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Lines of the text dump that several messages share. The labels and blanks are those that readers
-// of old traces know, their misspellings included.
+/// @file
+/// Lines of the text dump that several messages share. Labels and blanks, including misspellings,
+/// are part of the format that readers of older traces know.
 #pragma once
 
 #include "cadimport/fieldtypes.h"
@@ -12,6 +13,8 @@
 
 namespace CADImport {
 
+/// The numbers, with one blank in between.
+/// @{
 inline QTextStream& operator<<(QTextStream& text, const Point3& p) {
     return text << p.x << " " << p.y << " " << p.z;
 }
@@ -24,7 +27,10 @@ inline QTextStream& operator<<(QTextStream& text, const Range2& r) {
 inline QTextStream& operator<<(QTextStream& text, const std::array<int, 2>& pair) {
     return text << pair[0] << " " << pair[1];
 }
+/// @}
 
+/// One line with a label and a value, bare or in brackets.
+/// @{
 template <class Value> void dumpLine(QTextStream& text, const char* label, const Value& value) {
     text << "\t" << label << "=" << value << Qt::endl;
 }
@@ -34,15 +40,19 @@ void dumpBracketed(QTextStream& text, const char* label, const Value& value) {
     text << "\t" << label << "=(" << value << ")" << Qt::endl;
 }
 
-/// As dumpBracketed, with a blank behind the bracket.
+/// @}
+
+/// As dumpBracketed(), with a blank after the opening bracket.
 template <class Value> void dumpSpaced(QTextStream& text, const char* label, const Value& value) {
     text << "\t" << label << "=( " << value << ")" << Qt::endl;
 }
 
+/// One line: label and corners.
 template <class AnyBox> void dumpBox(QTextStream& text, const char* label, const AnyBox& box) {
     text << "\t" << label << "=((" << box.first << ") (" << box.second << "))" << Qt::endl;
 }
 
+/// The end of a list: the numbers and a closing bracket.
 template <class Number> void dumpNumbers(QTextStream& text, const QList<Number>& numbers) {
     for (const Number& number : numbers) text << " " << number;
     text << ")" << Qt::endl;
@@ -61,6 +71,7 @@ void dumpCountedList(QTextStream& text, const char* label, const QList<Number>& 
     dumpNumbers(text, numbers);
 }
 
+/// One line with the four numbers.
 inline void dumpControlPoint(QTextStream& text, const ControlPoint& p) {
     text << "\t\t( " << p.x << " " << p.y << " " << p.z << " " << p.w << ")" << Qt::endl;
 }

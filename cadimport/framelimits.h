@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
-// How much a reader of frames believes of a count. What clients and servers say to each other is
-// words.
+/// @file
+/// Limits for readers of frames. Clients and servers exchange short texts only, so that a large
+/// count is an error.
 #pragma once
 
 #include <cstdint>
 
 namespace CADImport {
 
-/// A longer frame, or one of a negative count, is taken for noise.
+/// A frame that is longer, or has a negative count, is rejected as garbage.
 constexpr std::int32_t longestFrameBytes = 64 << 20;
 
-/// Room is made in steps of this, as the bytes arrive.
+/// Memory is allocated in steps of this size as the bytes arrive.
 constexpr std::int32_t frameStepBytes = 1 << 20;
 
 } // namespace CADImport

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What MessageOf does, for the sources that instantiate it: each does so for its own classes.
+/// @file
+/// The definitions of MessageOf, for the sources that instantiate it for their own classes.
 #pragma once
 
 #include "cadimport/message.h"

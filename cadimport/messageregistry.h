@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// From a wire name to a new message.
-//
-// All wire names and their registrations stand in the source file of this header. Each message
-// class and createMessage need something of it, so that the linker takes it out of the static
-// library into whatever uses any of them, and all 26 classes with it: nothing has to be called.
+/// @file
+/// Creates a message from its wire name.
+///
+/// All wire names and their registrations are in the source file of this header. Each message class
+/// and createMessage() need something of it, so that the linker takes it, and with it all 26
+/// classes, out of the static library into whatever uses any of them. Nothing has to be called.
 #pragma once
 
 #include "cadimport/message.h"
@@ -13,16 +14,18 @@
 
 namespace CADImport {
 
+/// Makes an empty message, owned by the caller.
 using MessageFactory = Message* (*)();
+/// The factories by wire name.
 using MessageRegistry = QMap<QString, MessageFactory>;
 
-/// The registry of the process, made by the first who asks and never deleted. Filled during static
-/// initialisation and only read afterwards, hence without a lock.
+/// The registry of the module, made by the first call. It is filled during static initialisation
+/// and only read afterwards, so that any thread may use it without a lock.
 MessageRegistry& messageRegistry();
 
-/// A new message of the class that `wireName` stands for, its body read from `stream`; it belongs
-/// to the caller. Null, with the stream left where it is, when the name isn't registered or there
-/// is no memory. Doesn't ask whether the message is valid.
+/// A new message of the class that `wireName` stands for, with its body read from `stream`; the
+/// caller owns it. Null, with the stream unmoved, when the name isn't registered or there is no
+/// memory. Whether the message is valid isn't checked.
 Message* createMessage(const MessageRegistry& registry, const QString& wireName,
                        QDataStream& stream);
 

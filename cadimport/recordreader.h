@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
-// RecordReader: reads a file of records quickly, and in memory that doesn't grow with the file.
-//
-// It yields what this loop yields, whatever bytes the file holds, at a fraction of the time:
-//
-//     QString wireName;
-//     stream >> wireName;
-//     Message* message = createMessage(messageRegistry(), wireName, stream);
-//
-// The file passes through a window of 256 kB. Wire names are compared as they lie there, and bodies
-// are decoded from there, whole runs of numbers at a time. The file is read, not mapped: one that
-// somebody cuts short meanwhile just ends earlier.
+/// @file
+/// RecordReader: reads a file of records quickly, and in memory that doesn't grow with the file.
+///
+/// It yields what this loop yields, whatever bytes the file holds, at a fraction of the time:
+///
+///     QString wireName;
+///     stream >> wireName;
+///     Message* message = createMessage(messageRegistry(), wireName, stream);
+///
+/// The file passes through a window of 256 kB. Wire names are compared in the window, and bodies
+/// are decoded from it, whole runs of numbers at a time. The file is read, not mapped: if somebody
+/// truncates it meanwhile, it just ends earlier.
 #pragma once
 
 #include "cadimport/message.h"
@@ -20,11 +21,12 @@ class QIODevice;
 
 namespace CADImport {
 
-/// One thread uses a RecordReader. The device is open for reading, outlives the reader and isn't
-/// used by others meanwhile; its own position runs ahead of the records.
+/// Reads messages from a device. One thread uses a reader. The device must be open for reading,
+/// outlive the reader, and not be used by others meanwhile; its own position runs ahead of the
+/// records.
 class RecordReader {
 public:
-    /// Starts at the device's position.
+    /// Starts at the position of the device.
     explicit RecordReader(QIODevice& device);
     ~RecordReader();
     RecordReader(const RecordReader&) = delete;
@@ -32,16 +34,16 @@ public:
 
     /// True when no byte is left.
     bool atEnd();
-    /// The next message, valid or not. Null when its wire name isn't registered: then only the name
-    /// was consumed, and the next one is taken from wherever that leaves the reader.
+    /// The next message, valid or not. Null when its wire name isn't registered; then only the name
+    /// has been consumed, and the next message is read from there.
     std::unique_ptr<Message> next();
-    /// The same for those who only look: an object that the reader keeps for the class, to be read
-    /// into again at the next call. It costs half the time. One that was longer than the window
-    /// isn't kept.
+    /// The same for callers who don't keep the message: the reader owns it and reads into the same
+    /// object at the next call. This takes half the time. A message longer than the window isn't
+    /// reused.
     const Message* look();
-    /// Bytes consumed so far.
+    /// The number of bytes consumed.
     qint64 position() const;
-    /// True once something was read for which the file had too few bytes.
+    /// True once the file had too few bytes for something that was read.
     bool ranOut() const;
 
 private:

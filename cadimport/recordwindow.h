@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// RecordWindow: a device that passes another one's bytes through a window of memory, where a
-// decoder may look at them in place.
+/// @file
+/// RecordWindow: a device that passes the bytes of another one through a window of memory, where a
+/// decoder can look at them in place.
 #pragma once
 
 #include <QIODevice>
@@ -9,52 +10,63 @@
 
 namespace CADImport {
 
-/// A run of bytes in somebody's buffer.
+/// A run of bytes in a buffer that belongs to someone else.
 struct WireBytes {
+    /// The bytes; their lifetime is told by the call that returns them.
+    /// @{
     const uchar* data;
     qsizetype size;
+    /// @}
 };
 
-/// To a QDataStream it is an ordinary sequential device; WireReader recognises it and takes the
-/// bytes where they lie. Both ways can be mixed. The source outlives the window.
+/// A sequential device for a QDataStream. WireReader recognises it and takes bytes directly from
+/// the window. Both ways may be mixed. One thread uses a window; the source must outlive it.
 class RecordWindow final : public QIODevice {
 public:
-    static constexpr qsizetype capacity = 256 * 1024;
-    /// What may be asked for in one piece.
+    static constexpr qsizetype capacity = 256 * 1024; ///< bytes in the window
+    /// The longest piece that `take` returns.
     static constexpr qsizetype longestTake = 4096;
 
+    /// Reads from the position of `source`.
     explicit RecordWindow(QIODevice& source);
 
     /// The next `size` bytes, at most `longestTake`; fewer only at the end of the source. They are
-    /// consumed, and stay where they are until the next call.
+    /// consumed, and valid until the next call.
     WireBytes take(qsizetype size) {
         if (filled() < size) require(size);
         return advance(qMin(size, filled()));
     }
-    /// The next whole elements of `size` bytes each, at least one and at most `count`: as many as
-    /// the window holds. At the end of the source the rest that makes no whole element, or nothing.
+    /// The next whole elements of `size` bytes each: as many as the window holds, at least one and
+    /// at most `count`. At the end of the source, the rest that makes no whole element, or nothing.
     WireBytes takeElements(qsizetype size, qsizetype count);
     /// Consumes `size` bytes, fewer at the end of the source.
     void skip(qint64 size);
 
-    /// Asks the source when the window is empty.
+    /// Whether bytes are left; refills an empty window.
     bool hasBytes() {
         if (begin_ == end_) refill(1);
         return begin_ != end_;
     }
+    /// The number of bytes consumed.
     qint64 consumed() const { return fetched_ - filled(); }
-    /// True once somebody wanted more bytes than there were.
+    /// True once more bytes were requested than there were.
     bool ranOut() const { return ranOut_; }
-    /// For those who see the end without asking for more.
+    /// Sets that mark, for a caller who sees the end without requesting more.
     void setRanOut() { ranOut_ = true; }
 
+    /// As QIODevice requires.
+    /// @{
     bool isSequential() const override { return true; }
     bool atEnd() const override;
     qint64 bytesAvailable() const override { return filled(); }
+    /// @}
 
 protected:
+    /// As QIODevice requires. Writing fails.
+    /// @{
     qint64 readData(char* data, qint64 size) override;
     qint64 writeData(const char*, qint64) override { return -1; }
+    /// @}
 
 private:
     qsizetype filled() const { return end_ - begin_; }

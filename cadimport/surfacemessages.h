@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// The surfaces of a model: five analytic ones on one frame, and the NURBS surface.
-//
-// No rule of validity looks at identifiers, ranges, directions, knots or grids.
+/// @file
+/// The surfaces of a model: five analytic ones on a common frame, and the NURBS surface. Lengths
+/// are in model units, angles in radians; docs/exchange.md has the parametric forms. Ownership and
+/// threads are those of Message.
+///
+/// Validity never depends on identifiers, ranges, directions, knots or grids.
 #pragma once
 
 #include "cadimport/fieldtypes.h"
@@ -11,17 +14,18 @@
 
 namespace CADImport {
 
-/// What the analytic surfaces have in common; the fields of T travel behind these.
+/// What the analytic surfaces have in common. On the wire, the fields of T follow these.
 template <class T> class AnalyticSurface : public MessageOf<T> {
 public:
-    int identifier = 0;
-    Point3 origin;
-    Point3 normal;
-    Point3 uDirection;
-    Range2 uRange{0.0, 0.0};
-    Range2 vRange{0.0, 0.0};
+    int identifier = 0;      ///< of this surface
+    Point3 origin;           ///< in model units
+    Point3 normal;           ///< of length 1; the axis of a curved shape
+    Point3 uDirection;       ///< of length 1, at u = 0
+    Range2 uRange{0.0, 0.0}; ///< of the face, by the parameter of the surface
+    Range2 vRange{0.0, 0.0}; ///< of the face, by the parameter of the surface
 
 protected:
+    /// Writes the lines of these fields.
     void dumpFrame(QTextStream& text) const;
 };
 
@@ -42,7 +46,7 @@ private:
 class CreateCylinder : public AnalyticSurface<CreateCylinder> {
 public:
     static const QString wireName;
-    double radius = 0.0;
+    double radius = 0.0; ///< in model units
 
     bool isValid() const override;
 
@@ -56,7 +60,7 @@ private:
 class CreateCone : public AnalyticSurface<CreateCone> {
 public:
     static const QString wireName;
-    double angle = 0.0; ///< half the opening angle
+    double angle = 0.0; ///< half the opening angle, in radians
 
     bool isValid() const override;
 
@@ -70,7 +74,7 @@ private:
 class CreateSphere : public AnalyticSurface<CreateSphere> {
 public:
     static const QString wireName;
-    double radius = 0.0;
+    double radius = 0.0; ///< in model units
 
     bool isValid() const override;
 
@@ -84,8 +88,8 @@ private:
 class CreateTorus : public AnalyticSurface<CreateTorus> {
 public:
     static const QString wireName;
-    double minorRadius = 0.0;
-    double majorRadius = 0.0;
+    double minorRadius = 0.0; ///< of the tube, in model units
+    double majorRadius = 0.0; ///< of the ring, in model units
 
     bool isValid() const override;
 
@@ -99,17 +103,17 @@ private:
 class CreateNURBSSurface : public MessageOf<CreateNURBSSurface> {
 public:
     static const QString wireName;
-    int identifier = 0;
-    int degreeU = 0;
-    int degreeV = 0;
-    QList<double> knotsU; ///< in order, each as often as it counts
-    QList<double> knotsV;
-    QList<QList<ControlPoint>> controlPoints; ///< rows; from a sound sender all of one length
-    bool rational = false;
+    int identifier = 0;   ///< of this surface
+    int degreeU = 0;      ///< in u
+    int degreeV = 0;      ///< in v
+    QList<double> knotsU; ///< knot vector; a knot is repeated by its multiplicity
+    QList<double> knotsV; ///< likewise
+    QList<QList<ControlPoint>> controlPoints; ///< rows, which run with u, all of one length
+    bool rational = false;                    ///< false: all weights are 1
 
     bool isValid() const override;
-    /// For senders: cuts or pads every row at its tail to `columns`, then the grid to `rows`. What
-    /// is new is 0 in all four components.
+    /// For senders: cuts or pads each row at its end to `columns`, then the grid to `rows`. New
+    /// points are 0 in all four components.
     void resizeGrid(int rows, int columns);
 
 private:

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
-// The frame of a model on the wire, and its topology: one message per entity.
-//
-// Entities name each other by `identifier`, which counts within one model, from its NewModel to its
-// EndModel; 0 names none. A message only carries the fields.
+/// @file
+/// The messages that open and close a model, and its topology, one message per entity. Lengths are
+/// in model units. Ownership and threads are those of Message.
+///
+/// Entities refer to each other by `identifier`, which is unique within its model, from NewModel to
+/// EndModel; 0 refers to nothing. Where the type of a field is a list or an array of int, it holds
+/// identifiers.
 #pragma once
 
 #include "cadimport/fieldtypes.h"
@@ -18,9 +21,9 @@ namespace CADImport {
 class NewModel : public MessageOf<NewModel> {
 public:
     static const QString wireName;
-    bool absolute = true; ///< whether `accuracy` is a length; else it is relative
-    double accuracy = 0.0;
-    double unit = 1.0; ///< the length of one unit of the model, in millimetres
+    bool absolute = true;  ///< true: `accuracy` is a length; false: it is relative
+    double accuracy = 0.0; ///< tolerance of the geometry
+    double unit = 1.0;     ///< length of one model unit in millimetres
 
     bool isValid() const override;
 
@@ -47,9 +50,9 @@ private:
 class CreateBody : public MessageOf<CreateBody> {
 public:
     static const QString wireName;
-    int identifier = 0;
-    Box boundingBox;
-    QList<int> shells;
+    int identifier = 0; ///< of this entity
+    Box boundingBox;    ///< in model units
+    QList<int> shells;  ///< their identifiers
 
     bool isValid() const override;
 
@@ -63,10 +66,10 @@ private:
 class CreateShell : public MessageOf<CreateShell> {
 public:
     static const QString wireName;
-    int identifier = 0;
-    Box boundingBox;
-    QList<int> faces;
-    bool closed = false;
+    int identifier = 0;  ///< of this entity
+    Box boundingBox;     ///< in model units
+    QList<int> faces;    ///< their identifiers
+    bool closed = false; ///< true: without free edges
 
     bool isValid() const override;
 
@@ -80,10 +83,10 @@ private:
 class CreateFace : public MessageOf<CreateFace> {
 public:
     static const QString wireName;
-    int identifier = 0;
-    Box boundingBox;
-    UVBox uvBox;
-    QList<int> loops;
+    int identifier = 0; ///< of this entity
+    Box boundingBox;    ///< in model units
+    UVBox uvBox;        ///< in the parameters of the surface
+    QList<int> loops;   ///< their identifiers
     int surfaceId = 0;  ///< the surface that carries the face
     bool sense = false; ///< true: reverse
     bool sides = false; ///< true: double-sided
@@ -97,18 +100,18 @@ private:
     void dumpOpening(QTextStream& text) const;
 };
 
-/// A loop. Valid with an identifier, a face and a coedge; `edges`, which is as long as `coedges`,
-/// isn't looked at.
+/// A loop. Valid with an identifier, a face and a coedge. `edges` must be as long as `coedges`, but
+/// that isn't checked.
 class CreateLoop : public MessageOf<CreateLoop> {
 public:
     static const QString wireName;
-    int identifier = 0;
-    Box boundingBox;
-    UVBox uvBox;
-    QList<int> coedges;
-    QList<int> edges; ///< the edge of each coedge, at the same position
-    int faceId = 0;   ///< the face that owns the loop
-    bool outer = true;
+    int identifier = 0; ///< of this entity
+    Box boundingBox;    ///< in model units
+    UVBox uvBox;        ///< in the parameters of the surface
+    QList<int> coedges; ///< their identifiers, in order along the loop
+    QList<int> edges;   ///< the edge of each coedge, at the same position
+    int faceId = 0;     ///< the face that owns the loop
+    bool outer = true;  ///< true: bounds the face from outside
 
     bool isValid() const override;
 
@@ -118,19 +121,20 @@ private:
     void dumpFields(QTextStream& text) const;
 };
 
-/// A coedge. Valid with an identifier, a curve, a loop and a face; edge and partner may be missing.
+/// A coedge, the use of an edge in a loop. Valid with an identifier, a curve, a loop and a face;
+/// edge and partner may be missing.
 class CreateCoedge : public MessageOf<CreateCoedge> {
 public:
     static const QString wireName;
-    int identifier = 0;
-    UVBox boundingUVBox;
-    Range2 parameterRange{1.0, -1.0};
-    int edge = 0;
-    int partner = 0; ///< the coedge of the other face
-    int loop = 0;
-    int face = 0;
-    int curve = 0;
-    bool sense = false; ///< true: reverse
+    int identifier = 0;               ///< of this entity
+    UVBox boundingUVBox;              ///< in the parameters of the surface
+    Range2 parameterRange{1.0, -1.0}; ///< in the parameter of the curve
+    int edge = 0;                     ///< the edge that it is a use of
+    int partner = 0;                  ///< the coedge of the other face
+    int loop = 0;                     ///< the loop that it belongs to
+    int face = 0;                     ///< the face of that loop
+    int curve = 0;                    ///< identifier of the curve
+    bool sense = false;               ///< true: reverse
 
     bool isValid() const override;
 
@@ -144,14 +148,14 @@ private:
 class CreateEdge : public MessageOf<CreateEdge> {
 public:
     static const QString wireName;
-    int identifier = 0;
-    Box boundingBox;
-    Range2 parameterRange{1.0, -1.0};
-    std::array<int, 2> vertices{};
-    std::array<int, 2> coedges{};
-    std::array<int, 2> faces{};
-    int curve = 0;
-    bool sense = false; ///< true: reverse
+    int identifier = 0;               ///< of this entity
+    Box boundingBox;                  ///< in model units
+    Range2 parameterRange{1.0, -1.0}; ///< in the parameter of the curve
+    std::array<int, 2> vertices{};    ///< their identifiers
+    std::array<int, 2> coedges{};     ///< by side, 0 and 1
+    std::array<int, 2> faces{};       ///< by side, 0 and 1
+    int curve = 0;                    ///< identifier of the curve
+    bool sense = false;               ///< true: reverse
 
     bool isValid() const override;
 
@@ -165,8 +169,8 @@ private:
 class CreateVertex : public MessageOf<CreateVertex> {
 public:
     static const QString wireName;
-    int identifier = 0;
-    Point3 point;
+    int identifier = 0; ///< of this entity
+    Point3 point;       ///< in model units
 
     bool isValid() const override;
 
@@ -180,8 +184,8 @@ private:
 class CreateGroup : public MessageOf<CreateGroup> {
 public:
     static const QString wireName;
-    int identifier = 0;
-    QList<int> components;
+    int identifier = 0;    ///< of this entity
+    QList<int> components; ///< identifiers of the members
 
     bool isValid() const override;
 
@@ -196,11 +200,11 @@ private:
 class CreateCoordinateSystem : public MessageOf<CreateCoordinateSystem> {
 public:
     static const QString wireName;
-    int identifier = 0;
-    Point3 origin;
-    Point3 xDirection;
-    Point3 yDirection;
-    Point3 zDirection;
+    int identifier = 0; ///< of this entity
+    Point3 origin;      ///< in model units
+    Point3 xDirection;  ///< of length 1
+    Point3 yDirection;  ///< of length 1
+    Point3 zDirection;  ///< of length 1
 
     bool isValid() const override;
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// The acyclic visitor on which every receiver of messages rests.
-//
-// A receiver derives from BaseVisitor and from one Visitor per class that it handles, so that
-// neither messages nor receivers know the whole list of the other side.
+/// @file
+/// The acyclic visitor that every receiver of messages builds on.
+///
+/// A receiver derives from BaseVisitor and from one Visitor for each class that it handles, so that
+/// neither messages nor receivers know the complete list of the other side.
 #pragma once
 
 #include <cstddef>
@@ -11,7 +12,7 @@
 
 namespace CADImport {
 
-/// What `accept` takes; the Visitor bases of a receiver are found behind it by a run-time cast.
+/// The argument of `accept`. The Visitor bases of a receiver are found from it by a run-time cast.
 class BaseVisitor {
 public:
     virtual ~BaseVisitor() = default;
@@ -21,13 +22,14 @@ public:
 template <class T, class Result, bool constVisit> class Visitor {
 public:
     virtual ~Visitor() = default;
+    /// Handles one object, which is borrowed for the call.
     virtual Result visit(std::conditional_t<constVisit, const T&, T&> visited) = 0;
 };
 
-/// The run-time cast of a visitor to the handler of one class, null when it has none. The last
-/// answer is remembered per thread: a receiver takes messages by the million, and a cast across
-/// its many bases costs several times what decoding a small message does. The parts of an object
-/// lie where its class puts them, so an answer holds for all visitors of the class.
+/// Casts a visitor to its handler of one class; null when it has none. The last result is cached
+/// per thread: a receiver gets messages by the million, and a cast across its many bases takes
+/// several times as long as decoding a small message. The layout of an object is the same for all
+/// objects of its class, so a result holds for all of them.
 template <class Handler> Handler* findHandler(BaseVisitor& visitor) {
     struct Answer {
         const std::type_info* type;
@@ -46,23 +48,26 @@ template <class Handler> Handler* findHandler(BaseVisitor& visitor) {
     return last.found ? reinterpret_cast<Handler*>(whole + last.to) : nullptr;
 }
 
-/// The policy for a visitor that doesn't handle a class: nothing happens, nothing is reported.
+/// The policy for a visitor that doesn't handle a class: nothing happens, silently.
 struct DefaultCatchAll {
+    /// The result for such a visitor.
     template <class Result, class T> static Result unknownVisitor(T&, BaseVisitor&) {
         return Result();
     }
 };
 
-/// Base of everything that can be visited. Only the form for const objects is used here.
+/// The base of everything that can be visited. Only the form for const objects exists.
 template <class Result, class CatchAll, bool constVisit> class BaseVisitable;
 
+/// The form for const objects.
 template <class Result, class CatchAll> class BaseVisitable<Result, CatchAll, true> {
 public:
     virtual ~BaseVisitable() = default;
+    /// Calls the visitor's handler for the class of this object.
     virtual Result accept(BaseVisitor& visitor) const = 0;
 
 protected:
-    /// What `accept` of the class T does: visits when the visitor handles T.
+    /// The body of `accept` in the class T.
     template <class T> static Result acceptAs(const T& visited, BaseVisitor& visitor) {
         if (auto* handler = findHandler<Visitor<T, Result, true>>(visitor)) {
             return handler->visit(visited);

@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
-// The module's language hook: one shared object, offered in the class table.
+/// @file
+/// The language hook that every component of this library offers.
 #pragma once
 
 #include "component/izelcomplanginitializer.h"
 
+/// Connects the module to the host's translator. There is one shared object, offered in the class
+/// table.
 class DefaultLangInitializer : public IZelCompLangInitializer {
 public:
     void qi(const char* name, void** result, std::int32_t reserved = 0) override;
     const char* className() override;
 
-    /// Takes the host's service "IZelTranslator", or none when there is no such service.
+    /// Takes the host's service "IZelTranslator" for the module's translator, or none when there is
+    /// no such service. Always true.
     bool initialize() override;
 };

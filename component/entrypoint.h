@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
-// The one function of a module that the host finds by name.
+/// @file
+/// The one function of a module that the host looks up.
 #pragma once
 
 #include <cstdint>
 
 class IZelComponent;
 
-/// What the host looks for: the name of the function below, and its type.
+/// The name under which a module exports its entry point.
 inline constexpr const char* zelEntryPointName = "EntryPoint";
+/// The type of the entry point.
 using ZelEntryPoint = std::int32_t (*)(std::int32_t* version, IZelComponent** component);
 
-/// Makes a new component, without a reference, and writes the version of the contract, 100; returns
-/// 1. When the component can't be made both become 0 and so does the result. A null `component`
-/// gives 0 and leaves `*version` alone. No exception passes.
+/// Makes a new component without a reference, stores the version of the contract (100), and returns
+/// 1. When the component can't be made, both outputs and the result are 0. A null `component` gives
+/// 0 and leaves `*version` alone. No exception leaves the function.
 extern "C" std::int32_t EntryPoint(std::int32_t* version, IZelComponent** component);

@@ -1,37 +1,45 @@
 // SPDX-License-Identifier: Apache-2.0
-// Item factories: one static object for each class that the module offers is all that a class
-// needs in order to be in the class table.
-//
-// The object must stand in a source file that the linker cannot leave out: of the module itself or
-// of an object library, not of an archive.
+/// @file
+/// Item factories. One static object per class is all that it takes to put the class into the
+/// module's class table.
+///
+/// The object must be defined in a source file that the linker can't leave out: one of the module
+/// itself or of an object library, not of an archive.
 #pragma once
 
 #include "component/objects/izelunknown.h"
 #include "zelbasictypes/data/zelguid.h"
 
+/// Makes the objects of one class. Factories are made at static initialisation, live as long as the
+/// module, and don't change afterwards.
 class ZelItemFactory {
 public:
-    /// Enters the class table. Both texts are static; `category`, a second name by which classes
-    /// can be gathered, may be null. A second factory under one identifier replaces the first.
+    /// Enters the class table. Both texts must be static. `category` is a second name by which
+    /// classes can be collected; it may be null. A second factory for the same identifier replaces
+    /// the first.
     ZelItemFactory(const char* className, const char* category, const ZelGuid& classId);
     ZelItemFactory(const ZelItemFactory&) = delete;
     ZelItemFactory& operator=(const ZelItemFactory&) = delete;
     virtual ~ZelItemFactory() = default;
 
-    /// An object without a reference for the caller; `*kind` is 1 for a new one, 2 for a shared.
+    /// An object without a reference for the caller; `*kind` is set to 1 for a new object and to 2
+    /// for a shared one.
     virtual IZelUnknown* create(std::int32_t* kind) = 0;
+    /// The texts given to the constructor.
+    /// @{
     virtual const char* className() const { return className_; }
     virtual const char* category() const { return category_; }
+    /// @}
 
 private:
     const char* className_;
     const char* category_;
 
 public:
-    const ZelGuid classId;
+    const ZelGuid classId; ///< the class's identifier
 };
 
-/// Makes a new object each time.
+/// The factory of an ordinary class: each call makes a new object.
 template <class T> class ZelTClassItemFactory : public ZelItemFactory {
 public:
     using ZelItemFactory::ZelItemFactory;
@@ -42,8 +50,8 @@ public:
     }
 };
 
-/// Makes one object, at the first call, and keeps the one reference that it takes on it for good.
-/// Not safe on two threads at once.
+/// The factory of a class with one shared object. The first call makes it and takes a reference
+/// that is never given back. Two threads must not make the first call at once.
 template <class T> class ZelSingletonTClassItemFactory : public ZelItemFactory {
 public:
     using ZelItemFactory::ZelItemFactory;

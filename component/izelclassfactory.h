@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The classes that a module offers by identifier.
+/// @file
+/// The classes that a module offers, by identifier.
 #pragma once
 
 #include <cstdint>
@@ -7,18 +8,21 @@
 class IZelUnknown;
 class ZelGuid;
 
+/// A table of classes. Objects may be made on any thread, except that the first call for a
+/// singleton class must not overlap with another. There is one enumeration for the whole module.
 class IZelClassFactory {
 public:
     virtual ~IZelClassFactory() = default;
 
-    /// 0 for an unknown identifier, `*out` is then left alone; 1 with a new object; 2 with the
-    /// shared object of a singleton class. No reference is taken.
+    /// Stores an object without taking a reference. Returns 1 for a new object, 2 for the shared
+    /// object of a singleton class, and 0 for an unknown identifier; `*out` is then left alone.
     virtual std::int32_t createInstance(const ZelGuid& id, IZelUnknown** out) = 0;
+    /// The number of entries.
     virtual std::int32_t classCount() = 0;
-    /// Starts the one enumeration of the module anew; false on an empty table.
+    /// Restarts the enumeration and stores the first identifier; false when the table is empty.
     virtual bool firstClass(ZelGuid* out) = 0;
-    /// False when the entries are used up, or before firstClass.
+    /// Stores the next identifier; false after the last one, or before firstClass().
     virtual bool nextClass(ZelGuid* out) = 0;
-    /// A static text, or null for an unknown identifier.
+    /// The name of a class, a static text; null for an unknown identifier.
     virtual const char* className(const ZelGuid& id) = 0;
 };

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the host asks a component about itself, and the settings that the two share.
+/// @file
+/// What the host asks a component about itself, and the settings that they share.
 #pragma once
 
 #include "component/objects/izelunknown.h"
@@ -8,33 +9,45 @@ class IZelSelfTestService;
 class KorCString;
 class ZelGuid;
 
-/// Texts and pointers that come back are static or live as long as the module. Classes are listed
-/// by firstClass and nextClass, from one thread at a time: there is one position for the module.
+/// Describes a component. Returned texts and pointers live as long as the module. Classes are
+/// enumerated by one thread at a time, since the module keeps a single position. Reserved
+/// operations do nothing.
 class IZelCompInternal : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelCompInternal";
     using IZelUnknown::className;
 
+    /// Reserved; does nothing.
     virtual void internalReserved1() = 0;
+    /// Reserved; does nothing.
     virtual void internalReserved2() = 0;
+    /// The component's identifier.
     virtual const ZelGuid* componentId() = 0;
+    /// The module's short name.
     virtual const char* moduleName() = 0;
-    /// Returns 0.
+    /// Reserved; returns 0.
     virtual std::int32_t internalReserved3() = 0;
+    /// The number of classes that the component offers.
     virtual std::int32_t classCount() = 0;
-    /// False on an empty table.
+    /// Restarts the enumeration and stores the first identifier; false when there is no class.
     virtual bool firstClass(ZelGuid* out) = 0;
-    /// False when the classes are used up.
+    /// Stores the next identifier; false after the last one.
     virtual bool nextClass(ZelGuid* out) = 0;
-    /// Null for an identifier that the component does not offer.
+    /// The name of a class; null when the component doesn't offer it.
     virtual const char* className(const ZelGuid& id) = 0;
-    /// Returns true.
+    /// Reserved; returns true.
     virtual bool internalReserved4() = 0;
-    /// Hands the module's self-tests to `service`; without one tells the user.
+    /// Hands the module's self-tests to `service`. Without a service the user is told by an error
+    /// message.
     virtual void runSelfTests(IZelSelfTestService* service) = 0;
-    /// The name is copied.
+    /// The scope whose services the module uses first; see manageraccess.h. The name is copied.
+    /// @{
     virtual void setScopeName(const KorCString& name) = 0;
     virtual const KorCString* scopeName() = 0;
+    /// @}
+    /// Whether the host may break into a debugger; see zelBreakEnabled().
+    /// @{
     virtual void setBreakEnabled(bool enabled) = 0;
     virtual bool breakEnabled() = 0;
+    /// @}
 };

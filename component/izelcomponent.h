@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the host calls on a component to bring it up and to make its objects.
+/// @file
+/// What the host calls to bring a component up and to create its objects.
 #pragma once
 
 #include "component/objects/izelunknown.h"
@@ -7,19 +8,21 @@
 class IZelComponentManager;
 class ZelGuid;
 
+/// A component of the host, made by the module's EntryPoint. The host holds the references to it.
 class IZelComponent : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelComponent";
 
-    /// From here on reference counts and lookups of the module go through `manager`, which must
-    /// outlive the module: no reference is taken.
+    /// Connects the module to the host. From here on its reference counts and lookups go through
+    /// `manager`, which must outlive the module; no reference is taken. The host calls this once,
+    /// before other threads use the module.
     virtual void initialize(IZelComponentManager* manager) = 0;
-    /// Changes nothing: objects of the module may still be released after it.
+    /// Announces the end. Objects of the module may still be released afterwards.
     virtual void terminate() = 0;
-    /// Stores an object without a reference in `*out` and returns 1 for a new one, 2 for the shared
-    /// one of a singleton class. 0 for an identifier that the component does not offer; `*out` is
-    /// then left alone.
+    /// Stores an object without taking a reference. Returns 1 for a new object, 2 for the shared
+    /// object of a singleton class, and 0 for an identifier that the component doesn't offer;
+    /// `*out` is then left alone.
     virtual std::int32_t createInstance(const ZelGuid& id, IZelUnknown** out) = 0;
-    /// Returns 0.
+    /// Reserved; returns 0.
     virtual std::int32_t componentReserved() = 0;
 };

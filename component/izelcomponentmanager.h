@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The host's component manager, as far as a module calls it.
+/// @file
+/// The host's component manager, as far as a module calls it.
 #pragma once
 
 #include "component/objects/izelunknown.h"
@@ -7,23 +8,25 @@
 class KorCString;
 class ZelGuid;
 
-/// Implemented by the host; a scope of the host has a manager of its own with the same interface.
-/// `out` is left alone on failure, and what it gets is borrowed: no reference is taken.
+/// Implemented by the host. A scope of the host has a manager of its own with the same interface.
+/// On failure `out` is left alone; on success what it receives is borrowed, since no reference is
+/// taken.
 class IZelComponentManager : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelComponentManager";
 
-    /// 1 on success: `*out` is then the new object seen as the interface named.
+    /// Makes an object of the class `id` and stores it seen as the named interface. 1 means
+    /// success.
     virtual std::int32_t createInstance(const ZelGuid& id, const KorCString& interfaceName,
                                         void** out) = 0;
-    /// 1 on success: `*out` is then the service, seen as the interface that bears its name.
+    /// Stores a service, seen as the interface of that name. 1 means success.
     virtual std::int32_t getService(const KorCString& name, void** out) = 0;
-    /// A small value of the host's choice; the library asks for it nowhere.
+    /// A small number of the host's choice. The library doesn't ask for it.
     virtual std::int32_t status() = 0;
-    /// The two operations behind every reference count; safe on any thread.
+    /// The two operations behind every reference count. They are safe on any thread.
     virtual void incrementCount(std::int32_t* count) = 0;
     /// True when the count reached zero.
     virtual bool decrementCount(std::int32_t* count) = 0;
-    /// The manager of a scope, borrowed, or null. `reserved` is always 0.
+    /// The manager of a scope, borrowed; null when there is no such scope. `reserved` is always 0.
     virtual IZelComponentManager* findManager(const KorCString& scope, std::int32_t reserved) = 0;
 };

@@ -1,21 +1,25 @@
 // SPDX-License-Identifier: Apache-2.0
-// The sizes that hash tables take, and quick remainders by them.
+/// @file
+/// The sizes of hash tables, and fast remainders by them.
 #pragma once
 
 #include <cstdint>
 
-/// The first prime above n of a fixed table whose entries about double from 2 to 2147483659; the
-/// last entry when n is not below it.
+/// The first prime above `n` in a fixed table whose entries roughly double, from 2 to 2147483659.
+/// The last entry when `n` isn't below it.
 std::uint32_t zelNextPrime(std::uint32_t n);
 
-/// A size of 2 or more with its reciprocal, by which two multiplications stand in for a division:
-/// the low 64 bits of n times 2^64 / size, rounded up, are the fraction that remains, which the
-/// size scales back to the remainder. That is exact for every 32-bit n.
+/// A divisor of 2 or more with its reciprocal, so that two multiplications replace a division. The
+/// low 64 bits of n times 2^64 / size, rounded up, are the fraction of the quotient; scaled by the
+/// size they give the remainder. This is exact for every 32-bit n.
 class PrimeSize {
 public:
+    /// `size` is the divisor, 2 or more.
     explicit PrimeSize(std::uint32_t size) : value(size), reciprocal(UINT64_MAX / size + 1) {}
 
+    /// The divisor.
     std::uint32_t prime() const { return value; }
+    /// The remainder of `n` by the divisor.
     std::uint32_t remainder(std::uint32_t n) const {
         const std::uint64_t fraction = reciprocal * n;
         const std::uint64_t low = (fraction & 0xFFFFFFFF) * value;

@@ -1,26 +1,28 @@
 // SPDX-License-Identifier: Apache-2.0
-// The tests that a module carries inside, run by a service of the host.
+/// @file
+/// Tests that a module carries inside, run by a service of the host.
 #pragma once
 
 #include "component/objects/izelunknown.h"
 
-/// One self-test; `name` is a static text, `run` tells whether the test passed.
+/// One self-test.
 struct ZelSelfTest {
-    const char* name;
-    bool (*run)();
+    const char* name; ///< a static text
+    bool (*run)();    ///< true when the test passed
 };
 
-/// The host's test service, which decides what to do with an entry.
+/// The host's test service. It decides what to do with an entry.
 class IZelSelfTestService : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelSelfTestService";
 
+    /// Receives one test, valid for as long as the module.
     virtual void take(const ZelSelfTest& test) = 0;
 };
 
-/// Adds an entry, at static initialisation. The import module itself has none.
+/// Adds a test. Called at static initialisation, on one thread.
 void zelAddSelfTest(const ZelSelfTest& test);
 
-/// Hands each entry to `service`. Without one, reports that to the user through the host's error
-/// service. Does nothing while a run is in progress.
+/// Hands each test to `service`. Without a service the user gets an error message through the
+/// host's error service. Does nothing while another run is in progress.
 void zelRunSelfTests(IZelSelfTestService* service);

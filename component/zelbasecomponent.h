@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The component object that the host talks to. It has no data: all that it serves is the module's.
+/// @file
+/// The component object that the host talks to.
 #pragma once
 
 #include "component/izelcompinternal.h"
@@ -8,15 +9,17 @@
 
 class IZelClassFactory;
 
+/// The component of a module. It has no data: everything it serves belongs to the module, so that
+/// any number of components may exist. See IZelComponent and IZelCompInternal.
 class ZelBaseComponent : public IZelComponent, public IZelCompInternal {
 public:
-    /// Reports no classes when asked with a null name.
+    /// As IZelUnknown::qi(), but reports no classes when called with a null name.
     void qi(const char* name, void** result, std::int32_t reserved = 0) override;
     const char* className() override;
 
     void initialize(IZelComponentManager* manager) override;
     void terminate() override {}
-    /// Without a class factory also clears `*out`.
+    /// As IZelComponent::createInstance(). Without a class table it also sets `*out` to null.
     std::int32_t createInstance(const ZelGuid& id, IZelUnknown** out) override;
     std::int32_t componentReserved() override { return 0; }
 
@@ -37,11 +40,12 @@ public:
     bool breakEnabled() override;
 };
 
+/// Makes components of the class ZelBaseComponent.
 class ZelBaseComponentFact : public IZelComponentFactory {
 public:
     IZelComponent* create() override { return new ZelBaseComponent; }
 };
 
-/// What the component forwards its questions for classes to: the module's class table, from static
-/// initialisation on. Null makes a component that offers none.
+/// The class table that components use: the module's, from static initialisation on. With null they
+/// offer no classes.
 extern IZelClassFactory* zelModuleClasses;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// The module's class table. It is filled during static initialisation, on one thread, and only
-// read afterwards; it is never torn down, so that late callers find it.
+/// @file
+/// The module's class table. It is filled during static initialisation, on one thread, and only
+/// read afterwards. It lives until the module is unloaded, so that late callers find it.
 #pragma once
 
 #include "component/izelclassfactory.h"
@@ -9,6 +10,8 @@
 
 class ZelItemFactory;
 
+/// The class table that item factories enter. Its enumeration has one position, for one thread at a
+/// time.
 class ZelDefaultClassFactory : public IZelClassFactory {
 public:
     std::int32_t createInstance(const ZelGuid& id, IZelUnknown** out) override;
@@ -16,13 +19,13 @@ public:
     bool firstClass(ZelGuid* out) override;
     bool nextClass(ZelGuid* out) override;
     const char* className(const ZelGuid& id) override;
-    /// Appends the identifiers whose second name is `name`.
+    /// Appends the identifiers of the classes whose category is `name`.
     void classesInCategory(const char* name, std::vector<ZelGuid>& out);
 };
 
-/// Made, with its table, at the first call.
+/// The table, made by the first call. Never null.
 ZelDefaultClassFactory* zelClassFactory();
 
-/// Offers a class under the item's identifier, in place of any offered before. The item must live
-/// as long as the module; null is ignored.
+/// Offers a class under the item's identifier and replaces an earlier one. The item must live as
+/// long as the module. Null is ignored.
 void zelRegisterClass(ZelItemFactory* item);

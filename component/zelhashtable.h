@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// ZelHashTable: a chained hash table with prime sizes, for tables that only grow.
-//
-// Chains are linked by numbers, not pointers, and stand beside the hashes, apart from the entries:
-// a search looks at an entry only when the hash is right, and what it walks through is small. The
-// entries lie in pages that never move.
+/// @file
+/// A chained hash table with prime sizes, for tables that only grow.
+///
+/// Chains are linked by numbers instead of pointers. The links are stored with the hashes, apart
+/// from the entries, so that a search touches little memory and looks at an entry only when its
+/// hash matches. The entries live in pages that never move.
 #pragma once
 
 #include "component/primesize.h"
@@ -15,10 +16,12 @@
 #include <utility>
 #include <vector>
 
-/// `Hash` is a function object that gives a std::uint32_t. Keys that are plain bytes without
-/// padding are equal when their bytes are, others by their operator. Values stay where they are
-/// until the table is cleared. Entries come bucket by bucket, the one inserted last in front of its
-/// bucket; growing turns the order within a bucket around. Not safe on two threads at once.
+/// Maps keys to values. `Hash` is a function object that returns a std::uint32_t. Keys that are
+/// plain bytes without padding are compared by their bytes, others by their operator.
+///
+/// Values keep their address until the table is cleared. Entries are enumerated bucket by bucket,
+/// and within a bucket from the one inserted last; growing reverses the order within a bucket. A
+/// table may be used by one thread at a time.
 template <class K, class V, class Hash> class ZelHashTable {
     /// The number of an entry from 1 on; 0 is none.
     using Link = std::uint32_t;
@@ -35,13 +38,17 @@ template <class K, class V, class Hash> class ZelHashTable {
     };
 
 public:
-    /// A position in the order of the entries; good for as long as nothing is inserted.
+    /// A position in the enumeration. It stays valid until the next insertion.
     class Cursor {
     public:
         Cursor() = default;
+        /// False after the last entry. The other operations need an entry.
         explicit operator bool() const { return link != 0; }
+        /// The entry's key.
         const K& key() const { return table->at(link).key; }
+        /// The entry's value.
         V& value() const { return table->at(link).value; }
+        /// Moves to the next entry.
         void advance() {
             const Place& place = table->placeOf(link);
             *this = place.next ? Cursor(table, place.next)
@@ -56,30 +63,32 @@ public:
         Link link = 0;
     };
 
-    /// Room for `expected` entries, and a load of up to 0.8, before the table grows.
+    /// Reserves buckets for `expected` entries. The table grows at a load of 0.8.
     explicit ZelHashTable(std::uint32_t expected = 0)
         : size(expected > 2 ? zelNextPrime(expected - 1) : 17) {}
     ZelHashTable(const ZelHashTable&) = delete;
     ZelHashTable& operator=(const ZelHashTable&) = delete;
     ~ZelHashTable() { clear(); }
 
+    /// The number of entries.
     std::int32_t count() const { return static_cast<std::int32_t>(used()); }
+    /// The number of buckets, a prime.
     std::uint32_t bucketCount() const { return size.prime(); }
 
-    /// Null when the key is not there.
+    /// The value of a key; null when the key isn't there.
     V* find(const K& key) const {
         Entry* entry = buckets ? findEntry(Hash()(key), key) : nullptr;
         return entry ? &entry->value : nullptr;
     }
-    /// Enters the key with a zero value when it is not there.
+    /// The value of a key, inserted with a zero value when it isn't there.
     V& findOrInsert(const K& key) {
         const std::uint32_t hash = Hash()(key);
         Entry* entry = buckets ? findEntry(hash, key) : nullptr;
         return entry ? entry->value : insert(hash, key);
     }
-    /// The first entry, false when there is none.
+    /// The first entry; false when the table is empty.
     Cursor first() const { return from(0); }
-    /// Frees every entry and keeps the size.
+    /// Removes every entry and keeps the number of buckets.
     void clear() {
         buckets.reset();
         for (std::uint32_t i = used(); i > 0; --i) std::destroy_at(&at(i));

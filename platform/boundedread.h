@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// A system looks at all of the memory that a read names, so a count that a caller made up must not
-// get as far: it would fail or not by where the memory lies.
+/// @file
+/// Bounds the length of a read before the system sees it. A system checks all of the memory that a
+/// read names, so a made-up count would succeed or fail depending on where the buffer lies.
 #pragma once
 
 #include <algorithm>
@@ -8,8 +9,8 @@
 
 namespace platform {
 
-/// How much to ask the system for: a count that isn't likely is cut at what `leftBytes()` says the
-/// file still holds, unless it says -1, since it doesn't know.
+/// The number of bytes to ask the system for. A length of up to 16 MiB is taken as it is. A larger
+/// one is cut to what `leftBytes()` says remains in the file, unless that answers -1 (unknown).
 template <class Left> std::uint64_t boundedRead(std::uint64_t lengthBytes, Left leftBytes) {
     constexpr std::uint64_t likely = 1 << 24;
     if (lengthBytes <= likely) return lengthBytes;

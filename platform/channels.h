@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The standard channels of a program, whatever its starter made of them.
+/// @file
+/// The standard input, output and error of a program, whatever its starter made of them.
 #pragma once
 
 #include <atomic>
@@ -11,40 +12,47 @@
 
 namespace platform {
 
-/// Opens the standard channels that came closed, on nothing, so that no other file gets their
-/// numbers, and lets a write that nobody reads fail, where it would end the process otherwise. The
-/// first call of main.
+/// Opens closed standard channels on the null device, so that no other file gets their numbers, and
+/// makes a write to a closed pipe fail instead of ending the process. Call it first in main.
 void prepareChannels();
 
 /// Whether standard input is a terminal, so that somebody can be asked.
 bool isInputTerminal();
-/// Whether standard input has something to read, or has ended, within that time.
+/// Waits until standard input has something to read or has ended. False when the time has passed.
 bool waitForInput(std::uint32_t milliseconds);
 
-/// False once whoever read standard output has gone; true for what has no reader, such as a file.
+/// False once the reader of standard output has gone. True for an output without a reader, such as
+/// a file.
 bool isOutputRead();
 
+/// Whether standard error is a terminal, so that a progress line can be rewritten.
 bool isErrorTerminal();
-/// The width of the terminal behind standard error; 80 where it doesn't tell.
+/// The width of the terminal behind standard error, or 80 when it can't be told.
 std::int32_t errorColumns();
 
-/// Stands in front of standard error for its lifetime: what the processes that are started from
-/// here write there goes to `take`, on a thread of its own and in pieces of at most 4096 bytes as
-/// they come; an empty piece says that nothing came for a twentieth of a second. On a POSIX system
-/// it gets what this process writes as well, but for the C library's `stderr`: the last words of a
-/// process that ends at once go straight to where they belong. Where the system has no means left,
-/// nothing is taken. One at a time. `take` may be without memory: then the piece goes on as it is.
+/// Intercepts standard error for its lifetime. Whatever child processes write there is passed to
+/// `take`, in pieces of at most 4096 bytes as they arrive; an empty piece means that nothing
+/// arrived for 50 ms.
+///
+/// `take` runs on a thread that the tap owns. If it throws std::bad_alloc, the piece goes on to the
+/// original standard error.
+///
+/// On a POSIX system this process's own output is intercepted too, except what goes through the C
+/// library's `stderr`, so that the last words of a crashing process reach their reader. When the
+/// system has no resources for a tap, nothing is intercepted. At most one tap may exist at a time.
 class ErrorTap {
 public:
+    /// Starts intercepting.
     explicit ErrorTap(std::function<void(std::string_view)> take);
     ErrorTap(const ErrorTap&) = delete;
     ErrorTap& operator=(const ErrorTap&) = delete;
     ~ErrorTap();
 
-    /// Ends it: standard error is as before, and what was written until then has been taken. Not
-    /// from within `take`.
+    /// Restores standard error and returns once everything written until then has been passed to
+    /// `take`. Must not be called from `take`. Later calls do nothing.
     void close();
-    /// To where standard error goes without the tap. What can't be written is dropped. Any thread.
+    /// Writes to the original standard error. What can't be written is dropped. Any thread may call
+    /// it.
     void write(std::string_view text) const;
 
 private:

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// A search over the entries of one directory, "." and ".." among them, in the system's order.
+/// @file
+/// Lists the entries of one directory, including "." and "..", in the system's order. A search
+/// belongs to one thread at a time.
 #pragma once
 
 #include "platform/file.h"
@@ -8,19 +10,20 @@
 
 namespace platform {
 
+/// An open search; its content is the system's.
 struct DirectorySearch;
 
-/// Opens a search over all entries of `directory` and stores the name of the first in `name`, in
-/// the wide form that file.h describes. An empty directory text is the root, as a drive's "X:" is
-/// that drive's. Null when the directory can't be listed, and lastError() says why. The search
-/// belongs to the caller, who closes it.
+/// Opens a search over all entries of `directory` and stores the first name in `name`, in the wide
+/// form that file.h describes. An empty text is the root directory, and a bare "X:" that drive's
+/// root. Returns null when the directory can't be listed; lastError() then says why. The caller
+/// owns the search and ends it with findClose().
 DirectorySearch* findFirst(const char16_t* directory, std::u16string& name);
-/// False behind the last entry, with `name` left alone.
+/// Stores the next name. After the last entry it answers false and leaves `name` alone.
 bool findNext(DirectorySearch* search, std::u16string& name);
-/// As stat of the entry found last, but without the way to it being walked again where the system
-/// offers that.
+/// As stat() of the entry found last, but without resolving its path again where the system allows
+/// that.
 std::int32_t statFound(DirectorySearch* search, FileStatus* status);
-/// Null is allowed.
+/// Ends a search and frees it; null is allowed.
 void findClose(DirectorySearch* search);
 
 } // namespace platform

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the systems below mean by the error numbers that they share.
+/// @file
+/// Maps the error numbers that all systems share to platform::Error.
 #pragma once
 
 #include "platform/error.h"
@@ -8,6 +9,7 @@
 
 namespace platform {
 
+/// The failure that `number`, a value of errno, stands for.
 inline Error errorOf(int number) {
     switch (number) {
     case 0:

@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
-// How numbers are written: by the user, and without one.
+/// @file
+/// How numbers are written: as the user does, or independently of any locale.
 #pragma once
 
 #include <string>
 
 namespace platform {
 
-/// The user's decimal separator, whatever locale the process is in; empty when it can't be told.
+/// The user's decimal separator, whatever locale the process has set; empty when it can't be told.
 std::u16string decimalSeparator();
 
-/// While it lives, the runtime library reads and writes numbers on this thread as the C language
-/// does, with a point, whatever locale the process is in.
+/// While an object of this class lives, the runtime library reads and writes numbers on the calling
+/// thread as in the "C" locale, with a point, whatever locale the process has set. It must be
+/// destroyed on the thread that made it.
 class PlainNumbers {
 public:
     PlainNumbers();

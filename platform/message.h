@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-// A last word to the user.
+/// @file
+/// A message to the user of a program that can't go on.
 #pragma once
 
 namespace platform {
 
-/// A modal message on the target; a line on standard error elsewhere. Waits until it is read.
+/// Shows a modal message box on Windows and returns when the user has closed it; elsewhere writes a
+/// line to standard error.
 void showMessage(const char16_t* title, const char16_t* text);
 
 } // namespace platform

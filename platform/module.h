@@ -1,21 +1,25 @@
 // SPDX-License-Identifier: Apache-2.0
-// Loadable modules.
+/// @file
+/// Loading of shared libraries at run time.
 #pragma once
 
 #include <string>
 
 namespace platform {
 
+/// A loaded module; null is none.
 using Module = void*;
 
-/// Loads a module with all that it needs; null on failure, and moduleError() says why.
+/// Loads a module and everything it needs. Null on failure; moduleError() says why.
+/// @{
 Module loadModule(const char16_t* path);
 Module loadModule(const char* path);
-/// The address of an exported entry, or null.
+/// @}
+/// The address of an exported symbol, or null.
 void* findEntry(Module module, const char* name);
-/// The module's code and statics must not be used any more.
+/// Unloads a module. Nothing may use its code or its static objects from here on.
 void unloadModule(Module module);
-/// The reason of the last failure on this thread, in the system's words.
+/// The reason of the last failure on this thread, in the system's own words.
 std::string moduleError();
 
 } // namespace platform

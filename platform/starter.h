@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-// How a process learns who answers for it, whatever programs stand between the two.
+/// @file
+/// The environment variable by which a process learns which process is responsible for it, whatever
+/// programs stand between the two.
 #pragma once
 
 namespace platform {
 
-/// Holds the mark of that process.
+/// Its value is the mark of that process; see processMark().
 inline constexpr const char* starterVariable = "BRIX_STARTER";
 
 } // namespace platform

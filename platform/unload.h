@@ -1,20 +1,24 @@
 // SPDX-License-Identifier: Apache-2.0
-// What a module does when it is unloaded while the process goes on.
+/// @file
+/// Clean-up of a module that is unloaded while the process goes on.
 #pragma once
 
 namespace platform {
 
-/// A static object of this class has its module call `callback` once, on the thread that unloads
-/// it, before the code goes and while constant initialised variables are whole; the callback named
-/// last comes first. Not at the end of the process, when other threads may still be at work, and
-/// never in a program.
+/// A static object of this class has its module call `callback` once when it is unloaded, on the
+/// unloading thread, before the code goes away. Callbacks run in the reverse order of their
+/// registration. Constant-initialised variables are still intact then.
+///
+/// Nothing is called at the end of the process, when other threads may still be at work, and
+/// nothing is ever called in a program.
 class AtUnload {
 public:
+    /// Registers `callback`, which must not be null.
     explicit AtUnload(void (*callback)());
     AtUnload(const AtUnload&) = delete;
     AtUnload& operator=(const AtUnload&) = delete;
 
-    /// For the system's own part, which knows when.
+    /// Called by the system's part of this class, which knows when the module is unloaded.
     static void callAll();
 
 private:

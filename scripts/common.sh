@@ -10,7 +10,7 @@ build_packages=(
 )
 test_packages=(
   clang clang-format libclang-rt-14-dev qtbase5-dev libgtest-dev libgmock-dev
-  occt-misc binutils python3 git locales
+  occt-misc binutils python3 git locales doxygen
   reuse clang-tidy lintian dpkg-dev
 )
 # What the library races against in benchmarks/.

@@ -1,17 +1,21 @@
 // SPDX-License-Identifier: Apache-2.0
-// The object of the host that an import is for, and the models that it hands out.
+/// @file
+/// The host's object that an import is for, and the models that it hands out. Both are used by the
+/// thread of the import.
 #pragma once
 
 #include "component/objects/izelunknown.h"
 
+/// A finished model.
 class IZelImportedModel : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelImportedModel";
 
-    /// The entry for the list of models, or null when the model does not count. The host's own.
+    /// The entry for the list of models, owned by the host; null when the model doesn't count.
     virtual void* modelEntry() = 0;
 };
 
+/// The target of an import.
 class IZelImportTarget : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelImportTarget";
@@ -23,6 +27,6 @@ public:
     virtual void reserved5() = 0;
     virtual void reserved6() = 0;
     virtual void reserved7() = 0;
-    /// The model behind the value of IZelCADImporter::finishModel; borrowed, null for none.
+    /// The model for a result of IZelCADImporter::finishModel(). Borrowed; null for none.
     virtual IZelImportedModel* resolveModel(void* finished) = 0;
 };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The host's topology builder. Entities are named by the identifiers of the messages; the importer
-// resolves them, whatever the order in which they come.
+/// @file
+/// The host's builder of topology.
 #pragma once
 
 #include "cadimport/modelling/shapearguments.h"
@@ -9,38 +9,47 @@
 class IZelCurve;
 class IZelSurface;
 
+/// Builds the topology of one model at a time, on the thread of the import. Entities are identified
+/// by the numbers in the messages; the importer resolves them in whatever order they arrive.
+/// Failure isn't reported.
 class IZelCADImporter : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelCADImporter";
 
     virtual void reserved1() = 0;
     virtual void reserved2() = 0;
-    /// Opens a model whose accuracy is absolute or relative.
+    /// Opens a model. `accuracy` is a length if `absolute` is true, else relative.
     virtual void beginModel(bool absolute, double accuracy) = 0;
-    /// The box of the shell that the next createShell makes, in metres.
+    /// The bounding box, in metres, of the shell that the next createShell() makes.
     virtual void setShellBox(const ZelBox3& box) = 0;
     virtual void reserved3() = 0;
+    /// Makes an edge.
     virtual void createEdge(std::int32_t edge) = 0;
+    /// Sets the face on side 0 or 1 of an edge; 0 is none.
     virtual void setEdgeFace(std::int32_t edge, std::int32_t side, std::int32_t face) = 0;
     virtual void reserved4() = 0;
+    /// Sets whether the curve is reversed on side 0 or 1; the sides are opposite.
     virtual void setEdgeSense(std::int32_t edge, std::int32_t side, bool sense) = 0;
-    /// Takes a reference of its own.
+    /// Sets the curve, to which the importer takes a reference.
     virtual void setEdgeCurve(std::int32_t edge, IZelCurve* curve) = 0;
     virtual void reserved5() = 0;
     virtual void reserved6() = 0;
-    /// Copies the array.
+    /// Makes a loop of `count` edges in order; the array is copied. `outer` marks the loop that
+    /// bounds a face from outside.
     virtual void createLoop(std::int32_t loop, const std::int32_t* edges, std::int32_t count,
                             bool outer) = 0;
+    /// Makes a face.
     virtual void createFace(std::int32_t face) = 0;
-    /// Takes a reference of its own.
+    /// Sets the surface, to which the importer takes a reference.
     virtual void setFaceSurface(std::int32_t face, IZelSurface* surface) = 0;
+    /// Adds a loop to a face.
     virtual void addFaceLoop(std::int32_t face, std::int32_t loop) = 0;
     virtual void reserved7() = 0;
-    /// Copies the array.
+    /// Makes a shell of `count` faces; the array is copied.
     virtual void createShell(std::int32_t shell, const std::int32_t* faces, std::int32_t count,
                              bool closed) = 0;
     virtual void reserved8() = 0;
     virtual void reserved9() = 0;
-    /// Closes the model. The value is for IZelImportTarget::resolveModel and nobody else.
+    /// Closes the model. The result is only for IZelImportTarget::resolveModel().
     virtual void* finishModel() = 0;
 };

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
-// What every shape object of the host can do, whatever its kind.
+/// @file
+/// What every shape object of the host's modelling component can do.
 #pragma once
 
 #include "component/objects/izelunknown.h"
 
 struct ZelMatrix4;
 
+/// A shape object of any kind.
 class IZelFeature : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelFeature";
@@ -18,6 +20,6 @@ public:
     virtual void reserved6() = 0;
     virtual void reserved7() = 0;
     virtual void reserved8() = 0;
-    /// Scales the object in place. The matrix is borrowed for the call.
+    /// Scales the object in place, from model units to metres. The matrix is borrowed for the call.
     virtual void transform(const ZelMatrix4* matrix) = 0;
 };

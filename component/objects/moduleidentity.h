@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// The component identifier as the lower floors ask for it; component/moduleidentity.h sets it.
+/// @file
+/// The component identifier for the lower layers; component/moduleidentity.h defines it.
 #pragma once
 
 class ZelGuid;
 
-/// The module's own identifier, never null; nil in a program that is no component. The address is
-/// the same for as long as the module is loaded.
+/// The identifier of this module. Never null; the identifier is nil in a program that is no
+/// component. The address doesn't change while the module is loaded.
 const ZelGuid* zelComponentId();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The pattern that every concrete class follows in its `qi`, written once.
+/// @file
+/// The answer to `qi` that every concrete class gives.
 #pragma once
 
 #include "component/objects/classwalk.h"
@@ -7,8 +8,9 @@
 
 #include <cstring>
 
-/// Answers `qi` for `object`: first the class's own name, then "IZelUnknown", then the interfaces
-/// in the order given. With a null name it reports the class with bases and each interface without.
+/// Answers `qi` for `object`, which is known under `ownName`, "IZelUnknown" and the names of
+/// `Interfaces`. With a null name it reports the class and each of these interfaces to the walk
+/// that `result` points to.
 template <class... Interfaces, class T>
 void zelAnswerQuery(T* object, const char* ownName, const char* name, void** result) {
     if (!name) {

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
-// SPtr: an IPtr that finds the host's service named after its interface.
+/// @file
+/// A smart pointer that looks up a host service.
 #pragma once
 
 #include "component/objects/countservice.h"
 #include "component/objects/iptr.h"
 
-/// Null, without any error, when the host has no such service.
+/// An IPtr whose constructor looks up the host service named after the interface `T`. It is null,
+/// without any error, when the host has no such service. It holds one reference.
 template <class T, class U = IZelUnknown> class SPtr : public IPtr<T, U> {
 public:
     SPtr() {

@@ -1,16 +1,21 @@
 // SPDX-License-Identifier: Apache-2.0
-// BinInput: typed numbers out of a device of bytes.
-//
-// Streams report without exceptions: a typed read is true when all its elements arrived, and at the
-// end of the data it is false while the stream stays good. One stream belongs to one thread.
+/// @file
+/// BinInput: reads typed numbers from a device of bytes.
+///
+/// Streams report without exceptions. A typed read is true when all of its elements arrived; at the
+/// end of the data it is false, while the stream stays good. A stream may be used by one thread at
+/// a time. The order of the virtual operations is a contract with other modules.
 #pragma once
 
 #include "zelbasictypes/data/bigendian.h"
 #include "zelbasictypes/data/binio_scrambler.h"
 
 /// The order of the virtual operations is a contract with other modules.
+/// The reading side of typed binary streams. Subclasses supply the device: a file (BinInputFile) or
+/// memory (BinInputMemory).
 class BinInput {
 public:
+    /// The size of the stage, the buffer in which numbers are assembled.
     static constexpr std::uint64_t stageBytes = 1024;
 
     BinInput() = default;
@@ -18,19 +23,22 @@ public:
     BinInput& operator=(const BinInput&) = delete;
     virtual ~BinInput() = default;
 
-    /// Up to `count` bytes from the device, as they stand there; 0 at the end of the data, on error
-    /// and without a device.
+    /// Reads up to `count` bytes from the device as they are. The number of bytes read: 0 at the
+    /// end of the data, on failure and without a device.
     virtual std::uint64_t readRaw(void* buffer, std::uint64_t count) = 0;
-    /// Of the device, in bytes; 0 without one.
+    /// The position of the device in bytes; 0 without a device.
     virtual std::int64_t tell() const = 0;
-    /// From the start of the device or else from its end; false only without a device.
+    /// Moves to an offset from the start of the device, or from its end. False only without a
+    /// device.
     virtual bool seek(std::int64_t offset, bool fromStart = true) = 0;
-    /// A device is open and has met no error.
+    /// Whether a device is open and has had no error.
     virtual bool good() const = 0;
-    /// Harmless when closed already. False when the device complains.
+    /// Closes the device; harmless when it is closed already. False when the device reports an
+    /// error.
     virtual bool close() = 0;
 
-    /// Elements that arrived before the data ended are in `dest`.
+    /// Reads `count` elements. Those that arrived before the data ended are in `dest`.
+    /// @{
     bool read(char* dest, std::uint64_t count) { return readTyped(dest, count); }
     bool read(signed char* dest, std::uint64_t count) { return readTyped(dest, count); }
     bool read(unsigned char* dest, std::uint64_t count) { return readTyped(dest, count); }
@@ -43,47 +51,57 @@ public:
     bool read(std::uint64_t* dest, std::uint64_t count) { return readTyped(dest, count); }
     bool read(float* dest, std::uint64_t count) { return readTyped(dest, count); }
     bool read(double* dest, std::uint64_t count) { return readTyped(dest, count); }
+    /// @}
 
-    /// Elements that take `width` bytes each in the stream, 1 to 8: wider ones are cut to their low
-    /// bytes, narrower ones carry their sign when the element is signed. False for another width.
+    /// Reads elements that take `width` bytes each in the stream, 1 to 8. Wider ones are cut to
+    /// their low bytes; narrower ones are extended, with their sign when the type is signed. False
+    /// for any other width.
     template <class T> bool read(T* dest, unsigned width, std::uint64_t count) {
         return width == sizeof(T) ? readTyped(dest, count) : readElements(dest, width, count);
     }
 
-    /// Straight into `buffer`, in one call of the device; the number of bytes read.
+    /// Reads directly into `buffer`, by one call of the device. The number of bytes read.
     std::uint64_t readBytes(void* buffer, std::uint64_t count);
-    /// Up to 1024 bytes into the stage, where `*staged` then points until the next operation.
+    /// Reads up to 1024 bytes into the stage. `*staged` points there until the next operation. The
+    /// number of bytes read.
     std::uint64_t readStaged(const std::uint8_t** staged, std::uint64_t count);
-    /// The signed number ahead, which stays to be read; -1 when there isn't a whole one, and then
-    /// what there was of it is behind.
+    /// The signed 32-bit number ahead, which isn't consumed. -1 when there isn't a whole one; the
+    /// bytes that there were are then consumed.
     std::int32_t peekInt();
 
-    /// Total length of the source in bytes; 0 for one that can't be measured.
+    /// The total length of the source in bytes; 0 when it can't be measured.
     std::uint64_t size() const { return size_; }
-    /// Bits in a block's length field: 32 or 64, or 0 as long as no file block decided.
+    /// The number of bits in a block's length field: 32 or 64, or 0 until a file block has decided
+    /// it.
     std::int32_t lengthWidth() const { return lengthWidth_; }
-    /// These decide once: false, and nothing changed, when it has been decided.
+    /// Decides the width of length fields. False, with nothing changed, when it has been decided.
+    /// @{
     bool setLength32() { return decideLength(32); }
     bool setLength64() { return decideLength(64); }
+    /// @}
+    /// Sets the width in any case; 0 makes it undecided again.
     void setLengthWidth(std::int32_t bits) { lengthWidth_ = bits; }
 
 private:
     std::uint8_t buffer_[stageBytes];
 
 protected:
-    std::uint64_t size_ = 0;
+    std::uint64_t size_ = 0; ///< as size(); set by the device
 
 private:
     std::int32_t lengthWidth_ = 0;
 
 protected:
-    /// Bytes behind the device's position that a device holds in memory already. It may leave this
-    /// empty. Where it doesn't, typed reads take from here without a call, and `tell` and `readRaw`
-    /// must go by what is left.
+    /// Bytes after the device's position that the device holds in memory, from `held_` up to
+    /// `heldEnd_`. A device may leave this empty. Otherwise typed reads take from here without a
+    /// call, and `tell` and `readRaw` must account for what is left.
+    /// @{
     const std::uint8_t* held_ = nullptr;
     const std::uint8_t* heldEnd_ = nullptr;
+    /// @}
+    /// The number of held bytes.
     std::uint64_t heldBytes() const { return static_cast<std::uint64_t>(heldEnd_ - held_); }
-    /// Moves up to `count` held bytes; the number of them.
+    /// Moves up to `count` held bytes to `buffer`, and returns their number.
     std::uint64_t takeHeld(void* buffer, std::uint64_t count);
 
 private:

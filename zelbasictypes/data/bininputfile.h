@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// BinInputFile: a BinInput on a FILE of the runtime library.
+/// @file
+/// BinInputFile: a BinInput on a FILE of the runtime library.
 #pragma once
 
 #include "zelbasictypes/data/bininput.h"
@@ -9,13 +10,16 @@
 
 class KorString;
 
-/// Owns the FILE, null when none could be opened. A stream made from a path reads ahead in large
-/// pieces, if there is memory for one, for as long as nobody else knows its FILE and no subclass
-/// stands between: then `file` hands the FILE out standing where the stream stands.
+/// Reads a file. It owns the FILE, which is null when none could be opened; good() then is false.
+///
+/// A stream made from a path reads ahead in large pieces when there is memory for that. It stops
+/// doing so once file() has handed out the FILE, which is then positioned where the stream is. A
+/// subclass never reads ahead.
 class BinInputFile : public BinInput {
 public:
+    /// Opens the file for reading.
     explicit BinInputFile(const KorString& path);
-    /// Takes `file` over, which may be null, and puts it at its start.
+    /// Takes ownership of `file`, which may be null, and rewinds it.
     explicit BinInputFile(std::FILE* file);
     ~BinInputFile() override;
 
@@ -25,8 +29,9 @@ public:
     bool good() const override;
     bool close() override;
 
+    /// The FILE, still owned by the stream.
     std::FILE* file();
-    /// Neither closes the FILE it had nor measures the new one.
+    /// Takes ownership of another FILE. The old one isn't closed, and the new one isn't measured.
     void setFile(std::FILE* file);
 
 private:

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// All of BinIO: typed big-endian streams, their files, and the word that objects are known by.
+/// @file
+/// Includes all of BinIO: typed big-endian streams, their files, and the magic words of objects.
 #pragma once
 
 #include "zelbasictypes/data/bininput.h"

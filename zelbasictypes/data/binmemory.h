@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Streams on memory: bytes that are there already, and bytes that gather.
+/// @file
+/// Streams on memory.
 #pragma once
 
 #include "zelbasictypes/data/bininput.h"
@@ -7,12 +8,15 @@
 
 #include <vector>
 
-/// Reads `count` bytes at `bytes`, which outlive it.
+/// Reads `count` bytes at `bytes`, which stay the caller's and must outlive the stream.
 class BinInputMemory final : public BinInput {
 public:
+    /// Reads these bytes.
+    /// @{
     BinInputMemory(const void* bytes, std::uint64_t count);
     explicit BinInputMemory(const std::vector<std::uint8_t>& bytes)
         : BinInputMemory(bytes.data(), bytes.size()) {}
+    /// @}
     explicit BinInputMemory(std::vector<std::uint8_t>&&) = delete;
 
     std::uint64_t readRaw(void* buffer, std::uint64_t count) override;
@@ -27,19 +31,20 @@ private:
     std::int64_t beyond_ = 0;
 };
 
+/// Writes to memory that the stream owns. A write that finds no memory takes no bytes.
 class BinOutputMemory final : public BinOutput {
 public:
-    /// What left the stage.
+    /// Everything written and flushed so far.
     const std::vector<std::uint8_t>& bytes() const { return bytes_; }
 
     bool flushDevice() override { return flushBuffer(); }
     std::uint64_t writeRaw(const void* buffer, std::uint64_t count) override;
     std::uint64_t readRaw(void* buffer, std::uint64_t count) override;
     std::int64_t tellRaw() const override { return open_ ? static_cast<std::int64_t>(at_) : 0; }
-    /// A position before the start is refused as a file refuses it: nothing moves.
+    /// A position before the start is refused, as a file does: nothing moves.
     bool seekRaw(std::int64_t offset, bool fromStart) override;
     bool good() const override { return open_; }
-    /// The bytes stay.
+    /// Closes the stream; the bytes stay.
     bool closeRaw() override;
 
 private:

@@ -1,19 +1,24 @@
 // SPDX-License-Identifier: Apache-2.0
-// BinOutput: typed numbers into a device of bytes, by way of a stage of 1024 bytes.
-//
-// Streams report without exceptions: an operation is false when the device took nothing of what it
-// was given. Bytes wait in the stage until it is full, the position changes or somebody flushes;
-// what is left there when the stream is destroyed is lost. One stream belongs to one thread.
+/// @file
+/// BinOutput: writes typed numbers to a device of bytes, by way of a stage of 1024 bytes.
+///
+/// Streams report without exceptions: an operation is false when the device took nothing of what it
+/// was given. Bytes wait in the stage until it is full, the position changes or somebody flushes.
+/// What is left in the stage when the stream is destroyed is lost. A stream may be used by one
+/// thread at a time. The order of the virtual operations is a contract with other modules.
 #pragma once
 
 #include "zelbasictypes/data/bigendian.h"
 #include "zelbasictypes/data/binio_scrambler.h"
 
 /// The order of the virtual operations is a contract with other modules.
+/// The writing side of typed binary streams. Subclasses supply the device: a file (BinOutputFile)
+/// or memory (BinOutputMemory).
 class BinOutput {
 public:
+    /// The size of the stage.
     static constexpr std::uint64_t stageBytes = 1024;
-    /// Typed writes find at least this much room in the stage, or have it flushed first.
+    /// A typed write flushes the stage first unless it has at least this much room.
     static constexpr std::uint64_t headroomBytes = 256;
 
     BinOutput() = default;
@@ -21,21 +26,29 @@ public:
     BinOutput& operator=(const BinOutput&) = delete;
     virtual ~BinOutput() = default;
 
-    /// Brings everything to the device and as far beyond as the device can; false in this class.
+    /// Passes everything to the device, and on from there as far as the device can. Always false in
+    /// this class.
     virtual bool flushDevice() { return false; }
-    /// Keeps its place in the order; nothing calls it.
+    /// Reserved; nothing calls it.
     virtual bool reserved() { return false; }
-    /// The number of bytes that the device took; 0 without one. The stage has no part in it.
+    /// Transfers bytes directly, past the stage. The number of bytes transferred; 0 without a
+    /// device.
+    /// @{
     virtual std::uint64_t writeRaw(const void* buffer, std::uint64_t count) = 0;
     virtual std::uint64_t readRaw(void* buffer, std::uint64_t count) = 0;
-    /// Where the device is, not counting the stage; 0 without one.
+    /// @}
+    /// The position of the device, without the stage; 0 without a device.
     virtual std::int64_t tellRaw() const = 0;
+    /// Moves the device to an offset from its start, or from its end.
     virtual bool seekRaw(std::int64_t offset, bool fromStart) = 0;
-    /// A device is open and has met no error.
+    /// Whether a device is open and has had no error.
     virtual bool good() const = 0;
-    /// Harmless when closed already. False when the device complains.
+    /// Closes the device; harmless when it is closed already. False when the device reports an
+    /// error.
     virtual bool closeRaw() = 0;
 
+    /// Writes `count` elements.
+    /// @{
     bool write(const char* source, std::uint64_t count) { return writeTyped(source, count); }
     bool write(const signed char* source, std::uint64_t count) { return writeTyped(source, count); }
     bool write(const unsigned char* source, std::uint64_t count) {
@@ -62,45 +75,52 @@ public:
     }
     bool write(const float* source, std::uint64_t count) { return writeTyped(source, count); }
     bool write(const double* source, std::uint64_t count) { return writeTyped(source, count); }
+    /// @}
 
-    /// The low `width` bytes of each element, 1 to 8; where it is wider than the element, signed
-    /// integers carry their sign. False for another width.
+    /// Writes the low `width` bytes of each element, 1 to 8. Elements are extended when they are
+    /// narrower, signed integers with their sign. False for any other width.
     template <class T> bool write(const T* source, unsigned width, std::uint64_t count) {
         return width == sizeof(T) ? writeTyped(source, count) : writeElements(source, width, count);
     }
 
-    /// Fills the stage to its last byte; false as soon as the device takes nothing.
+    /// Writes bytes as they are and fills the stage to its last byte. False as soon as the device
+    /// takes nothing.
     bool writeBytes(const void* source, std::uint64_t count);
-    /// Room in the stage for a caller to format into: `*room` points there, the result is how much
-    /// of `count` it holds. `commit` then takes over what the caller filled.
+    /// Lends room in the stage for the caller to fill. `*room` points there; the result is how many
+    /// of `count` bytes it holds. `commit` then takes over what the caller has filled.
+    /// @{
     std::uint64_t reserve(std::uint8_t** room, std::uint64_t count);
     bool commit(std::uint64_t count);
+    /// @}
 
-    /// Empties the stage onto the device; what the device refuses is lost.
+    /// Passes the stage to the device. What the device refuses is lost.
     bool flushBuffer();
-    /// From the device, where it stands behind all that was written.
+    /// Reads from the device, after everything that was written. The number of bytes read.
     std::uint64_t readBack(void* buffer, std::uint64_t count);
+    /// The position of the stream, including the stage.
     std::int64_t tell() const { return tellRaw() + static_cast<std::int64_t>(pending()); }
+    /// Flushes the stage and moves to an offset from the start of the device, or from its end.
     bool seek(std::int64_t offset, bool fromStart = true);
-    /// False when bytes were lost.
+    /// Flushes the stage and closes the device. False when bytes were lost.
     bool close();
 
-    /// Of the formats that are to be written here; 0 for the newest.
+    /// The version of the formats to be written; 0 for the newest.
+    /// @{
     std::uint32_t version() const { return version_; }
     bool setVersion(std::uint32_t value) {
         version_ = value;
         return true;
     }
+    /// @}
 
 protected:
-    /// For a device that gathers in memory: unless there is something in the stage, it lies at
-    /// `room` from now on, `stageBytes` long, so that what is flushed stands in its place when
-    /// `writeRaw` gets it.
+    /// For a device that gathers bytes in memory. Unless the stage holds something, it is moved to
+    /// `room`, which has `stageBytes` bytes; what is flushed is then in place already when
+    /// `writeRaw` receives it.
     void lendStage(std::uint8_t* room) {
         if (pending() == 0) next_ = stage_ = room;
     }
-    /// Ends the lending, before a device uses that memory otherwise; what is in the stage comes
-    /// along.
+    /// Moves the stage and its content back, before a device uses that memory otherwise.
     void takeStageBack();
 
 private:

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// BinOutputFile: a BinOutput on a FILE of the runtime library.
+/// @file
+/// BinOutputFile: a BinOutput on a FILE of the runtime library.
 #pragma once
 
 #include "zelbasictypes/data/binoutput.h"
@@ -9,18 +10,20 @@
 
 class KorString;
 
-/// Owns the FILE, null when none could be opened. Its destruction closes the FILE, but what waits
-/// in the stage is lost: close or flush first. When a stream made from a path is flushed
-/// (`flushDevice`) or closed with the answer true, the disk has what was written; what only left
-/// the stage is with the FILE, or still with the stream. A stream made from a path gathers what it
-/// writes in a large block, if there is memory for one, inside which it can move and write again
-/// without the FILE, for as long as nobody else knows that FILE; `file` hands it out with
-/// everything written that left the stage.
+/// Writes a file. It owns the FILE, which is null when none could be opened; good() then is false.
+/// The destructor closes the FILE, but what waits in the stage is lost: close or flush first.
+///
+/// When flushDevice() or close() returns true for a stream made from a path, everything written is
+/// on the disk.
+///
+/// A stream made from a path gathers what it writes in a large block when there is memory for that,
+/// and can move and overwrite within it without the FILE. It stops doing so once file() has handed
+/// out the FILE, to which everything flushed from the stage has then been written.
 class BinOutputFile : public BinOutput {
 public:
-    /// Makes the file or empties it; it can be read back.
+    /// Makes the file, or empties an existing one. It can be read back.
     explicit BinOutputFile(const KorString& path);
-    /// Takes `file` over, which may be null, and leaves it where it stands.
+    /// Takes ownership of `file`, which may be null, and doesn't move it.
     explicit BinOutputFile(std::FILE* file) : file_(file) {}
     ~BinOutputFile() override;
 
@@ -33,8 +36,9 @@ public:
     bool good() const override;
     bool closeRaw() override;
 
+    /// The FILE, still owned by the stream.
     std::FILE* file();
-    /// Doesn't close the FILE it had.
+    /// Takes ownership of another FILE. The old one isn't closed.
     void setFile(std::FILE* file);
 
 private:

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-// The base of what listens to the host's settings: hears everything and does nothing.
+/// @file
+/// A base class for receivers of the host's settings.
 #pragma once
 
 #include "component/objects/services/izeldatareceiver.h"
 
-/// A subclass overrides the kinds of value that it needs. One that adds no interface keeps the
-/// `qi` of this class and doesn't answer to a name of its own.
+/// Receives everything and does nothing. A subclass overrides the kinds of value that it needs; if
+/// it adds no interface, it keeps this class's `qi` and has no name of its own there.
 class KorDataReceiver : public IZelDataReceiver {
 public:
     void qi(const char* name, void** result, std::int32_t reserved = 0) override;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Data-model files, read and written.
+/// @file
+/// Includes the reader and the writer of data-model files.
 #pragma once
 
 #include "zelbasictypes/data/zelfileread.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// ZelFileRead: reads data-model files; docs/formats.md tells what they look like.
+/// @file
+/// ZelFileRead: reads data-model files. docs/formats.md describes the format.
 #pragma once
 
 #include "zelbasictypes/data/blockpositions.h"
@@ -9,16 +10,16 @@ class BinInput;
 struct ZelMatrix4;
 struct ZelVector3;
 
-/// Reads from a stream of its own, or from one that it is lent. After the first error it isn't good
-/// until it gets another stream: values are then still read from wherever the stream is, no block
-/// can be entered, and `endBlock` only counts. An operation without a stream is an assertion and
-/// otherwise nothing.
+/// Reads a file of its own or a borrowed stream. After the first error the reader isn't good until
+/// it gets another stream: values are then still read from wherever the stream is, no block can be
+/// entered, and `endBlock` only counts. Calling an operation without a stream fails an assertion
+/// and does nothing else. One thread at a time may use a reader.
 class ZelFileRead : public IZelDataModelReader {
 public:
     static constexpr const char* interfaceName = "ZelFileRead";
 
     ZelFileRead() = default;
-    /// The stream stays its owner's.
+    /// Reads from `stream`, which stays the caller's and must outlive its use here.
     explicit ZelFileRead(BinInput* stream) : bi_(stream), good_(true) {}
     ZelFileRead(const ZelFileRead&) = delete;
     ZelFileRead& operator=(const ZelFileRead&) = delete;
@@ -53,18 +54,19 @@ public:
     const ZelGuid* currentGuid() override;
     bool good() override;
     std::uint32_t peekTag() override;
-    /// A new stream on the file; a subclass may have another kind.
+    /// A new stream on the file, owned by the caller. A subclass may make another kind.
     virtual BinInput* createInput(const KorString& path);
 
     ~ZelFileRead() override;
     void qi(const char* name, void** result, std::int32_t reserved = 0) override;
     const char* className() override { return interfaceName; }
 
+    /// As the operation for that type. Four doubles have no other operation.
+    /// @{
     ZelFileRead& operator>>(ZelGuid& value);
     ZelFileRead& operator>>(float (&value)[2]);
     ZelFileRead& operator>>(double (&value)[2]);
     ZelFileRead& operator>>(double (&value)[3]);
-    /// Four doubles have no other operation.
     ZelFileRead& operator>>(double (&value)[4]);
     ZelFileRead& operator>>(double (&value)[16]);
     ZelFileRead& operator>>(ZelVector3& value);
@@ -78,35 +80,40 @@ public:
     ZelFileRead& operator>>(char& value);
     ZelFileRead& operator>>(signed char& value);
     ZelFileRead& operator>>(unsigned char& value);
+    /// @}
 
-    /// True when the file could be opened; `good` then says whether it is a data-model file.
+    /// Opens a file and enters its file block. True when the file could be opened; `good` then
+    /// tells whether it is a data-model file.
     bool open(const KorString& path);
-    /// The same for a stream at hand: enters its file block. The result is `good`.
+    /// Enters the file block of the attached stream. The result is `good`.
     bool checkFileHeader();
-    /// Starts anew on a stream that stays its owner's; null for none. Always true.
+    /// Starts again on a stream that stays the caller's; null is none. Always true.
     bool attach(BinInput* stream);
     /// Leaves the innermost block, and closes and deletes a stream of its own. The result is what
-    /// `good` was then.
+    /// `good` was before.
     bool close();
-    /// Enters the block ahead; the reader isn't good any more when its tag is another or its
-    /// version greater.
+    /// Enters the block ahead. The reader isn't good any more when the tag is another or the
+    /// version is greater.
+    /// @{
     bool expectBlock(std::uint32_t tag);
     bool expectBlock(std::uint32_t tag, std::uint32_t maxVersion);
-    /// The result is `good`.
+    /// @}
+    /// Skips the block ahead. The result is `good`.
     bool skipBlock();
-    /// Whether the block ahead has that tag; it stays ahead. `version`, if given, becomes -1 or the
-    /// block's.
+    /// Whether the block ahead, which isn't consumed, has that tag. `version`, if given, receives
+    /// the block's version, or -1.
     bool isNextBlock(std::uint32_t tag, std::int32_t* version = nullptr);
-    /// The same for a whole object block with that identifier.
+    /// The same for a complete object block with that identifier.
     bool isNextObject(const ZelGuid& guid, std::int32_t* version = nullptr);
-    /// Never negative.
+    /// The bytes up to the end of the innermost block; never negative.
     std::int64_t bytesLeftInBlock();
-    /// From now on not good.
+    /// Makes the reader not good.
     void fail() { good_ = false; }
-    /// Borrowed.
+    /// The stream, borrowed.
     BinInput* stream();
+    /// Whether there is a stream.
     bool hasStream() const { return bi_; }
-    /// Makes room for that many open blocks at once.
+    /// Makes room for at least `min` nested blocks, and for `max` if memory allows.
     void reserveDepth(std::int32_t min, std::int32_t max) { end_.reserve(min, max); }
 
 private:

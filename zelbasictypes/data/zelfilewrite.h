@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// ZelFileWrite: writes data-model files; docs/formats.md tells what they look like.
+/// @file
+/// ZelFileWrite: writes data-model files. docs/formats.md describes the format.
 #pragma once
 
 #include "zelbasictypes/data/blockpositions.h"
@@ -9,19 +10,24 @@ class BinOutput;
 struct ZelMatrix4;
 struct ZelVector3;
 
-/// Writes to a file of its own, or to a stream that it is lent. The version decides the width of
-/// lengths: 1 to 9 make a narrow file, whose blocks stay below 4 GiB, 0 and 10 up a wide one. It
-/// must stay as it is while a block is open, or the length lands on the content. A block gets its
-/// length when it ends, so that one that never ends has length 0. An operation without a stream is
-/// an assertion and otherwise nothing.
+/// Writes to a file of its own or to a borrowed stream.
+///
+/// The version decides the width of lengths: 1 to 9 make a narrow file, whose blocks must stay
+/// below 4 GiB; 0 and 10 up make a wide one. Don't change it while a block is open, or the length
+/// overwrites content. A block gets its length when it ends, so that a block that never ends has
+/// length 0.
+///
+/// Calling an operation without a stream fails an assertion and does nothing else. One thread at a
+/// time may use a writer.
 class ZelFileWrite : public IZelDataModelWriter {
 public:
     static constexpr const char* interfaceName = "ZelFileWrite";
 
-    /// Closes what it creates when it is destroyed.
+    /// A writer without a stream. The destructor closes the file that create() makes.
     ZelFileWrite() = default;
-    /// The stream stays its owner's. With `closeOnEnd` the writer ends the outermost block and
-    /// flushes the stream when it is closed or destroyed; without, it ends the blocks only.
+    /// Writes to `stream`, which stays the caller's. With `closeOnEnd`, destroying the writer or
+    /// attaching another stream ends all open blocks and flushes; without it, they only end the
+    /// blocks.
     explicit ZelFileWrite(BinOutput* stream, bool closeOnEnd = false);
     ZelFileWrite(const ZelFileWrite&) = delete;
     ZelFileWrite& operator=(const ZelFileWrite&) = delete;
@@ -47,21 +53,22 @@ public:
     bool endNamed() override;
     bool beginGuidBlock(const ZelGuid& guid, std::uint32_t version) override;
     bool beginBlock(std::uint32_t tag, std::uint32_t version) override;
-    /// Nothing when no block is open.
+    /// Does nothing when no block is open.
     bool endBlock() override;
     bool good() override;
-    /// A new stream on the file; a subclass may have another kind.
+    /// A new stream on the file, owned by the caller. A subclass may make another kind.
     virtual BinOutput* createOutput(const KorString& path);
 
     ~ZelFileWrite() override;
     void qi(const char* name, void** result, std::int32_t reserved = 0) override;
     const char* className() override { return interfaceName; }
 
+    /// As the operation for that type. Four doubles have no other operation.
+    /// @{
     ZelFileWrite& operator<<(const ZelGuid& value);
     ZelFileWrite& operator<<(const float (&value)[2]);
     ZelFileWrite& operator<<(const double (&value)[2]);
     ZelFileWrite& operator<<(const double (&value)[3]);
-    /// Four doubles have no other operation.
     ZelFileWrite& operator<<(const double (&value)[4]);
     ZelFileWrite& operator<<(const double (&value)[16]);
     ZelFileWrite& operator<<(const ZelVector3& value);
@@ -75,20 +82,22 @@ public:
     ZelFileWrite& operator<<(char value);
     ZelFileWrite& operator<<(signed char value);
     ZelFileWrite& operator<<(unsigned char value);
+    /// @}
 
-    /// Makes the file and opens its file block; false when it can't be made.
+    /// Makes the file and opens its file block. False when it can't be made.
     bool create(const KorString& path);
-    /// The same for a stream at hand.
+    /// Opens the file block of the attached stream.
     bool writeFileHeader();
-    /// Ends what is open on the stream before and starts anew; null for none. Always true.
+    /// Ends what is open on the previous stream and starts again; null is none. Always true.
     bool attach(BinOutput* stream, bool closeOnEnd = false);
     /// Ends the innermost block, flushes with `closeOnEnd`, and closes a file of its own. True when
-    /// everything went well to the end.
+    /// everything has gone well to the end.
     bool close();
+    /// Makes the writer not good.
     void fail() { good_ = false; }
-    /// Of this writer and its stream. Always true.
+    /// Sets the version of this writer and its stream. Always true.
     bool setVersion(std::uint32_t value);
-    /// Borrowed.
+    /// The stream, borrowed.
     BinOutput* stream();
 
 private:

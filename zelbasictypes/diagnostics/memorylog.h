@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
-// The file "memory.log", which tells how things stood when an allocation failed for good.
+/// @file
+/// The file "memory.log", which records the state of the memory at a final allocation failure.
 #pragma once
 
 #include <cstdint>
 
 /// Replaces the log in the directory of the setting "Directories/Logs Directory". `attempted` is
-/// the request that failed, in bytes, or 0. Where there is no settings store there is no log, nor
-/// where the file can't be opened. What nobody tells about the machine's memory stands as 0.
+/// the size of the failed request in bytes, or 0. Nothing is written when there is no settings
+/// store or the file can't be opened. Figures that nobody can tell are 0.
 void zelWriteMemoryLog(std::int64_t attempted);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A condition variable on kernel objects.
+/// @file
+/// A condition variable on kernel objects.
 #pragma once
 
 #include "platform/sync.h"
@@ -8,18 +9,20 @@
 #include <cstdint>
 #include <memory>
 
-/// All waiters use the same mutex. A wait may end without its condition, so test that in a loop.
-/// Where the system refuses an object, waits for it return at once.
+/// A condition variable. All waiters use the same mutex. A wait may end although the condition
+/// doesn't hold, so test it in a loop. When the system can't make the objects behind it, waits
+/// return at once.
 class ZelCondition {
 public:
     ZelCondition();
 
-    /// The caller holds `mutex`, once; it is free during the wait and held again afterwards.
+    /// The caller must hold `mutex` exactly once. It is released during the wait and held again
+    /// afterwards.
     void wait(ZelMutex& mutex);
-    /// Wakes one waiter; without any it leaves nothing behind.
+    /// Wakes one waiter; does nothing when there is none.
     void signal();
-    /// Wakes all waiters, and returns when they all have woken. Call it with the mutex held, so
-    /// that nobody begins to wait meanwhile.
+    /// Wakes all waiters and returns when they have all woken. Hold the mutex during the call, so
+    /// that nobody starts to wait meanwhile.
     void broadcast();
 
 private:
@@ -32,6 +35,6 @@ private:
     bool broadcasting = false;
 };
 
-/// The spin count of critical sections: that of the environment variable ZEL_SPIN_COUNT, which is
-/// read at the first call, else -1. Negative means the system's default.
+/// The spin count of critical sections: the value of the environment variable ZEL_SPIN_COUNT at the
+/// first call, else -1. A negative count means the system's default.
 std::int32_t zelSpinCount();

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
-// A manual-reset event, held for as long as the object lives.
+/// @file
+/// A manual-reset event.
 #pragma once
 
 #include "platform/sync.h"
 
 #include <memory>
 
-/// Not signalled at first. It has no operation of its own.
+/// Holds an event of the system that isn't signalled. It has no operations of its own.
 class ZelEvent {
 public:
     ZelEvent() : handle(platform::makeEvent(true, false)) {}

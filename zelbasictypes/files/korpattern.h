@@ -1,30 +1,33 @@
 // SPDX-License-Identifier: Apache-2.0
-// Glob patterns for names, wide and narrow.
-//
-// "*" stands for any text, also none, "?" for one character, "[abc]" and "[a-z]" for one of a set;
-// everything else stands for itself. There is no negation and no escape. A set ends at the first
-// "]" behind its "[", so that an empty one matches nothing, and so does a "[" without its "]". Both
-// ends of a range and the dash itself belong to the set, a dash in front of the "]" makes a range
-// up to that, and a "[" of the text matches a "[" of the pattern, set or not. Narrow characters are
-// bytes and compare as unsigned numbers.
-//
-// A pattern belongs to one thread at a time: matching uses memory of its own.
+/// @file
+/// Glob patterns for names, wide and narrow.
+///
+/// "*" matches any text, even an empty one, "?" one character, and "[abc]" or "[a-z]" one of a set;
+/// every other character matches itself. There is neither negation nor an escape. A set ends at the
+/// first "]" after its "[", so that an empty set matches nothing, as does a "[" without its "]".
+/// Both ends of a range and the dash itself belong to the set, and a dash before the "]" makes a
+/// range up to that. A "[" in the text matches a "[" of the pattern, whether it begins a set or
+/// not. Narrow characters are bytes, compared as unsigned numbers.
+///
+/// A pattern may be used by one thread at a time, since matching uses memory of the pattern.
 #pragma once
 
 #include "zelbasictypes/files/statematcher.h"
 #include "zelbasictypes/text/korcstring.h"
 #include "zelbasictypes/text/korstring.h"
 
-/// Whether a pattern is taken as it stands or lowered first, which then goes with `matchLowered`.
+/// Whether a pattern is taken as it is, or lowered for use with `matchLowered`.
 enum class ZelPatternCase { kept, lowered };
 
+/// A pattern for wide texts.
 class KorPattern {
 public:
+    /// Copies the pattern, lowered or not.
     explicit KorPattern(const KorString& pattern, ZelPatternCase how = ZelPatternCase::kept);
 
-    /// Whether the pattern matches all of `other`; a null text counts as an empty one.
+    /// Whether the pattern matches all of `other`; a null text counts as empty.
     bool match(const KorString& other) const;
-    /// The same after lowering `other`.
+    /// As `match`, after lowering `other`.
     bool matchLowered(const KorString& other) const;
 
 private:
@@ -34,12 +37,17 @@ private:
     zelglob::States after;
 };
 
+/// A pattern for narrow texts; see KorPattern.
 class KorCPattern {
 public:
+    /// Copies the pattern, lowered or not.
     explicit KorCPattern(const KorCString& pattern, ZelPatternCase how = ZelPatternCase::kept);
 
+    /// As for KorPattern.
+    /// @{
     bool match(const KorCString& other) const;
     bool matchLowered(const KorCString& other) const;
+    /// @}
 
 private:
     KorCString text;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The matching of glob patterns, for both widths of text.
+/// @file
+/// Matches glob patterns, for both widths of text.
 #pragma once
 
 #include <cstdint>
@@ -8,23 +9,29 @@
 
 namespace zelglob {
 
+/// Gives a set's memory back.
 struct BlockFreer {
+    /// Frees `block`.
     void operator()(unsigned char* block) const;
 };
-/// A set of places in a pattern, one byte a place.
+/// A set of positions in a pattern, one byte for each.
 using States = std::unique_ptr<unsigned char[], BlockFreer>;
 
-/// An empty set for a pattern of `length` characters, whose end is a place too.
+/// An empty set for a pattern of `length` characters; the end of the pattern is a position too.
 States makeStates(std::int32_t length);
 
-/// Carries the set of all places that the pattern can have reached from character to character of
-/// the text, so that nothing is ever tried twice. `before` and `after` are sets of makeStates.
+/// Matches all of `text`. The set of all positions that the pattern can have reached is carried
+/// from character to character, so that nothing is tried twice. `before` and `after` are sets of
+/// makeStates().
 template <class Unit>
 bool matches(std::basic_string_view<Unit> pattern, std::basic_string_view<Unit> text,
              unsigned char* before, unsigned char* after);
 
+/// Instantiated in the library.
+/// @{
 extern template bool matches(std::string_view, std::string_view, unsigned char*, unsigned char*);
 extern template bool matches(std::u16string_view, std::u16string_view, unsigned char*,
                              unsigned char*);
+/// @}
 
 } // namespace zelglob

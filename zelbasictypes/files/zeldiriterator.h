@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A walk over the entries of one directory.
+/// @file
+/// Iterates over the entries of one directory.
 #pragma once
 
 #include "platform/directory.h"
@@ -11,23 +12,32 @@
 #include <string_view>
 #include <vector>
 
-/// One entry and what the platform knows about it. An entry whose state can't be read is still an
-/// entry, with `exists` false.
+/// One entry and its status. An entry whose status can't be read is still an entry, with `exists`
+/// false.
 class ZelDirEntry {
 public:
     ZelDirEntry() = default;
+    /// Reads the status of `name` in `directory`.
     ZelDirEntry(const KorString& directory, const KorString& name);
 
+    /// The path: the directory, followed by the name.
     const ZelPath& path() const { return path_; }
-    /// All zero when the state couldn't be read.
+    /// The status; all zero when it couldn't be read.
     const platform::FileStatus& stat() const { return stat_; }
+    /// Whether the status could be read.
     bool exists() const { return valid_; }
+    /// The kind of the entry; links are followed.
+    /// @{
     bool isDirectory() const { return hasType(platform::file_mode::directory); }
     bool isRegular() const { return hasType(platform::file_mode::regular); }
-    /// In bytes; 0 when the state couldn't be read.
+    /// @}
+    /// The size in bytes; 0 when the status couldn't be read.
     std::int64_t size() const { return valid_ ? stat_.size : 0; }
+    /// Whether this is the directory's own entry, or that of its parent.
+    /// @{
     bool isDot() const { return isDirectoryNamed(u"."); }
     bool isDotDot() const { return isDirectoryNamed(u".."); }
+    /// @}
 
 private:
     friend class ZelDirIterator;
@@ -40,21 +50,25 @@ private:
     bool valid_ = false;
 };
 
-/// Opens nothing until `begin`, which may be called again and then starts anew; before it the walk
-/// counts as done. Entries come in the order of the system.
+/// An iterator, for one thread at a time. Nothing is opened before `begin`, which may be called
+/// again to restart; until then the iteration counts as done. Entries come in the system's order. A
+/// directory that can't be read has no entries.
 class ZelDirIterator {
 public:
-    /// `directory` stays the caller's and must outlive the walk. `skipDots` leaves "." and ".."
-    /// out.
+    /// `directory` stays the caller's and must outlive the iterator. `skipDots` leaves out the
+    /// entries of the directory itself and of its parent.
     explicit ZelDirIterator(const KorString* directory, bool skipDots = true);
     ZelDirIterator(const ZelDirIterator&) = delete;
     ZelDirIterator& operator=(const ZelDirIterator&) = delete;
     ~ZelDirIterator();
 
+    /// Moves to the first entry.
     void begin();
+    /// Moves to the next entry.
     void next();
+    /// True after the last entry.
     bool isDone() const { return done; }
-    /// The current entry; meaningful while the walk isn't done.
+    /// The current entry; meaningless when the iteration is done.
     const ZelDirEntry& entry() const { return entry_; }
 
 private:
@@ -73,9 +87,10 @@ private:
     bool done = true;
 };
 
-/// All entries but the two dots, read in one go, so that the directory may change meanwhile.
+/// All entries except the two of full stops, read at once, so that the directory may change
+/// meanwhile.
 std::vector<ZelDirEntry> entriesOf(const KorString& directory);
-/// The number of entries, "." and ".." among them.
+/// The number of entries, including the two of full stops.
 std::int32_t entryCount(const KorString& directory);
-/// The sizes of the regular files added up, in bytes, without those of subdirectories.
+/// The sum of the sizes of the regular files, in bytes, without subdirectories.
 std::int64_t totalSize(const KorString& directory);

@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A stream buffer over a file descriptor of the platform, with wide paths.
-//
-// Blocks go straight to the device and back; only single characters pass through the buffer, which
-// serves one direction at a time. After a character read a character write fails, and the other way
-// round, until a seek; blocks are never refused. A block read takes no notice of characters that
-// wait in the buffer, so the two aren't mixed without a seek.
+/// @file
+/// A stream buffer over a file descriptor of the platform, with wide paths.
 #pragma once
 
 #include "zelbasictypes/files/zelopenmode.h"
@@ -13,40 +9,56 @@
 #include <cstdint>
 #include <streambuf>
 
+/// Reads and writes a file. Blocks go directly to the file; only single characters pass through the
+/// buffer, which serves one direction at a time. After a character was read, writing a character
+/// fails until the next seek, and the reverse. Blocks are never refused. Reading a block ignores
+/// characters waiting in the buffer, so don't mix the two without a seek.
+///
+/// The buffer owns its descriptor. One thread at a time may use it.
 class ZelFdStreambuf : public std::basic_streambuf<char> {
 public:
     ZelFdStreambuf() = default;
     ZelFdStreambuf(const ZelFdStreambuf&) = delete;
     ZelFdStreambuf& operator=(const ZelFdStreambuf&) = delete;
-    /// Closes. Whether the last characters could be written is lost here; close beforehand to know.
+    /// Closes the file. A failure to write the last characters goes unnoticed here; call close() to
+    /// know.
     ~ZelFdStreambuf() override;
 
-    /// `mode` is of zelmode, with `in` or `out` at least. Output creates a missing file, and alone
-    /// it truncates. Null when this buffer is open already, which then stays as it is, or when the
-    /// file couldn't be opened.
+    /// Opens a file. `mode` is of zelmode and includes at least `in` or `out`. Output creates a
+    /// missing file; output alone truncates. Null when the file can't be opened, or when this
+    /// buffer is open already, which then stays as it is.
+    /// @{
     ZelFdStreambuf* open(const KorString& path, std::int32_t mode);
     ZelFdStreambuf* open(const char* path, std::int32_t mode);
-    /// Takes over an open descriptor.
+    /// @}
+    /// Takes ownership of an open descriptor. Null, with the descriptor left to the caller, when
+    /// this buffer is open already or the descriptor is -1.
     ZelFdStreambuf* attach(std::int32_t descriptor, std::int32_t mode);
-    /// Writes what waits. Null when not open.
+    /// Writes the waiting characters and closes the file. Null when not open.
     ZelFdStreambuf* close();
+    /// Whether there is a file.
     bool isOpen() const { return fd != -1; }
 
-    /// In effect only before the first open, and for 0 to 0x7FFFFFFF bytes that there is memory
-    /// for; 1024 bytes otherwise.
+    /// Sets the size of the buffer, from 0 to 0x7FFFFFFF bytes. It takes effect only before the
+    /// first open, and only when there is memory for it; otherwise the size is 1024 bytes.
     void setBufferSize(std::int64_t bytes);
-    /// Drops what waits, and the buffer, which is freed when it is our own. Without a buffer single
-    /// characters are written one by one and not read but by `sbumpc`.
+    /// Drops waiting characters and the buffer, which is freed when it is our own. Without a
+    /// buffer, single characters are written one by one, and only `sbumpc` reads them.
     void freeBuffer();
-    /// `area` stays the caller's and must outlive its use here. What waits is dropped.
+    /// Uses `area` as the buffer. It stays the caller's and must outlive its use here. Waiting
+    /// characters are dropped.
     virtual ZelFdStreambuf* setBuffer(char* area, std::int64_t bytes);
 
-    /// As `sgetn`: the number read, 0 also on failure. Both read `count` bytes into memory that has
-    /// room for them, whatever `capacity` says.
+    /// As `sgetn`: the number of bytes read, 0 also on failure. Both read `count` bytes into `out`,
+    /// whatever `capacity` says.
+    /// @{
     virtual std::streamsize readBlock(char* out, std::int64_t capacity, std::streamsize count);
     virtual std::streamsize readBlockInto(char* out, std::int64_t capacity, std::streamsize count);
+    /// @}
 
 protected:
+    /// As std::basic_streambuf requires.
+    /// @{
     int_type overflow(int_type c = traits_type::eof()) override;
     int_type pbackfail(int_type c = traits_type::eof()) override;
     std::streamsize showmanyc() override;
@@ -61,6 +73,7 @@ protected:
                      std::ios_base::openmode which = std::ios_base::in |
                                                      std::ios_base::out) override;
     int sync() override;
+    /// @}
 
 private:
     ZelFdStreambuf* begin(std::int32_t descriptor, std::int32_t mode);

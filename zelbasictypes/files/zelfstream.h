@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The three file streams of the library, over ZelFdStreambuf.
+/// @file
+/// The three file streams of the library, over ZelFdStreambuf.
 #pragma once
 
 #include "zelbasictypes/files/zelfdstreambuf.h"
@@ -7,17 +8,25 @@
 #include <istream>
 #include <ostream>
 
-/// What the three have in common. `mode` is of zelmode. A failed open sets failbit and badbit, and
-/// the stream may be opened anew.
+/// A standard stream on a file. `mode` is of zelmode. A failed open sets failbit and badbit; the
+/// stream may then be opened again. One thread at a time may use it.
 template <class Stream> class ZelFileStream : public Stream {
 public:
     ZelFileStream() : Stream(nullptr) { this->rdbuf(&file); }
+    /// Opens the file.
+    /// @{
     ZelFileStream(const KorString& path, std::int32_t mode) : ZelFileStream() { open(path, mode); }
     ZelFileStream(const char* path, std::int32_t mode) : ZelFileStream() { open(path, mode); }
+    /// @}
 
+    /// Opens the file, unless one is open.
+    /// @{
     void open(const KorString& path, std::int32_t mode) { note(file.open(path, mode)); }
     void open(const char* path, std::int32_t mode) { note(file.open(path, mode)); }
+    /// @}
+    /// Writes what is waiting and closes the file.
     void close() { file.close(); }
+    /// Whether a file is open.
     bool isOpen() const { return file.isOpen(); }
 
 private:
@@ -28,6 +37,9 @@ private:
     ZelFdStreambuf file;
 };
 
+/// A file stream for reading, writing or both.
+/// @{
 using ZelIfstream = ZelFileStream<std::basic_istream<char>>;
 using ZelOfstream = ZelFileStream<std::basic_ostream<char>>;
 using ZelFstream = ZelFileStream<std::basic_iostream<char>>;
+/// @}

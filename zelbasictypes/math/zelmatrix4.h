@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
-// A transformation of space as a 4 by 4 matrix of doubles, a plain value.
-//
-// The entries stand row by row: row r, column c is m[4 * r + c]. Points are column vectors on the
-// right: a point p goes to the first three rows times (p, 1), divided by the fourth row times
-// (p, 1). So the translation stands in the fourth column (3, 7, 11), an affine matrix ends with the
-// row 0 0 0 1, the axes of a frame are the columns of the upper left 3 by 3 block, and `a * b`
-// applies b first. Angles are radians; a positive turn is counter-clockwise for one who looks
-// against the axis.
-//
-// Nothing reports through exceptions. NaNs and infinities spread through the arithmetic, and a NaN
-// in an entry that a test looks at makes the test false.
+/// @file
+/// A transformation of space as a 4 by 4 matrix of doubles.
+///
+/// The entries are stored row by row: row r, column c is m[4 * r + c]. Points are column vectors on
+/// the right. A point p is mapped to the first three rows times (p, 1), divided by the fourth row
+/// times (p, 1). So the translation is in the fourth column (3, 7, 11), an affine matrix ends with
+/// the row 0 0 0 1, the axes of a frame are the columns of the upper left 3 by 3 block, and `a * b`
+/// applies b first.
+///
+/// Angles are in radians. A positive rotation is counter-clockwise when seen against the direction
+/// of its axis.
+///
+/// Nothing throws. NaNs and infinities spread through the arithmetic, and a NaN in an entry that a
+/// test looks at makes the test false.
 #pragma once
 
 #include "zelbasictypes/math/zelquaternion.h"
@@ -20,12 +23,14 @@
 class BinInput;
 class BinOutput;
 
+/// A transformation; a plain value.
 struct ZelMatrix4 {
+    /// The entries, row by row.
     double m[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
 
     /// The identity.
     constexpr ZelMatrix4() = default;
-    /// Row by row.
+    /// The entries row by row.
     constexpr ZelMatrix4(double m0, double m1, double m2, double m3, double m4, double m5,
                          double m6, double m7, double m8, double m9, double m10, double m11,
                          double m12, double m13, double m14, double m15)
@@ -43,69 +48,90 @@ struct ZelMatrix4 {
         return {x.x, y.x, z.x, origin.x, x.y, y.y, z.y, origin.y,
                 x.z, y.z, z.z, origin.z, 0,   0,   0,   1};
     }
-    /// Not normalised: a quaternion of length L gives the turn scaled by L², zero the zero block.
+    /// A rotation. The quaternion isn't normalised: one of length L gives the rotation scaled by
+    /// L², zero gives the zero block.
     static constexpr ZelMatrix4 fromQuaternion(const ZelQuaternion& q,
                                                const ZelVector3& translation = zelZeroVector);
+    /// The identity with this translation.
     static constexpr ZelMatrix4 fromTranslation(const ZelVector3& v) {
         return {1, 0, 0, v.x, 0, 1, 0, v.y, 0, 0, 1, v.z, 0, 0, 0, 1};
     }
     /// Maps the square from -1 to 1 onto the rectangle with the corners (r[0], r[1]) and
     /// (r[2], r[3]).
     static constexpr ZelMatrix4 fromRectangle(const double r[4]);
+    /// A scaling about the origin.
+    /// @{
     static constexpr ZelMatrix4 uniformScale(double s) { return scaling(s, s, s); }
     static constexpr ZelMatrix4 scaling(double sx, double sy, double sz) {
         return {sx, 0, 0, 0, 0, sy, 0, 0, 0, 0, sz, 0, 0, 0, 0, 1};
     }
-    /// A turn about an axis of any length. A zero axis gives the unit block times cos(angle).
+    /// @}
+    /// A rotation about an axis of any length through the origin. A zero axis gives the unit block
+    /// times cos(angle).
     static ZelMatrix4 rotation(const ZelVector3& axis, double angle);
-    /// The shortest turn that takes one direction into the other; for opposite ones, half a turn
-    /// about some axis between. With a zero vector the block is the unit block times cos(π/2),
-    /// which is about 6e-17.
+    /// The shortest rotation that takes one direction into the other; for opposite directions, half
+    /// a turn about some perpendicular axis. With a zero vector the block is the unit block times
+    /// cos(π/2), which is about 6e-17.
     static ZelMatrix4 rotationBetween(const ZelVector3& from, const ZelVector3& to);
-    /// I - 2 n nᵀ: a mirror only for an n of length 1, to which it isn't brought here.
+    /// I - 2 n nᵀ, which is a reflection only when n has length 1; it isn't normalised here.
     static constexpr ZelMatrix4 reflection(const ZelVector3& normal);
-    /// Scales depth to the range from 0 to 1, but has the offset of the depth at index 14, not 11.
-    /// In float arithmetic; extents of 0 give infinities or NaNs.
+    /// Scales depth to the range from 0 to 1, but puts the offset of the depth at index 14, not 11.
+    /// Computed in float arithmetic; extents of 0 give infinities or NaNs.
     static constexpr ZelMatrix4 orthographic(float width, float height, float nearDepth,
                                              float farDepth);
-    /// The angles are those of the whole field of view; it looks along -z. In float arithmetic;
-    /// equal depths and angles of 0 give infinities or NaNs.
+    /// A perspective view along -z. The angles span the whole field of view. Computed in float
+    /// arithmetic; equal depths and angles of 0 give infinities or NaNs.
     static ZelMatrix4 perspective(float angleX, float angleY, float nearDepth, float farDepth);
 
-    /// The first three entries. Zero for an index above 3.
+    /// The first three entries; zero for an index above 3.
+    /// @{
     constexpr ZelVector3 column(unsigned i) const;
     constexpr ZelVector3 row(unsigned i) const;
-    /// Write the first three entries. Nothing for an index above 3.
+    /// @}
+    /// Writes the first three entries; does nothing for an index above 3.
+    /// @{
     constexpr void setColumn(unsigned i, const ZelVector3& v);
     constexpr void setRow(unsigned i, const ZelVector3& v);
-    /// Exchanges all four entries with those of `values`. Nothing for an index outside 0 to 3.
+    /// @}
+    /// Exchanges all four entries with those of `values`; does nothing for an index outside 0 to 3.
     constexpr void swapColumn(int i, double values[4]);
+    /// The first three entries of the fourth column.
+    /// @{
     constexpr ZelVector3 translation() const { return {m[3], m[7], m[11]}; }
     constexpr void setTranslation(const ZelVector3& v) { setColumn(3, v); }
+    /// @}
     /// The identity with this translation.
     constexpr ZelMatrix4 translationPart() const { return fromTranslation(translation()); }
-    /// The upper left block with no translation and an affine last row.
+    /// The upper left block without translation, with an affine last row.
     constexpr ZelMatrix4 rotationPart() const {
         return {m[0], m[1], m[2], 0, m[4], m[5], m[6], 0, m[8], m[9], m[10], 0, 0, 0, 0, 1};
     }
     /// The lengths of the columns of the upper left block.
     ZelVector3 scaleFactors() const;
+    /// Exchanges rows and columns.
     constexpr void transposeInPlace();
 
-    /// Exact in all 16 entries; a NaN makes it false.
+    /// Exact in all 16 entries; false when one is a NaN.
+    /// @{
     constexpr bool operator==(const ZelMatrix4&) const = default;
     static constexpr bool equals(const ZelMatrix4& a, const ZelMatrix4& b) { return a == b; }
+    /// @}
+    /// Exact, as operator== is.
     constexpr bool isIdentity() const { return *this == ZelMatrix4(); }
-    /// Whether the last row is 0 0 0 1; exact, as the next two are.
+    /// Whether the last row is 0 0 0 1; exact.
     constexpr bool isAffine() const { return m[12] == 0 && m[13] == 0 && m[14] == 0 && m[15] == 1; }
+    /// Whether all entries off the diagonal are 0; exact.
     constexpr bool isDiagonal() const;
-    /// The translation may be anything, also a NaN.
+    /// Whether all entries except the translation are those of the identity; exact. The translation
+    /// may be anything, even a NaN.
     constexpr bool isTranslation() const;
-    /// All else exactly as in `scaling`, the three factors within 1e-10 (absolute, not included) of
-    /// the cube root of their product, so that their signs agree.
+    /// Whether this is a uniform scaling: the three factors are within 1e-10 (absolute, exclusive)
+    /// of the cube root of their product, so that their signs agree, and everything else is exactly
+    /// as in scaling().
     bool isUniformScale() const;
-    /// Whether the columns of the upper left block have lengths within 1e-7 of 1 and products of at
-    /// most 1e-7 with each other, both included. A mirror passes; the rest isn't looked at.
+    /// Whether the columns of the upper left block have lengths within 1e-7 of 1 and scalar
+    /// products of at most 1e-7 with each other, inclusive. A reflection passes; the rest of the
+    /// matrix isn't looked at.
     bool isOrthonormal() const;
     /// Whether the upper left block is a turn, perhaps a mirrored one, times one factor: with L the
     /// squared length of its first column and e = 8 · 2⁻⁵², the other two squares are within
@@ -113,7 +139,8 @@ struct ZelMatrix4 {
     /// isn't. Unless null, `scale` gets the root of L in any case, negative for a similarity that
     /// mirrors.
     bool isSimilarity(double* scale) const;
-    /// Whether an entry of the upper left block beside its diagonal is above `tolerance` in size.
+    /// Whether the absolute value of an off-diagonal entry of the upper left block is above
+    /// `tolerance`.
     constexpr bool hasOffDiagonal(double tolerance) const;
     /// Of the upper left block.
     constexpr double determinant3() const;
@@ -125,14 +152,16 @@ struct ZelMatrix4 {
     /// The sum of the squares of the 16 differences; no root is taken.
     constexpr double distanceFromIdentity() const;
 
-    /// Divides by the fourth row's value, untested: a point on the plane at infinity gives
-    /// infinities or NaNs.
+    /// Maps a point. The division by the fourth row's value is unchecked: a point on the plane at
+    /// infinity gives infinities or NaNs.
     constexpr ZelVector3 transformPoint(const ZelVector3& p) const;
-    /// The upper left block only: no translation and no division.
+    /// Maps a direction, by the upper left block only: without translation and division.
     constexpr ZelVector3 transformVector(const ZelVector3& v) const;
     /// The same for three floats, computed in double and rounded once. `out` may be the input.
+    /// @{
     constexpr void transformPoint(const float p[3], float out[3]) const;
     constexpr void transformVector(const float v[3], float out[3]) const;
+    /// @}
 
     /// `out` must be neither `a` nor `b`; `a * b` has no such limit.
     static constexpr void multiply(const ZelMatrix4& a, const ZelMatrix4& b, ZelMatrix4& out);
@@ -141,7 +170,7 @@ struct ZelMatrix4 {
     /// was, only when a column has nothing but zeros (or NaNs) left to divide by. What is singular
     /// but for rounding gives huge entries. `out` may be this matrix.
     bool invert(ZelMatrix4& out) const;
-    /// The identity when there is no inverse.
+    /// The inverse, or the identity when there is none.
     ZelMatrix4 inverse() const;
     /// Solves the upper left block times `out` = `rhs`. False, with `out` as it was, when the
     /// determinant is exactly 0. `out` may be `rhs`, here and below.
@@ -154,46 +183,55 @@ struct ZelMatrix4 {
     /// Solves this matrix times `out` = `rhs`. False, with `out` as it was, unless the determinant
     /// is above 1e-16 in size.
     constexpr bool solve4(const double rhs[4], double out[4]) const;
-    /// Makes the columns of the upper left block orthonormal, each by what it has beside those
-    /// before it. False when nothing is left of the third; a column of which nothing is left stays
-    /// short, and all three are written in any case.
+    /// Makes the columns of the upper left block orthonormal, each by removing its components along
+    /// the columns before it. False when nothing is left of the third. A column of which nothing is
+    /// left stays short, and all three are written in any case.
     bool orthonormalize();
 
-    /// Of the upper left block, which should be a turn; anything else gives numbers without a
-    /// meaning.
+    /// The rotation of the upper left block. A block that isn't a rotation gives meaningless
+    /// numbers.
     ZelQuaternion toQuaternion() const;
-    /// The turn as one about the x axis, then one about the y axis, then one about the z axis. The
-    /// block is cleaned first (`cleanRotation`), and a turn about one or two axes has 0 in place of
-    /// the third angle. Else y is from 0 to π/2 or above π, never negative. The cases are tried in
-    /// a fixed order, and the first that fits isn't always the turn: with a -1 on the diagonal it
-    /// is taken for one about a single axis, and a y of -π/2 beside another turn for π/2. A block
-    /// that isn't a turn gives numbers without a meaning, or NaNs.
+    /// The rotation as one about the x axis, followed by one about the y axis and one about the z
+    /// axis. The block is cleaned first (cleanRotation()). A rotation about one or two axes has 0
+    /// as its third angle; otherwise y is from 0 to π/2 or above π, never negative.
+    ///
+    /// The cases are tried in a fixed order, and the first that fits isn't always the right one.
+    /// With a -1 on the diagonal the rotation is taken for one about a single axis, and a y of -π/2
+    /// together with another rotation is taken for π/2. A block that isn't a rotation gives
+    /// meaningless numbers or NaNs.
     ZelVector3 toEulerAngles() const;
-    /// Of the turn, from 0 to 2π. A NaN where a scale, or rounding, makes the w of the quaternion
-    /// greater than 1.
+    /// The angle of the rotation, from 0 to 2π. A NaN when a scale or rounding makes the w of the
+    /// quaternion greater than 1.
     double rotationAngle() const;
-    /// The axis about which `rotationAngle` turns. Zero when there is no turn.
+    /// The axis of that rotation; zero when there is none.
     ZelVector3 rotationAxis() const;
-    /// Tidies a 3 by 3 block stored row by row: in each column entries below 0.0001 in size become
-    /// 0, and then the column gets the length 1. A column of zeros stays as it is.
+    /// Cleans a 3 by 3 block stored row by row: in each column, entries below 0.0001 in absolute
+    /// value become 0, and then the column is scaled to length 1. A column of zeros stays as it is.
     static void cleanRotation(double block[9]);
 
-    /// Row by row as four typed transfers of four values. False at the first that fails; the rows
-    /// before it have been transferred.
+    /// Transfers four typed values per row. False at the first row that fails; the rows before it
+    /// have been transferred.
+    /// @{
     bool write(BinOutput& out) const;
     bool read(BinInput& in);
-    /// To standard output, a line a row and an empty one, behind the title's line if there is one.
+    /// @}
+    /// Prints one line per row and an empty line to standard output, after the line of the title,
+    /// if there is one.
+    /// @{
     void dump() const;
     void dump(const char* title) const;
+    /// @}
 };
 
+/// The identity.
 inline constexpr ZelMatrix4 zelIdentityMatrix{};
 
+/// The product, which applies b first.
 constexpr ZelMatrix4 operator*(const ZelMatrix4& a, const ZelMatrix4& b);
 
-/// The 16 numbers row by row, each with a blank behind it, in the stream's own format.
+/// Writes the 16 numbers row by row, each followed by a blank, in the stream's own format.
 std::ostream& operator<<(std::ostream& out, const ZelMatrix4& matrix);
-/// Reads 16 numbers; when one fails the stream says so and `matrix` is as before.
+/// Reads 16 numbers. When one fails, the stream is in a failed state and `matrix` unchanged.
 std::istream& operator>>(std::istream& in, ZelMatrix4& matrix);
 
 #include "zelbasictypes/math/zelmatrix4_inline.h"

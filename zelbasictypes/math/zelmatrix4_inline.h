@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The arithmetic of ZelMatrix4 that constant expressions may use; included by its header only.
+/// @file
+/// The arithmetic of ZelMatrix4 that constant expressions may use; included by its header only.
 #pragma once
 
 #include "zelbasictypes/math/zelmatrix4.h"

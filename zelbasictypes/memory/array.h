@@ -1,29 +1,33 @@
 // SPDX-License-Identifier: Apache-2.0
-// The chunked array with elements of a type, read and written in place.
+/// @file
+/// A chunked array with typed elements, read and written in place.
 #pragma once
 
 #include "zelbasictypes/memory/arraybase.h"
 
 namespace ZelMM {
 
-/// `T` is a plain value whose zero is all bits zero. `Splitter` tells the chunk and the offset of a
-/// place, and the elements in a chunk. The size is always a whole number of chunks.
+/// An array of `T`, a plain value whose zero is all bits zero. `Splitter` maps an index to a chunk
+/// and an offset, and names the number of elements in a chunk. The size is always a whole number of
+/// chunks.
 template <class T, class Splitter> class Array : public ArrayBase {
 public:
+    /// `size` is in elements; all of them are zero.
     explicit Array(std::uint32_t size)
         : ArrayBase(size, sizeof(T), Splitter::chunkElements, Splitter::chunkElements * sizeof(T)) {
         roundUpToChunks();
     }
 
-    /// Zero in a missing chunk and beyond the size.
+    /// The element; zero in a missing chunk and beyond the size.
     T at(std::uint32_t index) const { return index < size() ? (*this)[index] : T{}; }
-    /// The same for an `index` that is known to be below the size.
+    /// The same for an `index` known to be below the size.
     T operator[](std::uint32_t index) const {
         const T* elements = chunkAt(Splitter::chunkOf(index));
         return elements ? elements[Splitter::offsetOf(index)] : T{};
     }
 
-    /// `index` is below the size. A zero doesn't make a missing chunk.
+    /// Writes the element at an `index` below the size. Writing a zero doesn't create a missing
+    /// chunk.
     void set(std::uint32_t index, T value) {
         T* elements = chunkAt(Splitter::chunkOf(index));
         if (!elements) {
@@ -33,10 +37,13 @@ public:
         elements[Splitter::offsetOf(index)] = value;
     }
 
-    /// The elements of a whole chunk, or null where it is missing; `number` is below `chunkCount`.
+    /// The elements of a whole chunk, or null when it is missing. `number` must be below
+    /// chunkCount().
+    /// @{
     T* chunkAt(std::uint32_t number) { return static_cast<T*>(chunk(number)); }
     const T* chunkAt(std::uint32_t number) const { return static_cast<const T*>(chunk(number)); }
-    /// The same, made with zeros where it is missing.
+    /// @}
+    /// The same; a missing chunk is created with zeros.
     T* chunkForWriting(std::uint32_t number) { return static_cast<T*>(makeChunk(number, true)); }
 };
 

@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
-// How arrays of 32-bit words are cut: 2048 words to a chunk of 8192 bytes.
+/// @file
+/// Splits arrays of 32-bit words into chunks of 8192 bytes.
 #pragma once
 
 #include <cstdint>
 
+/// The splitter of ZelMM::Array for words.
 class BitVectorSplitter {
 public:
-    static constexpr std::uint32_t chunkElements = 2048;
+    static constexpr std::uint32_t chunkElements = 2048; ///< words in a chunk
 
+    /// The chunk of an index, and the offset in that chunk.
+    /// @{
     static constexpr std::uint32_t chunkOf(std::uint32_t index) { return index >> 11; }
     static constexpr std::uint32_t offsetOf(std::uint32_t index) { return index & 0x7FF; }
+    /// @}
 };

@@ -1,18 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
-// The pool that keeps freed blocks by size class, and the one pool that a process works on.
-//
-// All calls here are safe from any thread, but that a pool that was the current one lives no longer
-// than its references: who takes the host's pool away, by destroying the current pool or by making
-// another, has the host hold on to it or the other threads pause. One lock guards the buckets of
-// all pools and the choice of the current pool; in front of the current pool each thread has a
-// small store of its own, which the pool takes back whenever it is asked for everything that it
-// keeps. Every block carries in front of it the way to give it back, so that it may outlive the
-// pool that it came from. Nothing here reports failure: an allocation that fails for good ends the
-// process.
-//
-// Each module links its own copy of all this, with a lock and a current pool of its own, but the
-// pools that modules share are reached through their virtual operations, and so through the copy
-// of the module that made them.
+/// @file
+/// The pool that keeps freed blocks by size class, and the current pool of the process.
+///
+/// All calls are safe on any thread, with one exception: a pool that has been the current one lives
+/// only as long as its references. Whoever takes the host's pool away, by destroying the current
+/// pool or making another, must have the host hold on to it or the other threads pause.
+///
+/// One lock guards the buckets of all pools and the choice of the current pool. In front of the
+/// current pool each thread has a small store of its own, which the pool takes back when it is
+/// asked for all that it keeps. Every block carries the means to free it in front of its bytes, so
+/// that it may outlive its pool. Nothing here reports failure: an allocation that finally fails
+/// ends the process.
+///
+/// Each module links its own copy of all this, with its own lock and its own current pool. Pools
+/// shared between modules are reached through their virtual operations, and so through the copy of
+/// the module that made them.
 #pragma once
 
 #include "component/objects/services/ibucketmemorypool.h"
@@ -20,19 +22,22 @@
 class MemoryBucket;
 class ThreadStore;
 
-/// The classes rise in steps of `granularity` up to `linearMax` (a whole number of steps, else it
-/// is rounded up) and double from there up to `bucketMax`, at most 0x40000000; greater blocks are
-/// not kept. All three are in bytes. A pool belongs to its references, and the newest one becomes
-/// the current pool.
+/// A pool with size classes. They rise in steps of `granularity` up to `linearMax`, which is
+/// rounded up to a whole number of steps, and double from there up to `bucketMax`, at most
+/// 0x40000000. Larger blocks aren't kept. All three are in bytes. A pool belongs to its references;
+/// the newest one becomes the current pool.
 class BucketMemoryPool : public virtual IBucketMemoryPool {
 public:
     static constexpr const char* interfaceName = "BucketMemoryPool";
 
+    /// The parameters of a pool that the library makes itself, in bytes.
+    /// @{
     static constexpr std::int32_t standardGranularity = 4;
     static constexpr std::int32_t standardLinearMax = 8192;
     static constexpr std::int32_t standardBucketMax = 0x40000;
+    /// @}
 
-    /// Takes over the cached blocks of the current pool when that has the same classes.
+    /// Takes over the cached blocks of the current pool if that has the same classes.
     BucketMemoryPool(std::int32_t granularity, std::int32_t linearMax, std::int32_t bucketMax);
     BucketMemoryPool(const BucketMemoryPool&) = delete;
     BucketMemoryPool& operator=(const BucketMemoryPool&) = delete;
@@ -49,9 +54,9 @@ public:
 
     /// Gives all cached blocks to `target`, or frees them if that has other classes.
     void handOverTo(BucketMemoryPool& target);
-    /// Brings back what all threads keep. Called under the lock of all pools, as is `empty`.
+    /// Takes back what all threads keep. Call it with the lock of all pools held, as `empty`.
     void gather();
-    /// Brings back what one thread keeps.
+    /// Takes back what one thread keeps.
     void empty(ThreadStore& store);
 
 private:
@@ -84,19 +89,20 @@ private:
     std::int32_t bucketMax; ///< negative while caching is off
 };
 
-/// A block of at least `size` bytes from the current pool; `got` is the size to give back with it.
-/// Without a pool the host's shared one is looked for, and failing that a pool of our own is made,
-/// which hands its blocks over once the shared one turns up.
+/// A block of at least `size` bytes from the current pool, owned by the caller; `got` is the size
+/// to give back with it. Without a pool, the host's shared one is looked up; without that, a
+/// provisional pool is made, which hands its blocks over once the shared one appears.
 void* bucketAlloc(std::int32_t size, unsigned& got);
 
-/// Gives a block back; `size` is what `got` was. Nothing when either is 0.
+/// Gives a block back; `size` is what `got` was. Does nothing when either is 0.
 void bucketFree(std::int32_t size, void* block);
 
 /// The current pool, made when there is none. Borrowed.
 BucketMemoryPool* currentBucketPool();
 
-/// Looks for the shared pool now; true when the process works on a pool that is there to stay.
+/// Looks up the host's shared pool now. True when the process works on a final pool, not a
+/// provisional one.
 bool connectSharedPool();
 
-/// Frees what the current pool keeps and lets go of it. Blocks still in use stay good.
+/// Frees what the current pool keeps and gives up the pool. Blocks in use stay valid.
 void destroyBucketPool();

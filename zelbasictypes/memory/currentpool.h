@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
-// Which pool the process works on, and the lock of all pools.
+/// @file
+/// Which pool the process works on, and the lock of all pools.
 #pragma once
 
 #include "zelbasictypes/memory/bucketmemorypool.h"
 
 #include <atomic>
 
-/// Holds the lock of all pools; one thread may hold it several times over. The lock is made at its
-/// first use and never destroyed, since static objects give their strings back at the very end.
+/// Holds the lock of all pools. One thread may hold it several times. The lock is made at its first
+/// use and never destroyed, since static objects give their strings back at the very end.
 class PoolLock {
 public:
     PoolLock();
@@ -16,32 +17,36 @@ public:
     ~PoolLock();
 };
 
-/// The choice of the current pool; used under the lock, but for `settled`. Constant initialised and
-/// never destroyed, so that strings of static objects may use it at any time.
+/// The choice of the current pool. Everything except `settled` is used under the lock. It is
+/// constant-initialised and never destroyed, so that strings of static objects may use it at any
+/// time.
 class CurrentPool {
 public:
     constexpr CurrentPool() = default;
 
-    /// The pool once it is there to stay, readable without the lock; null before that.
+    /// The pool once it is final, readable without the lock; null before that.
     BucketMemoryPool* settled() const { return settled_.load(std::memory_order_acquire); }
+    /// The current pool, or null.
     BucketMemoryPool* pool() const { return pool_; }
+    /// Whether the pool is to be replaced by the host's shared one.
     bool isProvisional() const { return provisional_; }
 
     /// Takes a reference to `next`, which may be null, and gives the old one back.
     void replace(BucketMemoryPool* next);
-    /// Adopts the shared pool, which gets the blocks of a provisional one.
+    /// Adopts the shared pool and hands it the blocks of a provisional one.
     void settleOn(BucketMemoryPool* shared);
-    /// Makes a standard pool for as long as there is no shared one.
+    /// Makes a standard pool for use until there is a shared one.
     void makeProvisional();
 
     /// Whether it is time to look for the shared pool again.
     bool isCheckDue();
+    /// Counts one allocation towards the next check.
     void countAllocation() { sinceCheck_ += provisional_; }
-    /// Allows the thread's store to go on without the lock for a while: those allocations count
-    /// from now on. A single thread looks for the shared pool exactly when it is due; with several
-    /// each may hold back the credit of one store.
+    /// Allows the thread's store to serve some allocations without the lock; they count as made.
+    /// With a single thread the shared pool is looked up exactly when it is due; with several, each
+    /// may delay that by the credit of one store.
     void grantCredit(ThreadStore& store);
-    /// What a store hasn't used.
+    /// Takes back the credit that a store hasn't used.
     void takeBackCredit(ThreadStore& store);
 
 private:
@@ -53,4 +58,5 @@ private:
     std::atomic<BucketMemoryPool*> settled_{nullptr};
 };
 
+/// The one object of the module.
 CurrentPool& zelCurrentPool();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The block that a pool hands out: in front of it stands the one who can free it.
+/// @file
+/// The block that a pool hands out, with a pointer in front of it to the object that can free it.
 #pragma once
 
 #include <cstdint>
@@ -9,12 +10,12 @@
 class BucketMemoryAllocator {
 public:
     virtual ~BucketMemoryAllocator() = default;
-    /// `header` is where the block begins on the heap.
+    /// Frees the block whose header begins at `header`.
     virtual void freeBlock(void* header) = 0;
 };
 
-/// A new block of `size` usable bytes, aligned to 8.
+/// A new block of `size` usable bytes, aligned to 8 bytes.
 void* zelNewBlock(std::int32_t size);
 
-/// Gives a block back through its header.
+/// Frees a block through its header.
 void zelReleaseBlock(void* block);

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// The host's manager of memory chunks, kept once it has been found.
+/// @file
+/// The host's manager of memory chunks.
 #pragma once
 
 #include "component/objects/services/izelmmanager.h"
 
-/// Borrowed; null while the host has no such service, and then looked for again at the next call.
-/// One reference is kept until the module ends. Safe from any thread.
+/// The manager, borrowed. Null while the host has none; it is then looked up again by the next
+/// call. One reference is kept until the module ends. Any thread may call.
 IZelMManager* zelMemoryManager();

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
-// Asking the host for a service on behalf of an allocation.
+/// @file
+/// Looks up a host service on behalf of an allocation.
 #pragma once
 
 #include <exception>
 #include <utility>
 
-/// What `look` finds, or null: when this thread is at it already, since the host may allocate as it
-/// looks, and when there is no memory for looking. `looking` is the thread's own, one for each kind
-/// of service.
+/// The result of `look`, or null when there is no memory for the lookup or when this thread is in
+/// one already, since the host may allocate during the lookup. `looking` must be a variable of the
+/// thread, one for each kind of service.
 template <class Look> auto zelLookUpQuietly(bool& looking, Look look) -> decltype(look()) {
     if (std::exchange(looking, true)) return nullptr;
     decltype(look()) found = nullptr;

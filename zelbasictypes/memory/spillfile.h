@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
-// The temporary file that keeps a block while the heap makes room for a greater one.
+/// @file
+/// The temporary file that holds a block while the heap makes room for a larger one.
 #pragma once
 
 #include "zelbasictypes/text/korstring.h"
 
 #include <cstdint>
 
-/// Each step is false when it failed. The file goes when it is closed, at the latest here.
+/// A temporary file. Each step is false when it failed. The file is deleted when it is closed, at
+/// the latest by the destructor.
 class ZelSpillFile {
 public:
     ZelSpillFile() = default;
@@ -14,11 +16,15 @@ public:
     ZelSpillFile& operator=(const ZelSpillFile&) = delete;
     ~ZelSpillFile() { close(); }
 
+    /// Chooses a name, creates the file, and writes `bytes` bytes.
+    /// @{
     bool findName();
     bool open();
     bool write(const void* block, std::int64_t bytes);
-    /// From the start of the file.
+    /// @}
+    /// Reads from the start of the file.
     bool readBack(void* block, std::int64_t bytes);
+    /// Closes and deletes the file.
     void close();
 
 private:

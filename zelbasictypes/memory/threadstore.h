@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
-// The freed blocks that each thread keeps to itself, in front of the buckets of the current pool.
-//
-// What a thread frees and soon takes again stays with it and costs no lock. A store that runs full
-// or empty exchanges half its room with the bucket under the pool lock, oldest blocks first, so
-// that for one thread store and bucket together are the one stack that the bucket alone would be.
-//
-// Nothing is hidden from the pool: it can withdraw all stores from its service and empty them at
-// any moment. A thread says with plain writes that it is inside its store and looks whether it is
-// in service; whoever withdraws it takes it out of service, has the processor settle the order of
-// the two on all threads, and waits until nobody is inside. The cost is on the rare side: the
-// thread itself has no fence and no locked instruction.
+/// @file
+/// The freed blocks that each thread keeps for itself, in front of the buckets of the current pool.
+///
+/// What a thread frees and soon allocates again stays with the thread and costs no lock. A store
+/// that becomes full or empty exchanges half of its capacity with the bucket under the pool lock,
+/// oldest blocks first. For a single thread, store and bucket together therefore behave like the
+/// one stack that the bucket alone would be.
+///
+/// Nothing is hidden from the pool: it can withdraw all stores and empty them at any moment. A
+/// thread announces with plain writes that it is inside its store and then checks whether the store
+/// is in service. A withdrawing thread takes the stores out of service, has the processor order
+/// this on all threads, and waits until nobody is inside. So the rare side bears the cost: the
+/// frequent side has no fence and no locked instruction.
 #pragma once
 
 #include <array>
@@ -18,54 +20,70 @@
 
 class BucketMemoryPool;
 
+/// The store of one thread. Which calls need the lock is said at each group.
 class ThreadStore {
 public:
+    /// The step of the size classes, in bytes.
     static constexpr std::uint32_t granularity = 4;
     static constexpr std::uint32_t classCount = 1024; ///< up to 4 kB, in steps of `granularity`
     static constexpr std::uint32_t smallCount = 64;   ///< of these, classes that are much in use
+    /// The number of blocks that a class has room for, depending on how much it is used.
+    /// @{
     static constexpr std::uint32_t smallRoom = 1024, largeRoom = 8;
-    /// Blocks of a class that there is room for.
+    /// @}
+    /// The room of one class.
     static constexpr std::uint32_t roomOf(std::uint32_t index) {
         return index < smallCount ? smallRoom : largeRoom;
     }
 
-    /// The calling thread's store, or null while it has none.
+    /// The calling thread's store, or null.
     static ThreadStore* own() { return own_; }
 
-    /// These need no lock. They change nothing, and answer null or false, when the store isn't in
-    /// service for `pool`, or has no such block or no room for it.
+    /// Takes or keeps a block, without a lock. Null or false, with nothing changed, when the store
+    /// isn't in service for `pool`, has no block of that size, or has no room for it.
+    /// @{
     void* take(const BucketMemoryPool* pool, std::int32_t size, unsigned& got);
     bool keep(const BucketMemoryPool* pool, std::int32_t size, void* block);
-    /// The same for whatever pool the store is in service for; taking, as long as credit lasts.
+    /// @}
+    /// The same for whichever pool the store serves. Taking works only while credit lasts.
+    /// @{
     void* takeOnCredit(std::int32_t size, unsigned& got);
     bool keepForAny(std::int32_t size, void* block);
+    /// @}
 
     // The rest is called under the pool lock.
 
-    /// The calling thread's store, made when there is none and in service for `pool` from now on;
-    /// null when a store can't be had. All stores that serve, serve one pool; they were withdrawn
-    /// from another before, and are empty.
+    /// The calling thread's store, made when there is none, now in service for `pool`; null when no
+    /// store can be had. All stores in service serve one pool: they have been withdrawn from any
+    /// other before, and are empty. Called with the pool lock held, as everything that follows.
     static ThreadStore* enlist(BucketMemoryPool* pool);
-    /// Takes all stores out of service. No thread touches its own from here on, until it enlists
-    /// again. Answers the first of all stores that there are.
+    /// Takes all stores out of service. From here on no thread touches its own until it enlists
+    /// again. Returns the first of all stores.
     static ThreadStore* withdrawAll();
+    /// The next in the list of all stores.
     ThreadStore* next() const { return next_; }
-    /// Removes all stores, which are empty and out of service. No thread uses the module any more
-    /// but the calling one, which does without a store from here on.
+    /// Removes all stores, which must be empty and out of service. No other thread may use the
+    /// module any more, and the calling thread has no store from here on.
     static void removeAll();
 
+    /// The number of blocks of a class.
     std::uint32_t blockCount(std::uint32_t index) const { return counts_[index]; }
     /// The blocks of a class, the one freed last at the end.
     void** blocks(std::uint32_t index) {
         return index < smallCount ? small_[index].data() : large_[index - smallCount].data();
     }
+    /// Change the blocks of a class: cut or extend the list, add one, or remove the `count` oldest.
+    /// @{
     void setBlockCount(std::uint32_t index, std::uint32_t count) { counts_[index] = count; }
     void push(std::uint32_t index, void* block) { blocks(index)[counts_[index]++] = block; }
     void dropOldest(std::uint32_t index, std::uint32_t count);
+    /// @}
 
-    /// Allocations that the current pool has counted before they are made.
+    /// The allocations that the current pool has counted in advance.
+    /// @{
     std::int32_t credit() const { return credit_; }
     void setCredit(std::int32_t credit) { credit_ = credit; }
+    /// @}
 
 private:
     class Visit;
@@ -104,12 +122,14 @@ private:
     std::array<std::array<void*, largeRoom>, classCount - smallCount> large_;
 };
 
-/// Says for as long as it lives that the thread is inside its store.
+/// Marks, while it lives, that the thread is inside its store.
 class ThreadStore::Visit {
 public:
+    /// Announces the visit.
     explicit Visit(ThreadStore& store) : store_(store) {
         store_.busy_.store(true, std::memory_order_relaxed);
-        // Keeps the compiler from looking first; the processor is seen to by who withdraws.
+        // Keeps the compiler from reordering; the withdrawing thread issues the barrier for
+        // everyone.
         std::atomic_signal_fence(std::memory_order_seq_cst);
         pool_ = store_.pool_.load(std::memory_order_relaxed);
     }
@@ -117,7 +137,7 @@ public:
     Visit& operator=(const Visit&) = delete;
     ~Visit() { store_.busy_.store(false, std::memory_order_release); }
 
-    /// What the store is in service for, until the end of the visit.
+    /// The pool that the store is in service for, valid until the end of the visit.
     const BucketMemoryPool* pool() const { return pool_; }
 
 private:

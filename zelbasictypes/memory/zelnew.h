@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Objects and arrays of the library whose allocation is never seen to fail: without memory it ends
-// the process, as korMalloc does, where the language's own ways would throw.
+/// @file
+/// Objects and arrays whose allocation never fails: without memory the process ends, as with
+/// korMalloc(), where the language's own allocation would throw.
 #pragma once
 
 #include "zelbasictypes/diagnostics/outofmemory.h"
@@ -14,14 +15,17 @@
 #include <utility>
 #include <vector>
 
-/// A new object, for `delete`.
+/// A new object, to be deleted by `delete`.
 template <class T, class... Args> T* zelNew(Args&&... args) {
     T* object = new (std::nothrow) T(std::forward<Args>(args)...);
     if (!object) zelReportOutOfMemory(sizeof(T));
     return object;
 }
 
+/// An allocator for standard containers. It has no state.
 template <class T> struct ZelAllocator {
+    /// As the standard requires of an allocator.
+    /// @{
     using value_type = T;
 
     ZelAllocator() = default;
@@ -36,9 +40,12 @@ template <class T> struct ZelAllocator {
     void deallocate(T* block, std::size_t) { zelHeap().release(block); }
 
     template <class Other> bool operator==(const ZelAllocator<Other>&) const { return true; }
+    /// @}
 };
 
-// For the library's own use, inside its functions.
+/// Containers for use inside the library's functions.
+/// @{
 template <class T> using ZelVector = std::vector<T, ZelAllocator<T>>;
 template <class Unit>
 using ZelText = std::basic_string<Unit, std::char_traits<Unit>, ZelAllocator<Unit>>;
+/// @}

@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
-// A set of small integers, one bit each.
-//
-// Element identifiers are 1-based. Bit 0 exists, but operations that mean all elements leave it
-// out. A negative index is no element: it tests as clear, and setting or clearing it does nothing.
-//
-// The words stand in one block, or, where the vector is large and the host has a chunk manager, in
-// chunks of which only those with set bits need exist. Both look the same from outside, but for
-// `maxBit`: the room of a large vector is a whole number of chunks of 65536 bits.
-//
-// A vector belongs to one thread at a time, or is only read; `count` writes its cache. The
-// parameters of an operation may be the vector itself. An allocation that fails for good ends the
-// process.
+/// @file
+/// A set of small integers, one bit each.
+///
+/// Identifiers of elements are 1-based. Bit 0 exists, but operations on all elements leave it out.
+/// A negative index is no element: it tests as clear, and setting or clearing it does nothing.
+///
+/// The words are stored in one block (a dense vector). When the vector is large and the host has a
+/// chunk manager, they are stored in chunks instead, of which only those with set bits need to
+/// exist (a large vector). Both behave the same, except for `maxBit`: a large vector has room for a
+/// whole number of chunks of 65536 bits.
+///
+/// A vector may be used by one thread at a time, or read by several once its count is known, since
+/// `count` writes a cache. A parameter of an operation may be the vector itself. An allocation that
+/// finally fails ends the process.
 #pragma once
 
 #include "component/objects/zelshared.h"
@@ -31,48 +33,53 @@ namespace zelsets {
 struct NextWords;
 }
 
+/// A set of element identifiers.
 class BitVector : public ZelShared {
 public:
+    /// The words of a large vector.
     using LargeWords = ZelMM::Array<unsigned int, BitVectorSplitter>;
-    /// From identifiers to identifiers, with 0 for none. Entries that are no positive number of 32
-    /// bits count as 0.
+    /// A map from identifiers to identifiers, where 0 is none. Entries that aren't positive 32-bit
+    /// numbers count as 0.
     using IndexMap = LargeWords;
 
+    /// The highest identifier.
     static constexpr std::int32_t highestIndex = 0x7FFFFFFF;
 
     /// All bits clear, with room for `maxBit` at least.
     explicit BitVector(std::int32_t maxBit = 0);
+    /// A copy of the bits and the layout.
     BitVector(const BitVector& other);
-    /// Leaves `other` without storage, only fit for destruction.
+    /// Leaves `other` without storage; it may only be destroyed.
     BitVector(BitVector&& other) noexcept;
+    /// A copy of the bits.
     explicit BitVector(const BlockBitVector& other);
-    /// Keeps the room of a dense vector that is wide enough, else takes the other's layout and
-    /// room.
+    /// Keeps the room of a dense vector that is large enough; otherwise takes over the other's
+    /// layout and room.
     BitVector& operator=(const BitVector& other);
     ~BitVector() override;
 
-    /// Takes the bits of `other`, but keeps its own layout and its room unless that is too small.
+    /// Takes the bits of `other` but keeps its own layout, and its room unless that is too small.
     void copyBits(const BitVector& other);
     /// Takes the bits of `other`; the count is known afterwards.
     void assign(const BlockBitVector& other);
-    /// Exchanges all but the stream identities.
+    /// Exchanges everything except the stream identities.
     void swap(BitVector& other) noexcept;
-    /// An empty vector for the whole process, built for bit 10.
+    /// An empty vector shared by the whole process, with room for bit 10.
     static const BitVector& sharedEmpty();
 
-    /// The highest bit that has room; always a whole number of words, less one.
+    /// The highest bit that has room; the room is a whole number of words.
     std::int32_t maxBit() const { return maxBit_; }
-    /// Whether the words stand in chunks.
+    /// Whether the words are stored in chunks.
     bool isLarge() const { return bvwordsLarge_ != nullptr; }
-    /// True for a vector in one block.
+    /// Whether no chunk is missing. Always true for a dense vector.
     bool allChunksPresent() const;
 
-    /// False beyond `maxBit`.
+    /// Whether the bit is set; false beyond maxBit().
     bool test(std::int32_t i) const {
         if (static_cast<std::uint32_t>(i) > static_cast<std::uint32_t>(maxBit_)) return false;
         return zelsets::bitIn(bvwords_ ? bvwords_[wordOf(i)] : (*bvwordsLarge_)[wordOf(i)], i);
     }
-    /// Grows when `i` has no room; always true.
+    /// Sets the bit and grows if it has no room. Always true.
     bool set(std::int32_t i) {
         if (static_cast<std::uint32_t>(i) > static_cast<std::uint32_t>(maxBit_)) return setFar(i);
         if (bvwords_) {
@@ -84,7 +91,7 @@ public:
         }
         return true;
     }
-    /// Always true.
+    /// Clears the bit. Always true.
     bool clear(std::int32_t i) {
         if (static_cast<std::uint32_t>(i) > static_cast<std::uint32_t>(maxBit_)) return true;
         if (bvwords_) {
@@ -95,33 +102,40 @@ public:
         return true;
     }
 
-    /// The number of set bits, from the cache where that is good.
+    /// The number of set bits; cached.
     std::int32_t count() const { return numSet_ == unknownCount ? recount() : numSet_; }
+    /// Counts the set bits again and caches the result.
     std::int32_t recount() const;
-    /// Keeps the room.
+    /// Clears all bits and keeps the room.
     void clearAll();
-    /// Sets all but bit 0, which is cleared.
+    /// Sets all bits that have room, except bit 0, which is cleared.
     void setAll();
     /// Resizes to `n` and sets exactly the bits from 1 to `n`.
     void setFirst(std::int32_t n);
-    /// Inverts all bits that have room, bit 0 too.
+    /// Inverts all bits that have room, including bit 0.
     void complement();
     /// Resizes to `n` and inverts the bits from 1 to `n`.
     void complementTo(std::int32_t n);
-    /// Closed ranges, cut at `maxBit`; false without effect when `first` is beyond it.
+    /// Changes the bits from `first` to `last`, inclusive, cut at maxBit(). False, with nothing
+    /// changed, when `first` is beyond it.
+    /// @{
     bool setRange(std::int32_t first, std::int32_t last);
     bool clearRange(std::int32_t first, std::int32_t last);
-    /// Gives room for at least `maxBit`, or cuts behind its word; a large vector is cut behind its
+    /// @}
+    /// Makes room for at least `maxBit`, or cuts after its word. A large vector is cut after its
     /// chunk, or becomes dense again when few words are left.
     void resize(std::int32_t maxBit);
 
-    /// Compare the bits, whatever the room.
+    /// Compares the bits, whatever the room.
+    /// @{
     bool operator==(const BitVector& other) const;
     bool isSubsetOf(const BitVector& other) const;
     bool isDisjointFrom(const BitVector& other) const;
+    /// @}
 
-    /// The lowest set or clear bit above `after`, or -1; -1 begins the walk. Bits without room are
-    /// not found.
+    /// The lowest set or clear bit above `after`, or -1; start with -1. Bits without room aren't
+    /// found.
+    /// @{
     std::int32_t nextSet(std::int32_t after) const {
         if (bvwords_ && after < maxBit_ && after >= -1) {
             const std::int32_t next = after + 1;
@@ -131,25 +145,29 @@ public:
         return nextSetFar(after);
     }
     std::int32_t nextClear(std::int32_t after) const;
+    /// @}
     /// The highest set or clear bit below `before`, or -1. Bits without room count as clear.
+    /// @{
     std::int32_t prevSet(std::int32_t before) const;
     std::int32_t prevClear(std::int32_t before) const;
-    /// How many bits are set above `position`.
+    /// @}
+    /// The number of set bits above `position`.
     std::int32_t countAfter(std::int32_t position) const;
-    /// How many bits are set from 1 to `limit` - 1; 0 for a vector with bit 0.
+    /// The number of set bits from 1 to `limit` - 1; 0 when bit 0 is set.
     std::int32_t countBelow(std::int32_t limit) const;
 
-    /// Calls `visit(i)` for all set bits in ascending order, much faster than a walk by `nextSet`
-    /// where the bits are dense. Of the vector, only bits that were visited may be changed
-    /// meanwhile, and no room.
+    /// Calls `visit(i)` for all set bits in ascending order, much faster than nextSet() where the
+    /// bits are dense. Meanwhile only visited bits of this vector may be changed, and its room must
+    /// not.
     template <class Visit> void forEachSet(Visit visit) const {
         for (std::int32_t w = 0; w < wordCount(); w = endOfRun(w))
             if (const std::uint32_t* words = wordsAt(w))
                 zelsets::visitBits(words, endOfRun(w) - w, w * zelsets::wordBits, visit);
     }
 
-    /// Bits that only one side has room for count as clear on the other; union and exclusive union
-    /// grow as far as the other has bits.
+    /// Intersection, union, exclusive union and difference. Bits for which only one side has room
+    /// count as clear on the other. The unions grow as far as the other has bits.
+    /// @{
     BitVector& operator&=(const BitVector& other);
     BitVector& operator|=(const BitVector& other);
     BitVector& operator^=(const BitVector& other);
@@ -158,56 +176,61 @@ public:
     BitVector& operator|=(const BlockBitVector& other);
     BitVector& operator^=(const BlockBitVector& other);
     BitVector& operator-=(const BlockBitVector& other);
+    /// @}
 
-    /// For each entry i -> j of `map`, in ascending i: bit j becomes bit i of `other`, stays set
-    /// only where that is set, is set where that is set, is toggled where that is set, stays set
-    /// only where that is clear, or is inverted. Other bits stay.
+    /// For each entry i -> j of `map`, in ascending i, bit j is changed according to bit i of
+    /// `other`: it becomes that bit, is combined with it by and, or, exclusive or, or difference,
+    /// or is inverted. Other bits stay.
+    /// @{
     void assignMapped(const BitVector& other, const IndexMap& map);
     void andMapped(const BitVector& other, const IndexMap& map);
     void orMapped(const BitVector& other, const IndexMap& map);
     void xorMapped(const BitVector& other, const IndexMap& map);
     void minusMapped(const BitVector& other, const IndexMap& map);
     void complementMapped(const IndexMap& map);
+    /// @}
 
-    /// Brings the bits at the places of `selection` down to 1, 2, 3 and so on, and cuts behind
+    /// Moves the bits at the positions in `selection` down to 1, 2, 3 and so on, and cuts after
     /// them. Bit 0 stays.
     void gather(const BitVector& selection);
-    /// Closes the gaps that the removed positions leave, from 0 on. Gives room back when less than
-    /// half is left.
+    /// Closes the gaps left by the removed positions, from 0 on. Gives room back when less than
+    /// half is used.
     void removePositions(const BitVector& removed);
-    /// Moves bit i to `map[i]`, or clears it where that is 0, one after the other in ascending i
-    /// within the room at the start; cuts behind the place that was filled last.
+    /// Moves bit i to `map[i]`, or clears it where that is 0, in ascending i and within the initial
+    /// room. Cuts after the position filled last.
     void renumber(const IndexMap& map);
-    /// Bit i becomes the old bit `map[i]`, for a permutation up to its highest entry that is not 0.
+    /// Bit i becomes the old bit `map[i]`, for a permutation up to its highest entry that isn't 0.
     void permute(const IndexMap& map);
-    /// Moves all bits up and grows with them; nothing for `n` below 1. What would pass the highest
-    /// index is lost.
+    /// Moves all bits up by `n` and grows; does nothing for `n` below 1. Bits that would exceed the
+    /// highest index are lost.
     void shiftUp(std::int32_t n);
 
-    /// Keeps about `n` of the set bits, evenly spread; nothing when bit 0 is set.
+    /// Keeps about `n` of the set bits, evenly spread; does nothing when bit 0 is set.
     void thin(std::int32_t n);
-    /// Keeps a random sample of that share of the set bits. Without `random` the host's service is
-    /// used, seeded by the count, and without that nothing happens.
+    /// Keeps a random sample, `fraction` of the set bits. Without `random` the host's service is
+    /// used, seeded by the count; without that nothing happens.
     void thinRandomly(double fraction, IZelRandom* random = nullptr);
-    /// Cuts the set bits into runs of nearly the same length: part k begins at bit `firsts[k]` and
-    /// has `offsets[k + 1] - offsets[k]` set bits. Both arrays have `parts` + 1 entries, and
-    /// `parts` is at least 1.
+    /// Divides the set bits into `parts` runs of nearly the same length, at least one. Part k
+    /// begins at bit `firsts[k]` and has `offsets[k + 1] - offsets[k]` set bits. Both arrays have
+    /// `parts` + 1 entries.
     void split(std::int32_t parts, std::int32_t* firsts, std::int32_t* offsets) const;
 
-    /// In the list form where that is shorter, unless the stream is set to one of the versions 1
-    /// to 12. The answer is whether the stream is good.
+    /// Writes the words or a list of the set bits, whichever is shorter; always the words when the
+    /// version of the stream is 1 to 12. True when the stream is good.
     bool write(BinOutput& out) const;
-    /// False, with nothing changed, for another kind of data. Otherwise true, and what the stream
-    /// lacks is clear: ask the stream whether it was whole. Where the stream lists bits the room is
-    /// the one told, of which only what holds bits costs memory, and bits beyond it are dropped;
-    /// where it has words the room grows with those that are there. An unknown form reads as no
-    /// bits.
+    /// False, with nothing changed, for data of another kind. Otherwise true, and bits that the
+    /// stream lacks are clear: ask the stream whether it was complete.
+    ///
+    /// When the stream lists bits, the room is the one it names, of which only parts with bits use
+    /// memory, and bits beyond it are dropped. When it has words, the room grows as they arrive. An
+    /// unknown form reads as no bits.
     bool read(BinInput& in);
+    /// Whether a stream's word begins a bit vector.
     static bool isBitVectorMagic(std::uint32_t word) { return word == streamMagic; }
 
-    /// The count, and the bits, 8 to a line.
+    /// Prints the count and the bits, 8 per line.
     void print(std::ostream& out) const;
-    /// On standard output, with an empty line behind.
+    /// The same to standard output, followed by an empty line.
     void print() const;
 
 private:

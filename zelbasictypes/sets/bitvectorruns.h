@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
-// How the sources of the bit vector go over its words, run by run: one run for a dense vector, one
-// for each chunk of a large one.
+/// @file
+/// How the sources of the bit vector iterate over its words: one run for a dense vector, one per
+/// chunk for a large one.
 #pragma once
 
 #include "zelbasictypes/sets/bitvector.h"
 
 #include <algorithm>
 
-/// Calls `change(words, first, last)` for the part of the bits that each run has, counted from the
-/// run's first word. The range lies within the room.
+/// Calls `change(words, first, last)` for the part of the bits in each run, counted from the first
+/// bit of the run. The range must lie within the room.
 template <class Change>
 void BitVector::changeBits(std::int32_t first, std::int32_t last, bool makeMissing, Change change) {
     if (first > last) return;

@@ -1,37 +1,46 @@
 // SPDX-License-Identifier: Apache-2.0
-// A set of small integers in blocks of 32768 bits, of which empty and full ones need no storage.
-//
-// Meant for large sets whose elements stand together: algebra passes over empty and full blocks
-// without touching a word. It stands in for a BitVector and the other way round: each can be made
-// from the other, the algebra takes both, and both have the same stream form. Indices are as there.
-//
-// A vector belongs to one thread at a time; `count` and `==` write its cache. Blocks come from a
-// free list of the whole process, which is safe on any thread.
+/// @file
+/// A set of small integers in blocks of 32768 bits, of which empty and full ones need no storage.
+///
+/// It is meant for large sets whose elements lie close together: the algebra skips empty and full
+/// blocks without touching a word. It is interchangeable with BitVector: each can be made from the
+/// other, the algebra takes both, and both have the same stream format. Indices follow the same
+/// rules.
+///
+/// A vector may be used by one thread at a time; `count` and `==` write its cache. Blocks come from
+/// a free list of the whole process, which is safe on any thread.
 #pragma once
 
 #include "component/objects/zelshared.h"
 #include "zelbasictypes/sets/bitvector.h"
 
+/// A set of element identifiers in blocks.
 class BlockBitVector : public ZelShared {
 public:
-    using IndexMap = BitVector::IndexMap;
+    using IndexMap = BitVector::IndexMap; ///< a map from identifiers to identifiers
 
-    static constexpr std::int32_t blockWords = 1024;
-    static constexpr std::int32_t blockBits = 32768;
+    static constexpr std::int32_t blockWords = 1024; ///< 32-bit words in a block
+    static constexpr std::int32_t blockBits = 32768; ///< bits in a block
 
-    /// Empty; the tables may be short of `maxBit` and grow when they are needed.
+    /// An empty set. Its tables may be too short for `maxBit` and grow on demand.
     explicit BlockBitVector(std::int32_t maxBit = 0);
+    /// A copy of the bits.
     BlockBitVector(const BlockBitVector& other);
     /// Leaves `other` empty.
     BlockBitVector(BlockBitVector&& other) noexcept;
-    /// Every block gets storage; `compact` gives back what isn't needed.
+    /// A copy of the bits in which every block has storage; compact() gives back what isn't needed.
     explicit BlockBitVector(const BitVector& other);
+    /// Takes the bits of `other`.
+    /// @{
     BlockBitVector& operator=(const BlockBitVector& other);
     BlockBitVector& operator=(const BitVector& other);
+    /// @}
     ~BlockBitVector() override;
 
+    /// Exchanges the sets.
     void swap(BlockBitVector& other) noexcept;
 
+    /// Whether the bit is set.
     bool test(std::int32_t i) const {
         const std::int32_t b = blockOf(i);
         if (b > lastBlock) return false;
@@ -40,7 +49,7 @@ public:
             return blockCounts[b] != 0;
         return zelsets::bitIn(words[wordOf(i)], i);
     }
-    /// Whether the bit changed.
+    /// Sets the bit. True when it was clear.
     bool set(std::int32_t i) {
         const std::int32_t b = blockOf(i);
         if (b > lastBlock || !blocks[b]) [[unlikely]]
@@ -52,9 +61,9 @@ public:
         word = old | mask;
         return changes;
     }
-    /// Sets the bit; whether it was set already.
+    /// Sets the bit. True when it was set already.
     bool testAndSet(std::int32_t i) { return !set(i); }
-    /// Whether the bit changed.
+    /// Clears the bit. True when it was set.
     bool clear(std::int32_t i) {
         const std::int32_t b = blockOf(i);
         if (b > lastBlock || !blocks[b]) [[unlikely]]
@@ -66,33 +75,41 @@ public:
         word = old & ~mask;
         return changes;
     }
-    /// Closed ranges; clearing ends with the tables. Blocks that are covered wholly lose their
-    /// storage.
+    /// Changes the bits from `first` to `last`, inclusive. Clearing stops at the end of the tables.
+    /// Blocks that are covered completely lose their storage.
+    /// @{
     void setRange(std::int32_t first, std::int32_t last);
     void clearRange(std::int32_t first, std::int32_t last);
+    /// @}
 
+    /// The number of set bits; cached.
     std::int32_t count() const { return numSet_ == unknownCount ? recount() : numSet_; }
+    /// Counts the set bits again and caches the result.
     std::int32_t recount() const;
+    /// Clears all bits.
     void clearAll();
-    /// Gives back the storage of all blocks that are empty or full. The tables keep their length.
+    /// Gives back the storage of all empty and full blocks. The tables keep their length.
     void compact();
+    /// Compares the bits.
     bool operator==(const BlockBitVector& other) const;
-    /// As BitVector::renumber, with the end behind the word of the place that was filled last.
+    /// As BitVector::renumber(), but cuts after the word of the position filled last.
     void renumber(const IndexMap& map);
 
-    /// The lowest set bit above `after`, or -1; -1 begins the walk.
+    /// The lowest set bit above `after`, or -1; start with -1.
     std::int32_t nextSet(std::int32_t after) const;
     /// The highest set bit below `before`, or -1.
     std::int32_t prevSet(std::int32_t before) const;
 
-    /// Calls `visit(i)` for all set bits in ascending order. Of the vector, only bits that were
-    /// visited may be changed meanwhile.
+    /// Calls `visit(i)` for all set bits in ascending order. Meanwhile only visited bits of this
+    /// vector may be changed.
     template <class Visit> void forEachSet(Visit visit) const {
         for (std::int32_t b = 0; b <= lastBlock; ++b)
             if (const std::uint32_t* words = wordsOf(b))
                 zelsets::visitBits(words, blockWords, b * blockBits, visit);
     }
 
+    /// As for BitVector.
+    /// @{
     BlockBitVector& operator&=(const BlockBitVector& other);
     BlockBitVector& operator|=(const BlockBitVector& other);
     BlockBitVector& operator^=(const BlockBitVector& other);
@@ -101,24 +118,29 @@ public:
     BlockBitVector& operator|=(const BitVector& other);
     BlockBitVector& operator^=(const BitVector& other);
     BlockBitVector& operator-=(const BitVector& other);
+    /// @}
 
-    /// As BitVector::write. The room told is that of the blocks up to the last one with bits.
+    /// As BitVector::write(). The room named in the stream is that of the blocks up to the last one
+    /// with bits.
     bool write(BinOutput& out) const;
-    /// As BitVector::read; an older content is cleared first.
+    /// As BitVector::read(), except that earlier content is cleared first.
     bool read(BinInput& in);
 
-    /// A block from the free list or the heap, with ones in its first words and zeros behind.
+    /// A block from the free list or the heap, whose first words are all ones and the others zero.
     static std::uint32_t* allocateBlock(std::int32_t onesWords);
-    /// With a copy of `count` words, and zeros behind.
+    /// A block with a copy of `count` words, followed by zeros.
+    /// @{
     static std::uint32_t* allocateBlockFrom(const std::uint32_t* words, std::int32_t count);
     static std::uint32_t* allocateBlockFrom(const BitVector::LargeWords& array,
                                             std::uint32_t firstWord, std::int32_t count);
-    /// To the free list, or to the heap when that is full; null is fine and what is left.
+    /// @}
+    /// Gives a block to the free list, or to the heap when that is full, and sets `block` to null.
+    /// Null is allowed.
     static void releaseBlock(std::uint32_t*& block);
-    /// How many blocks the free list keeps; 512 unless set. Blocks above that are freed.
+    /// The number of blocks that the free list keeps, 512 at first. Blocks in excess are freed.
     static void setBlockFreeListLimit(std::int32_t limit);
-    /// Frees the list's blocks, and its limit is the usual one again. For shutdown, when no other
-    /// thread uses it: takes no lock.
+    /// Frees the blocks of the list and restores its limit. For shutdown, when no other thread uses
+    /// the list: it takes no lock.
     static void destroyBlockFreeList();
 
 private:
@@ -183,14 +205,20 @@ private:
     mutable std::int32_t numSet_ = 0; ///< unknownCount while it isn't known
 };
 
-/// A walk over the set bits; the vector outlives it.
+/// Iterates over the set bits of a vector, which must outlive it.
 class BlockBitVectorIter {
 public:
+    /// An iterator that needs begin().
     explicit BlockBitVectorIter(const BlockBitVector& walked) : vector(&walked) {}
 
+    /// Moves to the first or to the next set bit.
+    /// @{
     void begin() { position_ = vector->nextSet(-1); }
     void next() { position_ = vector->nextSet(position_); }
+    /// @}
+    /// True after the last set bit.
     bool atEnd() const { return position_ == -1; }
+    /// The current bit, or -1 at the end.
     std::int32_t position() const { return position_; }
 
 private:

@@ -1,27 +1,29 @@
 // SPDX-License-Identifier: Apache-2.0
-// A walk over a bit vector that tells the host how far it is.
+/// @file
+/// Iterates over a bit vector and reports progress to the host.
 #pragma once
 
 #include "component/objects/services/izelprogress.h"
 #include "component/objects/sptr.h"
 #include "zelbasictypes/sets/bitvector.h"
 
-/// The vector stays the caller's and outlives the walk. Without a progress service nothing is told.
+/// The vector stays the caller's and must outlive the iterator. Without a progress service nothing
+/// is reported. One thread at a time may use it.
 class ProgBitVectorIter {
 public:
-    /// Walks the set bits, or the clear ones that have room.
+    /// Iterates over the set bits, or over the clear bits that have room.
     ProgBitVectorIter(const BitVector& walked, bool setBits);
     ProgBitVectorIter(const ProgBitVectorIter&) = delete;
     ProgBitVectorIter& operator=(const ProgBitVectorIter&) = delete;
-    /// Tells that all is done.
+    /// Reports that everything is done.
     virtual ~ProgBitVectorIter();
 
-    /// Goes on with another vector, from its start, in the same kind of bits.
+    /// Continues with the start of another vector, for the same kind of bits.
     void rebind(const BitVector& walked);
-    /// The next element, or -1 at the end. Tells the share of the room behind it after each
-    /// hundredth.
+    /// The next element, or -1 at the end. After each hundredth of the room, the fraction that is
+    /// done is reported.
     std::int32_t next();
-    /// Where `next` arrived; -1 before the first step and at the end.
+    /// The element of the last call; -1 before the first and at the end.
     std::int32_t current() const { return position; }
 
 private:

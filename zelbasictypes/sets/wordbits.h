@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// Single bits and ranges of bits in a run of words, the least significant bit of each word first.
-//
-// Positions count from the first bit of the run. A range is closed and may be empty, with its end
-// before its start.
+/// @file
+/// Single bits and ranges of bits in a run of words, the least significant bit of each word first.
+///
+/// Positions count from the first bit of the run. Ranges include both ends, and are empty when the
+/// end is before the start.
 #pragma once
 
 #include <bit>
@@ -11,32 +12,39 @@
 
 namespace zelsets {
 
+/// Bits in a word.
 constexpr std::int32_t wordBits = 32;
+/// The answer of a search that found nothing.
 constexpr std::int32_t noBit = -1;
 
+/// The mask of a bit within its word.
 constexpr std::uint32_t maskOf(std::int32_t bit) { return std::uint32_t{1} << (bit & 31); }
-/// 0 or 1. By a shift, which costs less than a mask and a comparison.
+/// The bit as 0 or 1, by a shift, which costs less than a mask and a comparison.
 constexpr std::int32_t bitIn(std::uint32_t word, std::int32_t bit) {
     return static_cast<std::int32_t>(word >> (bit & 31) & 1);
 }
-/// The bits of its word from `bit` on.
+/// The mask of the bits of its word from `bit` on.
 constexpr std::uint32_t maskFrom(std::int32_t bit) { return ~std::uint32_t{0} << (bit & 31); }
-/// The bits of its word up to and including `bit`.
+/// The mask of the bits of its word up to and including `bit`.
 constexpr std::uint32_t maskUpTo(std::int32_t bit) {
     return ~std::uint32_t{0} >> (31 - (bit & 31));
 }
 
+/// Changes or counts the bits of a range.
+/// @{
 void setBits(std::uint32_t* words, std::int32_t first, std::int32_t last);
 void clearBits(std::uint32_t* words, std::int32_t first, std::int32_t last);
 void invertBits(std::uint32_t* words, std::int32_t first, std::int32_t last);
 std::int32_t countRange(const std::uint32_t* words, std::int32_t first, std::int32_t last);
+/// @}
 
-/// The lowest set bit of the range, the highest one, the same for clear bits; -1 when there is
-/// none.
+/// The lowest or highest set or clear bit of the range; noBit when there is none.
+/// @{
 std::int32_t firstSet(const std::uint32_t* words, std::int32_t first, std::int32_t last);
 std::int32_t lastSet(const std::uint32_t* words, std::int32_t first, std::int32_t last);
 std::int32_t firstClear(const std::uint32_t* words, std::int32_t first, std::int32_t last);
 std::int32_t lastClear(const std::uint32_t* words, std::int32_t first, std::int32_t last);
+/// @}
 
 /// Two words as one number, the first one low.
 inline std::uint64_t wordPair(const std::uint32_t* words) {
@@ -52,8 +60,8 @@ template <class Word, class Visit> void visitWord(Word word, std::uint32_t base,
         visit(static_cast<std::int32_t>(base + static_cast<std::uint32_t>(std::countr_zero(word))));
 }
 
-/// Calls `visit(base + i)` for each set bit i of `count` words, in ascending order. Where the bits
-/// are few, most words are passed over four at a time.
+/// Calls `visit(base + i)` for each set bit i of `count` words, in ascending order. Where bits are
+/// rare, most words are skipped four at a time.
 template <class Visit>
 void visitBits(const std::uint32_t* words, std::int32_t count, std::int32_t base, Visit& visit) {
     const std::uint32_t* const end = words + count;

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-// The loops that all kernels in vectors share, for a source that makes them for one machine.
-//
-// Before it includes this the source defines ZEL_KERNEL, the target that each function carries, so
-// that the rest of the library runs on any machine. `V` is that machine's vector: `words` in it,
-// `load` and `store` of a whole one at any address, `loadSome` and `storeSome` of its first words,
-// as many as are left of a run, with zeros for the others, `isAnySet`, and `countBits` for a run.
-// Vectors stay in registers: no stack of the target system is aligned for them.
+/// @file
+/// The loops that all kernels in vectors share, for a source that makes them for one machine.
+///
+/// Before it includes this the source defines ZEL_KERNEL, the target that each function carries, so
+/// that the rest of the library runs on any machine. `V` is that machine's vector: `words` in it,
+/// `load` and `store` of a whole one at any address, `loadSome` and `storeSome` of its first words,
+/// as many as are left of a run, with zeros for the others, `isAnySet`, and `countBits` for a run.
+/// Vectors stay in registers: no stack of the target system is aligned for them.
 #pragma once
 
 #include "zelbasictypes/sets/wordkernels.h"

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
-// How a number is turned into text.
+/// @file
+/// How a number is turned into text.
 #pragma once
 
+/// The format of a number, as printf spells it.
 struct KorFloatFormat {
-    /// False: "f". True: "g", or "e" with `exponent`.
+    /// The conversion letter: "f" when `general` is false, else "g", or "e" with `exponent`.
+    /// @{
     bool general = false;
     bool exponent = false;
-    /// What stands between the percent sign and the conversion letter, for example "8.3"; null is
-    /// as good as empty. An asterisk has no argument to read and must not occur.
+    /// @}
+    /// The text between the percent sign and the conversion letter, for example "8.3". Null counts
+    /// as empty. It must not contain an asterisk.
     const char* spec = "";
 };

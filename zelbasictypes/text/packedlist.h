@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Lists of strings packed into one text: for each entry its length, one blank, and the text.
+/// @file
+/// Lists of strings packed into one text: for each entry its length, one blank, and the text.
 #pragma once
 
 #include "zelbasictypes/text/korstring.h"
@@ -9,8 +10,8 @@
 /// Appends the entries to `out`.
 void zelPackStrings(KorString& out, const std::vector<KorString>& list);
 
-/// Appends the entries of `text` to `list`. A length of 0 (or none, or a negative one) says that
-/// the text wasn't packed: the whole of it becomes one entry and the unpacking ends. An empty entry
-/// therefore doesn't survive packing. A length past the end takes what is there; a text without any
+/// Appends the entries of `text` to `list`. A length that is missing, negative or 0 means that the
+/// text wasn't packed: all of it becomes one entry, and the unpacking ends. An empty entry
+/// therefore doesn't survive packing. A length past the end takes what is there. A text without any
 /// blank adds nothing.
 void zelUnpackStrings(const KorString& text, std::vector<KorString>& list);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The terminated buffer that both string classes stand on: borrowed text or a block of the pool.
+/// @file
+/// The terminated buffer under both string classes: a borrowed text or a block of the string pool.
 #pragma once
 
 #include "zelbasictypes/memory/bucketmemorypool.h"
@@ -11,17 +12,19 @@
 
 namespace zeltext {
 
-/// `data` is null or a terminated text. `capacity` is what the pool gave, in bytes; 0 marks a text
-/// that lives elsewhere, and such a text is never written to. A plain value: copying it copies no
-/// text, and whoever holds it decides when to release it.
+/// A plain value; copying it copies no text, and its holder decides when to release it.
 template <class Unit> struct Buffer {
+    /// A terminated text, or null.
     Unit* data = nullptr;
+    /// The size of the pool's block in bytes. 0 marks a borrowed text, which is never written to.
     std::int32_t capacity = 0;
 
-    /// The same value. Field by field: read as one register what was just written as two, it would
-    /// wait for both to reach the cache.
+    /// The same value. It is copied field by field: reading as one register what was just written
+    /// as two would wait for both to reach the cache.
     Buffer alias() const { return {data, capacity}; }
+    /// Whether there is a block to release.
     bool isOwned() const { return capacity > 0; }
+    /// Whether there is a text that lives elsewhere.
     bool isBorrowed() const { return data && capacity == 0; }
     /// Gives an owned block back to the pool and leaves the buffer null.
     void release() {
@@ -45,6 +48,7 @@ template <class Unit> Buffer<Unit> makeRoom(std::int64_t length);
 /// A new block of exact size with the pieces one after the other, or null as of makeRoom.
 template <class Unit>
 Buffer<Unit> compose(const std::basic_string_view<Unit>* pieces, std::size_t count);
+/// The same for pieces written out.
 template <class Unit>
 Buffer<Unit> compose(std::initializer_list<std::basic_string_view<Unit>> pieces) {
     return compose(pieces.begin(), pieces.size());
@@ -59,6 +63,8 @@ template <class Unit> void store(Buffer<Unit>& buffer, std::basic_string_view<Un
 template <class Unit>
 void extend(Buffer<Unit>& buffer, std::size_t length, std::basic_string_view<Unit> piece);
 
+/// Instantiated in the library.
+/// @{
 extern template Buffer<char> makeRoom(std::int64_t);
 extern template Buffer<char16_t> makeRoom(std::int64_t);
 extern template Buffer<char> compose(const std::string_view*, std::size_t);
@@ -67,5 +73,6 @@ extern template void store(Buffer<char>&, std::string_view);
 extern template void store(Buffer<char16_t>&, std::u16string_view);
 extern template void extend(Buffer<char>&, std::size_t, std::string_view);
 extern template void extend(Buffer<char16_t>&, std::size_t, std::u16string_view);
+/// @}
 
 } // namespace zeltext

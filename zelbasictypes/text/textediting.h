@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Changes that both string classes make in the same way.
+/// @file
+/// Changes that both string classes make in the same way.
 #pragma once
 
 #include "zelbasictypes/memory/zelnew.h"
@@ -10,6 +11,7 @@
 
 namespace zeltext {
 
+/// Copies a borrowed text, which is `text`, into a block of the pool.
 template <class Unit> void detach(Buffer<Unit>& buffer, std::basic_string_view<Unit> text) {
     if (buffer.isBorrowed()) buffer = compose({text});
 }
@@ -31,8 +33,9 @@ void replaceAll(Buffer<Unit>& buffer, std::basic_string_view<Unit> text,
     buffer = result;
 }
 
-/// The places where a text that is too long may be cut.
+/// Where a text that is too long is cut.
 enum class FitMode : std::int32_t { cutEnd, cutFront, cutMiddle };
+/// Whether a number stands for one of the modes.
 inline bool isFitMode(std::int32_t mode) { return mode >= 0 && mode <= 2; }
 
 /// What `fit` makes of a text longer than `width`. `dots` is not negative.
@@ -47,7 +50,7 @@ Buffer<Unit> fitted(std::basic_string_view<Unit> text, std::int32_t width, FitMo
     return compose<Unit>({text.substr(0, head), stops, text.substr(text.size() - (kept - head))});
 }
 
-/// Nothing but full stops, as many as a text may be long.
+/// A text of `width` full stops, at most as many as a text may be long.
 template <class Unit> Buffer<Unit> onlyStops(std::int32_t width) {
     const std::int64_t count = std::clamp<std::int64_t>(width, 0, longestText<Unit>);
     Buffer<Unit> result = makeRoom<Unit>(count);

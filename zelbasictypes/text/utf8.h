@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// UTF-8 of single 16-bit units; the rules stand at KorString::fromUtf8 and KorString::toUtf8.
+/// @file
+/// UTF-8 of single 16-bit units, by the rules of KorString::fromUtf8() and KorString::toUtf8().
 #pragma once
 
 #include <cstddef>
@@ -7,12 +8,12 @@
 
 namespace zeltext {
 
-/// Writes the encoded text and a terminator; `to` has room for utf8Length bytes and one more. The
-/// result is the length.
+/// Writes the encoded text and a terminator, and returns the length. `to` must have room for
+/// utf8Length() bytes and the terminator.
 std::size_t encodeUtf8(std::u16string_view text, char* to);
 
-/// Writes the decoded text and a terminator; `to` has room for one unit a byte and the terminator.
-/// False at the first bad sequence, with what was written so far left behind.
+/// Writes the decoded text and a terminator. `to` must have room for one unit per byte and the
+/// terminator. False at the first bad sequence; the units before it have been written.
 bool decodeUtf8(std::string_view bytes, char16_t* to);
 
 } // namespace zeltext

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Filling the placeholders %1 and up of a text with narrow arguments.
+/// @file
+/// Fills the placeholders %1 and up of a text with narrow arguments.
 #pragma once
 
 #include "zelbasictypes/text/korcstring.h"
@@ -7,8 +8,8 @@
 
 #include <concepts>
 
-/// Replaces %n to %1, the highest first, each in the result of the one before: a placeholder inside
-/// a higher argument is filled too. The placeholder of a null argument stays.
+/// Replaces %n to %1, the highest first, each in the result of the previous step, so that a
+/// placeholder inside a higher argument is filled too. The placeholder of a null argument stays.
 KorString zelFormatDescending(const char* text, std::int32_t n, const KorCString* const* args);
 
 /// The same with one to six arguments written out.

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
-// The translator without a language: the key is its own text.
+/// @file
+/// The translator for which each key is its own text.
 #pragma once
 
 #include "component/objects/services/izeltranslator.h"
 #include "zelbasictypes/text/korstring.h"
 
-/// Without state, for any thread. A subclass that overrides `lookup` alone changes all the forms.
+/// Has no state, so any thread may use it. All forms of translation go through `lookup`: a subclass
+/// that overrides it changes them all.
 class ZelTrivialTranslator : public IZelTranslator {
 public:
-    /// The text of a key; true. The forms below don't look at the result.
+    /// Stores the text of a key. Always true here; the forms below don't look at the result.
     virtual bool lookup(const char* key, KorString& out);
 
     void qi(const char* name, void** result, std::int32_t reserved = 0) override;
@@ -27,7 +29,7 @@ public:
     KorString translate(const char* key, const KorString& a1, const KorString& a2) override;
     KorString translate(const char* key, const KorString& a1) override;
     KorString translate(const char* key) override;
-    /// False.
+    /// Always false.
     bool query() override;
 
 private:

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the host does with a failed assertion.
+/// @file
+/// The host service that decides what happens at a failed assertion.
 #pragma once
 
 #include "component/objects/izelunknown.h"
 
+/// Receives failed assertions.
 class IZelAssertHandlerCB : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelAssertHandlerCB";
 
-    /// May end the process; when it returns, the caller goes on with its fall-back. Called on the
-    /// thread that failed. The texts are static.
+    /// Called on the thread of the failed assertion, with static texts. It may end the process.
+    /// When it returns, the failed call goes on with its documented fallback.
     virtual void onAssert(const char* expression, const char* file, std::int32_t line) = 0;
 };

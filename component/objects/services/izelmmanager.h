@@ -1,22 +1,29 @@
 // SPDX-License-Identifier: Apache-2.0
-// The host's manager of memory chunks.
+/// @file
+/// The host service for large chunks of memory.
 #pragma once
 
 #include "component/objects/izelunknown.h"
 
+/// The host's manager of memory chunks. It is called on the allocating thread, whichever that is.
 class IZelMManager : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelMManager";
 
-    /// A chunk of `bytes` bytes, zeroed on request.
+    /// A chunk of `bytes` bytes, filled with zeros on request; null when there is none. The caller
+    /// gives it back by freeChunk().
     virtual void* allocateChunk(std::int32_t bytes, bool zeroFill) = 0;
-    /// Also called with null.
+    /// Takes a chunk back; null is allowed.
     virtual void freeChunk(void* chunk) = 0;
-    /// True when memory was given back and an allocation is worth another try.
+    /// Gives cached memory back. True when that freed some, so that a failed allocation is worth
+    /// another try.
     virtual bool reclaim() = 0;
-    /// The four figures of the memory log, in units of 24 kB.
+    /// A figure of the memory log, in units of 24 kB: the limits on memory and swap, and their use
+    /// now.
+    /// @{
     virtual std::int32_t coreLimit() = 0;
     virtual std::int32_t swapLimit() = 0;
     virtual std::int32_t swapNow() = 0;
     virtual std::int32_t coreNow() = 0;
+    /// @}
 };

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
-// Progress of a long operation.
+/// @file
+/// The host service that shows progress.
 #pragma once
 
 #include "component/objects/izelunknown.h"
 
+/// The host's progress bar. It is called on the thread that works.
 class IZelProgress : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelProgress";
 
-    /// `fraction` of the whole that is done, from 0.0 to 1.0.
+    /// Shows the part of the work that is done, from 0.0 to 1.0.
     virtual void setProgress(double fraction) = 0;
 };

@@ -1,17 +1,22 @@
 // SPDX-License-Identifier: Apache-2.0
-// Turns a key in plain words into the text that the user sees, placeholders %1 and up filled.
+/// @file
+/// The host service that translates texts.
 #pragma once
 
 #include "component/objects/izelunknown.h"
 
 class KorString;
 
+/// Translates texts into the user's language. `key` is the English text. Placeholders in the
+/// translation are replaced by the arguments.
 class IZelTranslator : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelTranslator";
 
-    /// `args` is an array of `count` texts.
+    /// The translation of `key` with the `count` texts that `args` points to.
     virtual KorString translateList(const char* key, std::int32_t count, const KorString* args) = 0;
+    /// The translation of `key` with these arguments.
+    /// @{
     virtual KorString translate(const char* key, const KorString& a1, const KorString& a2,
                                 const KorString& a3, const KorString& a4, const KorString& a5,
                                 const KorString& a6) = 0;
@@ -24,5 +29,7 @@ public:
     virtual KorString translate(const char* key, const KorString& a1, const KorString& a2) = 0;
     virtual KorString translate(const char* key, const KorString& a1) = 0;
     virtual KorString translate(const char* key) = 0;
+    /// @}
+    /// Reserved. The library doesn't call it.
     virtual bool query() = 0;
 };

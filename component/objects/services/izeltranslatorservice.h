@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Gives each component its translator.
+/// @file
+/// The host service that gives each component its translator.
 #pragma once
 
 #include "component/objects/izelunknown.h"
@@ -7,11 +8,13 @@
 class IZelTranslator;
 class ZelGuid;
 
+/// The host's translators by component.
 class IZelTranslatorService : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelTranslatorService";
 
+    /// Reserved. The library doesn't call it.
     virtual void reserved1() = 0;
-    /// Borrowed, or null. `componentId` is the address of the asking module's identifier.
+    /// The translator of the component whose identifier `componentId` points to. Borrowed, or null.
     virtual IZelTranslator* translatorFor(const ZelGuid* componentId) = 0;
 };
