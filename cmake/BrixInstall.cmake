@@ -5,7 +5,7 @@ include(CMakePackageConfigHelpers)
 
 set(brix_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/brix)
 
-install(TARGETS zelbasictypes protocol EXPORT brixTargets
+install(TARGETS brix_zelbasictypes brix_protocol EXPORT brixTargets
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(EXPORT brixTargets NAMESPACE Brix:: DESTINATION ${brix_package_dir})
 configure_package_config_file(cmake/brixConfig.cmake.in brixConfig.cmake

@@ -9,8 +9,8 @@ function(brix_exported_sources)
   endif()
 endfunction()
 
-# brix_module(TARGET): for a target made by add_library(... MODULE ...), which links componententry
-# and an identity directly.
+# brix_module(TARGET): for a target made by add_library(... MODULE ...), which links
+# brix_componententry and an identity directly.
 function(brix_module target)
   set_target_properties(${target} PROPERTIES PREFIX "")
   if(NOT CMAKE_LIBRARY_OUTPUT_DIRECTORY AND CMAKE_RUNTIME_OUTPUT_DIRECTORY)

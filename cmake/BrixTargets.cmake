@@ -19,6 +19,14 @@ function(brix_defaults target)
     $<$<BOOL:${BRIX_WARNINGS_AS_ERRORS}>:-Werror>)
 endfunction()
 
+# brix_public_library(TARGET): for a library that others link. It is brix_NAME inside the project,
+# Brix::NAME for its users, and its archive libbrix-NAME.a.
+function(brix_public_library target)
+  string(REGEX REPLACE "^brix_" "" name ${target})
+  add_library(Brix::${name} ALIAS ${target})
+  set_target_properties(${target} PROPERTIES EXPORT_NAME ${name} OUTPUT_NAME brix-${name})
+endfunction()
+
 # brix_test(NAME SOURCES... LIBS libraries...): one GoogleTest program. With the basic library comes a
 # heap that scripts/inject-faults can tell to refuse.
 function(brix_test name)
@@ -28,7 +36,8 @@ function(brix_test name)
   target_link_libraries(${name} PRIVATE ${arg_LIBS} GTest::gtest GTest::gtest_main)
   brix_test_compilation(${name})
   target_precompile_headers(${name} REUSE_FROM testheaders)
-  if("zelbasictypes" IN_LIST arg_LIBS OR "component" IN_LIST arg_LIBS OR "host" IN_LIST arg_LIBS)
+  if(brix_zelbasictypes IN_LIST arg_LIBS OR brix_component IN_LIST arg_LIBS
+      OR brix_host IN_LIST arg_LIBS)
     target_link_libraries(${name} PRIVATE faultyheap-program)
   endif()
   brix_print_messages(${name})
