@@ -10,7 +10,11 @@ class IZelComponent;
 inline constexpr const char* zelEntryPointName = "EntryPoint";
 using ZelEntryPoint = std::int32_t (*)(std::int32_t* version, IZelComponent** component);
 
-/// Makes a new component, without a reference, and writes the version of the contract, 100; returns
-/// 1. When the component can't be made both become 0 and so does the result. A null `component`
+/// The version of the contract between host and module, that of every operation table here. A host
+/// doesn't call a component that tells another.
+inline constexpr std::int32_t zelContractVersion = 100;
+
+/// Makes a new component, without a reference, and writes the version of the contract; returns 1.
+/// When the component can't be made both become 0 and so does the result. A null `component`
 /// gives 0 and leaves `*version` alone. No exception passes.
 extern "C" std::int32_t EntryPoint(std::int32_t* version, IZelComponent** component);

@@ -17,7 +17,7 @@ class IZelLine : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelLine";
 
-    virtual void reserved1() = 0;
+    virtual void reserved1() {}
     virtual void define(const ZelVector3& startPoint, const ZelVector3& endPoint,
                         const void* reserved, double reservedValue) = 0;
 };
@@ -27,7 +27,7 @@ class IZelArc : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelArc";
 
-    virtual void reserved1() = 0;
+    virtual void reserved1() {}
     virtual void define(const ZelVector3& center, double radius, const ZelVector3& normal,
                         const ZelVector3& direction, double startAngle, double endAngle,
                         const void* reserved, double reservedValue) = 0;
@@ -38,7 +38,7 @@ class IZelEllipse : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelEllipse";
 
-    virtual void reserved1() = 0;
+    virtual void reserved1() {}
     virtual void define(const ZelVector3& center, const ZelVector3& normal,
                         const ZelVector3& direction, double bigHalfAxis, double littleHalfAxis,
                         double startAngle, double endAngle, const void* reserved,

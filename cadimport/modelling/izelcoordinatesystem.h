@@ -11,7 +11,7 @@ class IZelCoordinateSystem : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelCoordinateSystem";
 
-    virtual void reserved1() = 0;
+    virtual void reserved1() {}
     virtual void setOrigin(const ZelVector3& origin) = 0;
     virtual void setAxes(const ZelVector3& xDirection, const ZelVector3& yDirection) = 0;
 };

@@ -17,8 +17,8 @@ class IZelPlane : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelPlane";
 
-    virtual void reserved1() = 0;
-    virtual void reserved2() = 0;
+    virtual void reserved1() {}
+    virtual void reserved2() {}
     virtual void define(const ZelVector3& origin, const ZelVector3& normal,
                         const ZelVector3& uDirection, const ZelRange& uRange,
                         const ZelRange& vRange) = 0;
@@ -29,8 +29,8 @@ class IZelCylinder : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelCylinder";
 
-    virtual void reserved1() = 0;
-    virtual void reserved2() = 0;
+    virtual void reserved1() {}
+    virtual void reserved2() {}
     virtual void define(const ZelVector3& origin, const ZelVector3& normal,
                         const ZelVector3& uDirection, double radius, const ZelRange& uRange,
                         const ZelRange& vRange, const ZelRange& uRangeAgain,
@@ -42,8 +42,8 @@ class IZelCone : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelCone";
 
-    virtual void reserved1() = 0;
-    virtual void reserved2() = 0;
+    virtual void reserved1() {}
+    virtual void reserved2() {}
     virtual void define(const ZelVector3& origin, const ZelVector3& normal,
                         const ZelVector3& uDirection, double angle, const ZelRange& uRange,
                         const ZelRange& vRange, const ZelRange& uRangeAgain,
@@ -54,7 +54,7 @@ class IZelSphere : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelSphere";
 
-    virtual void reserved1() = 0;
+    virtual void reserved1() {}
     virtual void define(const ZelVector3& origin, double radius, const ZelVector3& normal,
                         const ZelVector3& uDirection, const ZelRange& uRange,
                         const ZelRange& vRange, const void* reserved1st,
@@ -65,7 +65,7 @@ class IZelTorus : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelTorus";
 
-    virtual void reserved1() = 0;
+    virtual void reserved1() {}
     virtual void define(const ZelVector3& origin, const ZelVector3& normal, double majorRadius,
                         double minorRadius, const ZelVector3& uDirection, const ZelRange& uRange,
                         const ZelRange& vRange, const void* reserved1st, const void* reserved2nd,
@@ -78,26 +78,26 @@ class IZelNurbSurface : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelNurbSurface";
 
-    virtual void reserved1() = 0;
-    virtual void reserved2() = 0;
+    virtual void reserved1() {}
+    virtual void reserved2() {}
     virtual void define(bool rational, std::int32_t degreeU, std::int32_t degreeV,
                         std::int32_t rows, std::int32_t columns) = 0;
-    virtual void reserved3() = 0;
-    virtual void reserved4() = 0;
-    virtual void reserved5() = 0;
-    virtual void reserved6() = 0;
-    virtual void reserved7() = 0;
-    virtual void reserved8() = 0;
-    virtual void reserved9() = 0;
-    virtual void reserved10() = 0;
+    virtual void reserved3() {}
+    virtual void reserved4() {}
+    virtual void reserved5() {}
+    virtual void reserved6() {}
+    virtual void reserved7() {}
+    virtual void reserved8() {}
+    virtual void reserved9() {}
+    virtual void reserved10() {}
     virtual void setKnotU(std::int32_t index, double knot) = 0;
     virtual void setKnotV(std::int32_t index, double knot) = 0;
-    virtual void reserved11() = 0;
-    virtual void reserved12() = 0;
-    virtual void reserved13() = 0;
-    virtual void reserved14() = 0;
-    virtual void reserved15() = 0;
-    virtual void reserved16() = 0;
+    virtual void reserved11() {}
+    virtual void reserved12() {}
+    virtual void reserved13() {}
+    virtual void reserved14() {}
+    virtual void reserved15() {}
+    virtual void reserved16() {}
     virtual void setControlPoint(std::int32_t row, std::int32_t column, const ZelVector3& point,
                                  double w) = 0;
 };

@@ -7,7 +7,9 @@
 struct ZelObjectWalk;
 
 /// Every interface derives virtually from this class, so that an object with several interfaces
-/// has one count. Each interface names itself in a static `interfaceName`.
+/// has one count. Each interface names itself in a static `interfaceName`. An interface is a table
+/// of operations in a fixed order; entries that are called `reserved1` and so on keep the places of
+/// operations that no module here calls, and do nothing.
 class IZelUnknown : public ZelShared {
 public:
     static constexpr const char* interfaceName = "IZelUnknown";

@@ -11,7 +11,7 @@ class IZelTranslatorService : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelTranslatorService";
 
-    virtual void reserved1() = 0;
+    virtual void reserved1() {}
     /// Borrowed, or null. `componentId` is the address of the asking module's identifier.
     virtual IZelTranslator* translatorFor(const ZelGuid* componentId) = 0;
 };
