@@ -3,16 +3,12 @@
 
 # brix_link_component(TARGET): links the component framework whole. Nothing in a module names
 # EntryPoint or the classes that register themselves at static initialisation, so that the linker
-# would leave them out of what it takes of an archive.
+# would leave them out of what it takes of an archive. That the archive comes again among the
+# libraries does no harm: by then nothing of it is missing.
 function(brix_link_component target)
-  set(framework Brix::component)
-  get_target_property(original ${framework} ALIASED_TARGET)
-  if(original)
-    set(framework ${original})
-  endif()
-  # Also where another library of the target links it in the usual way.
-  set_property(TARGET ${target} PROPERTY LINK_LIBRARY_OVERRIDE_${framework} WHOLE_ARCHIVE)
-  target_link_libraries(${target} PRIVATE $<LINK_LIBRARY:WHOLE_ARCHIVE,${framework}>)
+  target_link_libraries(${target} PRIVATE Brix::component)
+  target_link_options(${target} PRIVATE
+    LINKER:--whole-archive,$<TARGET_FILE:Brix::component>,--no-whole-archive)
 endfunction()
 
 # brix_add_component(NAME name [SOURCES files...] [EXPORTS base]): a loadable module as a host
