@@ -6,18 +6,10 @@
 #include "cadimport/modelling/importtarget.h"
 #include "component/manageraccess.h"
 #include "platform/unload.h"
-#include "zelbasictypes/data/zelguid.h"
 #include "zelbasictypes/sets/bitvector.h"
 
 namespace CADImport {
 namespace {
-
-/// {57E3D220-2A63-43D7-BC5F-BF59476A48C9}, the host's class for the importer.
-const ZelGuid& importerClassId() {
-    static const ZelGuid id{
-        0x57E3D220, 0x2A63, 0x43D7, {0xBC, 0x5F, 0xBF, 0x59, 0x47, 0x6A, 0x48, 0xC9}};
-    return id;
-}
 
 template <class T> void replace(std::list<T>& target, const std::list<T>& source) {
     if (&target != &source) target = source;
@@ -35,7 +27,8 @@ void* modelEntry(IZelImportTarget* target, void* finished) {
 
 Creator::Creator(IZelImportTarget* target) : importTarget(target) {
     void* made = nullptr;
-    zelCreateInstance(importerClassId(), KorCString::borrow(IZelCADImporter::interfaceName), &made);
+    zelCreateInstance(zelImporterClassId, KorCString::borrow(IZelCADImporter::interfaceName),
+                      &made);
     importer = static_cast<IZelCADImporter*>(made);
 }
 

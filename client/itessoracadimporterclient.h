@@ -4,6 +4,7 @@
 #pragma once
 
 #include "component/objects/izelunknown.h"
+#include "zelbasictypes/data/zelguid.h"
 #include "zelbasictypes/text/korstring.h"
 
 #include <cstdint>
@@ -12,6 +13,10 @@
 class BitVector;
 class IZelFeature;
 class IZelImportTarget;
+
+/// The class of the import client, for IZelComponent::createInstance of the import module.
+inline constexpr ZelGuid zelImportClientClassId{
+    0x53DE97AC, 0x2769, 0x4D39, {0xAD, 0xBD, 0x37, 0x31, 0x20, 0xB9, 0x81, 0x8F}};
 
 /// An import client. One object serves one import at a time, on the thread that calls it. What the
 /// lists point to belongs to the host; the lists themselves belong to the object.

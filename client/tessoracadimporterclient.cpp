@@ -18,9 +18,8 @@
 
 namespace {
 
-ZelTClassItemFactory<TessoraCADImporterClient> itemFactory{
-    "TessoraCADImporterClient", nullptr,
-    ZelGuid{0x53DE97AC, 0x2769, 0x4D39, {0xAD, 0xBD, 0x37, 0x31, 0x20, 0xB9, 0x81, 0x8F}}};
+ZelTClassItemFactory<TessoraCADImporterClient> itemFactory{"TessoraCADImporterClient", nullptr,
+                                                           zelImportClientClassId};
 
 template <class T> void replace(std::list<T>& target, const std::list<T>& source) {
     if (&target != &source) target = source;

@@ -19,6 +19,54 @@ function(brix_defaults target)
     $<$<BOOL:${BRIX_WARNINGS_AS_ERRORS}>:-Werror>)
 endfunction()
 
+# brix_public_library(TARGET): for a library that others link. It is brix_NAME inside the project,
+# Brix::NAME for its users, and its archive libbrix-NAME.a.
+function(brix_public_library target)
+  string(REGEX REPLACE "^brix_" "" name ${target})
+  add_library(Brix::${name} ALIAS ${target})
+  set_target_properties(${target} PROPERTIES EXPORT_NAME ${name})
+  get_target_property(type ${target} TYPE)
+  if(NOT type STREQUAL INTERFACE_LIBRARY)
+    set_target_properties(${target} PROPERTIES OUTPUT_NAME brix-${name})
+  endif()
+endfunction()
+
+# brix_public_headers(TARGET headers...): headers of this folder that are installed with the library.
+function(brix_public_headers target)
+  get_target_property(type ${target} TYPE)
+  set(scope PUBLIC)
+  if(type STREQUAL INTERFACE_LIBRARY)
+    set(scope INTERFACE)
+  endif()
+  target_sources(${target} ${scope}
+    FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${ARGN})
+endfunction()
+
+# brix_add_import_module(NAME libraries...): a component with the identity of the import module. It
+# shows the class brix beside EntryPoint. The libraries are named one by one: the objects of an object
+# library don't pass through others.
+function(brix_add_import_module name)
+  brix_add_component(NAME ${name} EXPORTS ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/brix)
+  brix_defaults(${name})
+  target_link_libraries(${name} PRIVATE brix_identity ${ARGN})
+  if(NOT CMAKE_LIBRARY_OUTPUT_DIRECTORY AND CMAKE_RUNTIME_OUTPUT_DIRECTORY)
+    set_target_properties(${name} PROPERTIES
+      LIBRARY_OUTPUT_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+  endif()
+endfunction()
+
+# brix_test_exports(TARGET): the test that the built module shows what it should and no more.
+function(brix_test_exports target)
+  if(WIN32)
+    set(lister -DOBJDUMP=${CMAKE_OBJDUMP})
+  else()
+    set(lister -DNM=${CMAKE_NM})
+  endif()
+  add_test(NAME ${target}.ShowsNothingButItsEntryPoint COMMAND ${CMAKE_COMMAND}
+    ${lister} -DMODULE=$<TARGET_FILE:${target}>
+    -P ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/CheckExports.cmake)
+endfunction()
+
 # brix_test(NAME SOURCES... LIBS libraries...): one GoogleTest program. With the basic library comes a
 # heap that scripts/inject-faults can tell to refuse.
 function(brix_test name)
@@ -28,7 +76,8 @@ function(brix_test name)
   target_link_libraries(${name} PRIVATE ${arg_LIBS} GTest::gtest GTest::gtest_main)
   brix_test_compilation(${name})
   target_precompile_headers(${name} REUSE_FROM testheaders)
-  if("zelbasictypes" IN_LIST arg_LIBS OR "component" IN_LIST arg_LIBS OR "host" IN_LIST arg_LIBS)
+  if(brix_zelbasictypes IN_LIST arg_LIBS OR brix_component IN_LIST arg_LIBS
+      OR brix_host IN_LIST arg_LIBS)
     target_link_libraries(${name} PRIVATE faultyheap-program)
   endif()
   brix_print_messages(${name})

@@ -9,9 +9,8 @@
 
 namespace {
 
-ZelSingletonTClassItemFactory<DefaultLangInitializer> itemFactory{
-    "DefaultLangInitializer", nullptr,
-    ZelGuid{0xA6C62276, 0x0A76, 0x4531, {0x98, 0x55, 0xA1, 0x96, 0xDF, 0xBE, 0xFF, 0xFC}}};
+ZelSingletonTClassItemFactory<DefaultLangInitializer> itemFactory{"DefaultLangInitializer", nullptr,
+                                                                  zelLangInitializerClassId};
 
 } // namespace
 

@@ -12,8 +12,6 @@ IZelComponent* zelModuleComponent = nullptr;
 
 namespace {
 
-constexpr std::int32_t contractVersion = 100;
-
 const platform::AtUnload freeing([] { delete std::exchange(zelComponentFactory, nullptr); });
 
 } // namespace
@@ -25,7 +23,7 @@ extern "C" std::int32_t EntryPoint(std::int32_t* version, IZelComponent** compon
     try {
         zelModuleComponent = zelComponentFactory->create();
         *component = zelModuleComponent;
-        toldVersion = contractVersion;
+        toldVersion = zelContractVersion;
         return 1;
     } catch (...) {
         toldVersion = 0;

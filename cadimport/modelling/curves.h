@@ -23,7 +23,7 @@ class IZelLine : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelLine";
 
-    virtual void reserved1() = 0;
+    virtual void reserved1() {}
     /// Sets the geometry.
     virtual void define(const ZelVector3& startPoint, const ZelVector3& endPoint,
                         const void* reserved, double reservedValue) = 0;
@@ -35,7 +35,7 @@ class IZelArc : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelArc";
 
-    virtual void reserved1() = 0;
+    virtual void reserved1() {}
     /// Sets the geometry.
     virtual void define(const ZelVector3& center, double radius, const ZelVector3& normal,
                         const ZelVector3& direction, double startAngle, double endAngle,
@@ -48,7 +48,7 @@ class IZelEllipse : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelEllipse";
 
-    virtual void reserved1() = 0;
+    virtual void reserved1() {}
     /// Sets the geometry.
     virtual void define(const ZelVector3& center, const ZelVector3& normal,
                         const ZelVector3& direction, double bigHalfAxis, double littleHalfAxis,

@@ -20,13 +20,13 @@ class IZelImportTarget : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelImportTarget";
 
-    virtual void reserved1() = 0;
-    virtual void reserved2() = 0;
-    virtual void reserved3() = 0;
-    virtual void reserved4() = 0;
-    virtual void reserved5() = 0;
-    virtual void reserved6() = 0;
-    virtual void reserved7() = 0;
+    virtual void reserved1() {}
+    virtual void reserved2() {}
+    virtual void reserved3() {}
+    virtual void reserved4() {}
+    virtual void reserved5() {}
+    virtual void reserved6() {}
+    virtual void reserved7() {}
     /// The model for a result of IZelCADImporter::finishModel(). Borrowed; null for none.
     virtual IZelImportedModel* resolveModel(void* finished) = 0;
 };

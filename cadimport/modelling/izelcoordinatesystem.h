@@ -12,7 +12,7 @@ class IZelCoordinateSystem : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelCoordinateSystem";
 
-    virtual void reserved1() = 0;
+    virtual void reserved1() {}
     /// The origin in model units, as in the file.
     virtual void setOrigin(const ZelVector3& origin) = 0;
     /// The axes, multiplied by the scale of the model.

@@ -12,14 +12,14 @@ class IZelFeature : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelFeature";
 
-    virtual void reserved1() = 0;
-    virtual void reserved2() = 0;
-    virtual void reserved3() = 0;
-    virtual void reserved4() = 0;
-    virtual void reserved5() = 0;
-    virtual void reserved6() = 0;
-    virtual void reserved7() = 0;
-    virtual void reserved8() = 0;
+    virtual void reserved1() {}
+    virtual void reserved2() {}
+    virtual void reserved3() {}
+    virtual void reserved4() {}
+    virtual void reserved5() {}
+    virtual void reserved6() {}
+    virtual void reserved7() {}
+    virtual void reserved8() {}
     /// Scales the object in place, from model units to metres. The matrix is borrowed for the call.
     virtual void transform(const ZelMatrix4* matrix) = 0;
 };

@@ -23,8 +23,8 @@ class IZelPlane : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelPlane";
 
-    virtual void reserved1() = 0;
-    virtual void reserved2() = 0;
+    virtual void reserved1() {}
+    virtual void reserved2() {}
     /// Sets the geometry.
     virtual void define(const ZelVector3& origin, const ZelVector3& normal,
                         const ZelVector3& uDirection, const ZelRange& uRange,
@@ -36,8 +36,8 @@ class IZelCylinder : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelCylinder";
 
-    virtual void reserved1() = 0;
-    virtual void reserved2() = 0;
+    virtual void reserved1() {}
+    virtual void reserved2() {}
     /// Sets the geometry.
     virtual void define(const ZelVector3& origin, const ZelVector3& normal,
                         const ZelVector3& uDirection, double radius, const ZelRange& uRange,
@@ -51,8 +51,8 @@ class IZelCone : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelCone";
 
-    virtual void reserved1() = 0;
-    virtual void reserved2() = 0;
+    virtual void reserved1() {}
+    virtual void reserved2() {}
     /// Sets the geometry.
     virtual void define(const ZelVector3& origin, const ZelVector3& normal,
                         const ZelVector3& uDirection, double angle, const ZelRange& uRange,
@@ -65,7 +65,7 @@ class IZelSphere : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelSphere";
 
-    virtual void reserved1() = 0;
+    virtual void reserved1() {}
     /// Sets the geometry.
     virtual void define(const ZelVector3& origin, double radius, const ZelVector3& normal,
                         const ZelVector3& uDirection, const ZelRange& uRange,
@@ -78,7 +78,7 @@ class IZelTorus : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelTorus";
 
-    virtual void reserved1() = 0;
+    virtual void reserved1() {}
     /// Sets the geometry.
     virtual void define(const ZelVector3& origin, const ZelVector3& normal, double majorRadius,
                         double minorRadius, const ZelVector3& uDirection, const ZelRange& uRange,
@@ -92,30 +92,30 @@ class IZelNurbSurface : public virtual IZelUnknown {
 public:
     static constexpr const char* interfaceName = "IZelNurbSurface";
 
-    virtual void reserved1() = 0;
-    virtual void reserved2() = 0;
+    virtual void reserved1() {}
+    virtual void reserved2() {}
     /// Sets the degrees and the size of the control grid; rows run with u.
     virtual void define(bool rational, std::int32_t degreeU, std::int32_t degreeV,
                         std::int32_t rows, std::int32_t columns) = 0;
-    virtual void reserved3() = 0;
-    virtual void reserved4() = 0;
-    virtual void reserved5() = 0;
-    virtual void reserved6() = 0;
-    virtual void reserved7() = 0;
-    virtual void reserved8() = 0;
-    virtual void reserved9() = 0;
-    virtual void reserved10() = 0;
+    virtual void reserved3() {}
+    virtual void reserved4() {}
+    virtual void reserved5() {}
+    virtual void reserved6() {}
+    virtual void reserved7() {}
+    virtual void reserved8() {}
+    virtual void reserved9() {}
+    virtual void reserved10() {}
     /// Sets one knot.
     /// @{
     virtual void setKnotU(std::int32_t index, double knot) = 0;
     virtual void setKnotV(std::int32_t index, double knot) = 0;
     /// @}
-    virtual void reserved11() = 0;
-    virtual void reserved12() = 0;
-    virtual void reserved13() = 0;
-    virtual void reserved14() = 0;
-    virtual void reserved15() = 0;
-    virtual void reserved16() = 0;
+    virtual void reserved11() {}
+    virtual void reserved12() {}
+    virtual void reserved13() {}
+    virtual void reserved14() {}
+    virtual void reserved15() {}
+    virtual void reserved16() {}
     /// Sets one control point.
     virtual void setControlPoint(std::int32_t row, std::int32_t column, const ZelVector3& point,
                                  double w) = 0;

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
-// Who the import module is.
+// The import module's identity, for the library inside it.
+#include "component/module/identity.h"
+
 #include "component/moduleidentity.h"
 
 namespace {
 
-const ZelModuleIdentity identity{
-    "brix", ZelGuid{0x7D9A23CB, 0x428C, 0x49C5, {0xA5, 0x7D, 0xD9, 0x58, 0x63, 0x40, 0x8C, 0x16}}};
+const ZelModuleIdentity identity{zelImportModuleName, zelImportComponentId};
 
 } // namespace

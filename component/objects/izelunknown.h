@@ -9,7 +9,9 @@ struct ZelObjectWalk;
 
 /// The root of all interfaces. Every interface derives virtually from this class, so that an object
 /// with several interfaces has one count. Each interface names itself in a static `interfaceName`,
-/// which is the text that `qi` and the component manager know it by.
+/// which is the text that `qi` and the component manager know it by. An interface is a table of
+/// operations in a fixed order; entries that are called `reserved1` and so on keep the places of
+/// operations that no module here calls, and do nothing.
 ///
 /// Ownership and counting are described in zelshared.h. A host implements its services
 /// (component/objects/services/) as such interfaces. Every service may be missing, and calls arrive

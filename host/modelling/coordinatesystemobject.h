@@ -26,15 +26,6 @@ public:
 
     const CoordinateSystemRecord& record() const { return record_; }
 
-    void reserved1() override {}
-    void reserved2() override {}
-    void reserved3() override {}
-    void reserved4() override {}
-    void reserved5() override {}
-    void reserved6() override {}
-    void reserved7() override {}
-    void reserved8() override {}
-
 private:
     std::shared_ptr<ImportSession> session_;
     std::string name_;

@@ -38,16 +38,6 @@ public:
     /// An IZelImportedModel, always; its entry is null when the model was dropped.
     void* finishModel() override;
 
-    void reserved1() override {}
-    void reserved2() override {}
-    void reserved3() override {}
-    void reserved4() override {}
-    void reserved5() override {}
-    void reserved6() override {}
-    void reserved7() override {}
-    void reserved8() override {}
-    void reserved9() override {}
-
 private:
     /// The model under way, with the shape objects that edges and faces hold until its end.
     struct OpenModel {

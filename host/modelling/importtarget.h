@@ -30,14 +30,6 @@ public:
     const char* className() override { return "ImportTarget"; }
     IZelImportedModel* resolveModel(void* finished) override;
 
-    void reserved1() override {}
-    void reserved2() override {}
-    void reserved3() override {}
-    void reserved4() override {}
-    void reserved5() override {}
-    void reserved6() override {}
-    void reserved7() override {}
-
 private:
     std::shared_ptr<ImportSession> session_;
 };

@@ -32,14 +32,11 @@ void offerShapes(ComponentManager& manager, const std::shared_ptr<ImportSession>
 
 } // namespace
 
-const ZelGuid importerClassId{
-    0x57e3d220, 0x2a63, 0x43d7, {0xbc, 0x5f, 0xbf, 0x59, 0x47, 0x6a, 0x48, 0xc9}};
-
 ModellingComponent::ModellingComponent(ComponentManager& manager, std::ostream* traceOutput,
                                        std::function<void()> onImporter)
     : session_(std::make_shared<ImportSession>(traceOutput)), target_(new ImportTarget(session_)) {
     offerShapes(manager, session_);
-    manager.offerClass(importerClassId, IZelCADImporter::interfaceName,
+    manager.offerClass(zelImporterClassId, IZelCADImporter::interfaceName,
                        [session = session_, onImporter = std::move(onImporter)] {
                            if (onImporter) onImporter();
                            return new Importer(session);

@@ -13,9 +13,6 @@ class IZelImportTarget;
 
 namespace host {
 
-/// The class of the importer, {57E3D220-2A63-43D7-BC5F-BF59476A48C9}.
-extern const ZelGuid importerClassId;
-
 /// Serves one run. The objects that it makes keep what they share alive; the trace's stream must
 /// outlive them all.
 class ModellingComponent {

@@ -18,15 +18,6 @@ public:
     void setKnotV(std::int32_t index, double knot) override;
     void setControlPoint(std::int32_t row, std::int32_t column, const ZelVector3& point,
                          double w) override;
-
-    void reserved9() override {}
-    void reserved10() override {}
-    void reserved11() override {}
-    void reserved12() override {}
-    void reserved13() override {}
-    void reserved14() override {}
-    void reserved15() override {}
-    void reserved16() override {}
 };
 
 } // namespace host

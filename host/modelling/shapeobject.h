@@ -67,15 +67,6 @@ public:
     const std::string& traceName() const override { return name_; }
     std::shared_ptr<const typename Family::AnyRecord> record() const override { return record_; }
 
-    void reserved1() override {}
-    void reserved2() override {}
-    void reserved3() override {}
-    void reserved4() override {}
-    void reserved5() override {}
-    void reserved6() override {}
-    void reserved7() override {}
-    void reserved8() override {}
-
 protected:
     template <class... Arguments>
     void trace(std::string_view operation, const Arguments&... arguments) {

@@ -3,19 +3,12 @@
 #include "host/run/loadedmodule.h"
 
 #include "component/entrypoint.h"
-#include "zelbasictypes/data/zelguid.h"
 #include "zelbasictypes/memory/bucketmemorypool.h"
 
 #include <QFileInfo>
 
 namespace host {
 namespace {
-
-constexpr std::int32_t contractVersion = 100;
-
-/// The class of the import client, {53DE97AC-2769-4D39-ADBD-373120B9818F}.
-const ZelGuid clientClassId{
-    0x53de97ac, 0x2769, 0x4d39, {0xad, 0xbd, 0x37, 0x31, 0x20, 0xb9, 0x81, 0x8f}};
 
 ZelEntryPoint entryPointOf(platform::Module module) {
     return reinterpret_cast<ZelEntryPoint>(platform::findEntry(module, zelEntryPointName));
@@ -50,9 +43,9 @@ std::string LoadedModule::bringUp(const std::string& name, IZelComponentManager&
     if (entryPoint(&version, &component) != 1 || !component)
         return "no component came from " + name;
     component_ = component;
-    if (version != contractVersion) {
+    if (version != zelContractVersion) {
         return "the component's version is " + std::to_string(version) + " instead of " +
-               std::to_string(contractVersion) + ": " + name;
+               std::to_string(zelContractVersion) + ": " + name;
     }
     component_->initialize(&manager);
     return {};
@@ -60,7 +53,7 @@ std::string LoadedModule::bringUp(const std::string& name, IZelComponentManager&
 
 IPtr<ITessoraCADImporterClient> LoadedModule::makeClient() {
     IZelUnknown* made = nullptr;
-    if (!component_ || component_->createInstance(clientClassId, &made) == 0) return {};
+    if (!component_ || component_->createInstance(zelImportClientClassId, &made) == 0) return {};
     const IPtr<IZelUnknown> held(made);
     return IPtr<ITessoraCADImporterClient>(zelQuery<ITessoraCADImporterClient>(made));
 }

@@ -36,7 +36,6 @@ public:
 
     void qi(const char* name, void** result, std::int32_t reserved = 0) override;
     const char* className() override { return "TranslatorService"; }
-    void reserved1() override {}
     IZelTranslator* translatorFor(const ZelGuid* componentId) override;
 
 private:

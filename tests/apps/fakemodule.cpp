@@ -88,8 +88,6 @@ private:
     std::list<BitVector*> masks_;
 };
 
-const ZelTClassItemFactory<FakeClient> itemFactory{
-    "FakeClient", nullptr,
-    ZelGuid{0x53de97ac, 0x2769, 0x4d39, {0xad, 0xbd, 0x37, 0x31, 0x20, 0xb9, 0x81, 0x8f}}};
+const ZelTClassItemFactory<FakeClient> itemFactory{"FakeClient", nullptr, zelImportClientClassId};
 
 } // namespace

@@ -411,7 +411,6 @@ TEST_F(CreatorTest, PassesOverWhatTheHostCannotMake) {
 class BareLine : public testsupport::Service<IZelLine> {
 public:
     explicit BareLine(int& defined) : defined_(defined) {}
-    void reserved1() override {}
     void define(const ZelVector3&, const ZelVector3&, const void*, double) override { ++defined_; }
 
 private:

@@ -62,7 +62,7 @@ protected:
         manager.offerClass("IZelCADImporter", [this] {
             ++importers;
             void* made = nullptr;
-            host::rootManager().createInstance(host::importerClassId,
+            host::rootManager().createInstance(zelImporterClassId,
                                                KorCString::borrow("IZelCADImporter"), &made);
             return static_cast<IZelCADImporter*>(made);
         });
@@ -147,6 +147,15 @@ CADImport::CreateCoordinateSystem coordinateSystem() {
 }
 
 } // namespace
+
+/// Hosts and modules that were built long ago know these.
+TEST(ClassIdentifiers, AreThoseThatTheOtherSideWasBuiltWith) {
+    KorCString text;
+    zelImportClientClassId.toText(text);
+    EXPECT_EQ(text, "{53de97ac-2769-4d39-adbd-373120b9818f}");
+    zelImporterClassId.toText(text);
+    EXPECT_EQ(text, "{57e3d220-2a63-43d7-bc5f-bf59476a48c9}");
+}
 
 TEST_F(ImportTest, AnswersItsNameAndItsInterfaceAndNothingElse) {
     void* found = nullptr;

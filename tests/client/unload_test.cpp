@@ -10,7 +10,6 @@
 #include "component/objects/services/izeltranslatorservice.h"
 #include "platform/module.h"
 #include "tests/support/fakemanager.h"
-#include "zelbasictypes/data/zelguid.h"
 #include "zelbasictypes/memory/bucketmemorypool.h"
 #include "zelbasictypes/text/zeltrivialtranslator.h"
 
@@ -30,9 +29,6 @@ extern "C" const char* __asan_default_options() { return "detect_leaks=0"; }
 
 namespace {
 
-const ZelGuid clientClassId{
-    0x53de97ac, 0x2769, 0x4d39, {0xad, 0xbd, 0x37, 0x31, 0x20, 0xb9, 0x81, 0x8f}};
-
 class Dialog : public testsupport::Service<IGuiSimpleDlg> {
 public:
     std::int32_t show(std::int32_t, const KorString&, const KorString&, bool, bool, bool) override {
@@ -43,19 +39,11 @@ public:
 };
 
 class Target : public testsupport::Service<IZelImportTarget> {
-    void reserved1() override {}
-    void reserved2() override {}
-    void reserved3() override {}
-    void reserved4() override {}
-    void reserved5() override {}
-    void reserved6() override {}
-    void reserved7() override {}
     IZelImportedModel* resolveModel(void*) override { return nullptr; }
 };
 
 class Translators : public testsupport::Service<IZelTranslatorService> {
 public:
-    void reserved1() override {}
     IZelTranslator* translatorFor(const ZelGuid*) override { return own.iface; }
 
     IPtr<IZelTranslator> own{new ZelTrivialTranslator};
@@ -109,7 +97,7 @@ public:
     /// One import whose server does nothing, and one whose server isn't there.
     void importTwice() {
         IZelUnknown* made = nullptr;
-        ASSERT_EQ(component->createInstance(clientClassId, &made), 1);
+        ASSERT_EQ(component->createInstance(zelImportClientClassId, &made), 1);
         const IPtr<ITessoraCADImporterClient> client(zelQuery<ITessoraCADImporterClient>(made));
         const IPtr<Target> target(new Target);
         std::list<KorString> files;

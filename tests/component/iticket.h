@@ -3,6 +3,9 @@
 #pragma once
 
 #include "component/objects/izelunknown.h"
+#include "zelbasictypes/data/zelguid.h"
+
+inline constexpr ZelGuid ticketClassId{0x71C4E700, 1, 2, {3, 4, 5, 6, 7, 8, 9, 10}};
 
 class ITicket : public virtual IZelUnknown {
 public:

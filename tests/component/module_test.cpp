@@ -18,8 +18,6 @@
 
 namespace {
 
-const ZelGuid ticketId{0x71C4E700, 1, 2, {3, 4, 5, 6, 7, 8, 9, 10}};
-
 class Sevens : public testsupport::Service<IZelRandom> {
 public:
     void seed(std::int32_t) override {}
@@ -72,7 +70,7 @@ protected:
 
     static IPtr<ITicket> makeTicket() {
         IZelUnknown* object = nullptr;
-        EXPECT_EQ(host().component->createInstance(ticketId, &object), 1);
+        EXPECT_EQ(host().component->createInstance(ticketClassId, &object), 1);
         return IPtr<ITicket>(zelQuery<ITicket>(object));
     }
 };

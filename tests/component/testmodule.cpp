@@ -24,7 +24,6 @@ private:
     bool* gone = nullptr;
 };
 
-ZelTClassItemFactory<Ticket> itemFactory{"Ticket", nullptr,
-                                         ZelGuid{0x71C4E700, 1, 2, {3, 4, 5, 6, 7, 8, 9, 10}}};
+ZelTClassItemFactory<Ticket> itemFactory{"Ticket", nullptr, ticketClassId};
 
 } // namespace

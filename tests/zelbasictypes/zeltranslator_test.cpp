@@ -30,7 +30,6 @@ private:
 
 class Translators : public testsupport::Service<IZelTranslatorService> {
 public:
-    void reserved1() override {}
     IZelTranslator* translatorFor(const ZelGuid* componentId) override {
         EXPECT_EQ(componentId, zelComponentId());
         ++asked;

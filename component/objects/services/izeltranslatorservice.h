@@ -14,7 +14,7 @@ public:
     static constexpr const char* interfaceName = "IZelTranslatorService";
 
     /// Reserved. The library doesn't call it.
-    virtual void reserved1() = 0;
+    virtual void reserved1() {}
     /// The translator of the component whose identifier `componentId` points to. Borrowed, or null.
     virtual IZelTranslator* translatorFor(const ZelGuid* componentId) = 0;
 };

@@ -21,7 +21,7 @@ class ModellingTest : public HostTest {
 protected:
     static IPtr<IZelCADImporter> makeImporter() {
         void* made = nullptr;
-        zelCreateInstance(importerClassId, IZelCADImporter::interfaceName, &made);
+        zelCreateInstance(zelImporterClassId, IZelCADImporter::interfaceName, &made);
         return IPtr<IZelCADImporter>(static_cast<IZelCADImporter*>(made));
     }
     template <class Shape> static IZelFeature* featureOf(const SPtr<Shape>& shape) {
