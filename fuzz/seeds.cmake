@@ -9,6 +9,10 @@ foreach(name decode creator)
 endforeach()
 
 find_program(PYTHON python3 REQUIRED)
+set(prefixed "import sys; open(sys.argv[1], 'wb').write(b'\\6' + open(sys.argv[2], 'rb').read())")
+execute_process(COMMAND ${PYTHON} -c ${prefixed} ${SEEDS}/creator/bracket
+    ${SOURCE}/../tests/apps/golden/bracket.direct
+  COMMAND_ERROR_IS_FATAL ANY)
 file(GLOB names ${SOURCE}/../tests/zelbasictypes/golden/*.hex)
 foreach(name IN LISTS names)
   file(READ ${name} text)
