@@ -263,7 +263,7 @@ TEST(ModelWriter, KeepsTheRangeOfAFaceInTheParametersThatItSends) {
 
 TEST(ModelWriter, AllowsForHowCloselyALineIsRecognised) {
     const Handle(Geom_Surface) square =
-        new Geom_RectangularTrimmedSurface(new Geom_Plane(gp::XOY()), 0, 1, 0, 1);
+        new Geom_RectangularTrimmedSurface(new Geom_Plane(gp::XOY()), 0.0, 1.0, 0.0, 1.0);
     const TopoDS_Shape face = patch(GeomConvert::SurfaceToBSplineSurface(square), 0, 1, 0, 1);
     Report report;
     QByteArray bytes;
