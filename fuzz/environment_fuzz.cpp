@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The environment file: the last value of a name counts, and afterwards everything is as before.
+// The environment file: the last value of a name counts, and afterwards all is as before.
 #include "client/environmentfile.h"
 #include "fuzz/input.h"
 
@@ -8,9 +8,13 @@
 
 namespace {
 
+/// Without variables of no text, as those are left behind that weren't set before.
 std::vector<std::string> environment() {
     std::vector<std::string> variables;
-    for (char** variable = environ; *variable; ++variable) variables.emplace_back(*variable);
+    for (char** each = environ; *each; ++each) {
+        const std::string variable = *each;
+        if (variable.find('=') + 1 < variable.size()) variables.push_back(variable);
+    }
     std::sort(variables.begin(), variables.end());
     return variables;
 }

@@ -25,7 +25,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (Input input(data, size); !input.isEmpty();) words << QString::fromStdString(input.line());
     const auto options = taken(words);
     if (!options) return 0;
-    const auto twice = taken(words + words);
+    const QStringList between{"-Batch", "-Batch"}; // for a word at the end that skips two
+    const auto twice = taken(words + between + words);
     require(twice && twice->unknown == options->unknown + options->unknown, "others are unknown");
     require(twice->inputFile == options->inputFile && twice->igs == options->igs &&
                 twice->timeLimitSeconds == options->timeLimitSeconds &&

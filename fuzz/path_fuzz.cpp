@@ -28,7 +28,7 @@ void takeApart(const KorString& path, const KorString& other) {
     require(changed(normal, normalize) == normal, "a normal form changes");
     const KorString directory = derived(normal, parentDirectory);
     const KorString name = derived(normal, [](auto& p, auto& out) { fileName(p, out, true); });
-    if (normal.find(u'\\') > 0) {
+    if (normal.find(u'\\') > 0 && normal.find(u"\\\\") < 0) {
         require(changed(directory, [&](KorString& p) { join(p, name); }) == normal, "parts differ");
     }
     derived(path, [](auto& p, auto& out) { fileName(p, out, false); });
