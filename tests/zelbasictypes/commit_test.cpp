@@ -101,7 +101,7 @@ std::vector<char> contentOf(std::uint32_t block) {
 
 TEST_F(Commit, KeepsWhatItToldWhenTheWriterIsKilledAtAnyWrite) {
     std::uint32_t told = 0;
-    for (rlim_t limit = 5; told < blocks; limit += 1999) {
+    for (rlim_t limit = 5; told < blocks; limit += 7919) {
         int pipe[2];
         ASSERT_EQ(::pipe(pipe), 0);
         const pid_t child = ::fork();
