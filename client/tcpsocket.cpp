@@ -102,7 +102,6 @@ std::int32_t TcpSocket::connectTo(const char* host) { return connectTo(host, {})
 std::int32_t TcpSocket::connectTo(const char* host, const ConnectLimits& limits) {
     disconnect();
     if (host) setHostName(host);
-    peerAddress = {};
     const auto found = findHost();
     if (!found) return fail(hostNotFound, lastError_);
     address = {*found, static_cast<std::uint16_t>(port_)};
@@ -120,7 +119,6 @@ std::int32_t TcpSocket::connectTo(const char* host, const ConnectLimits& limits)
 std::int32_t TcpSocket::listenAndAccept(double timeoutSeconds) {
     disconnect();
     lastError_ = 0;
-    peerAddress = {};
     address = {0, static_cast<std::uint16_t>(port_)};
     const platform::Socket made = platform::createSocket();
     if (made < 0) return fail(noSocket);
@@ -130,7 +128,8 @@ std::int32_t TcpSocket::listenAndAccept(double timeoutSeconds) {
     if (platform::listenOn(listener, backlog) < 0) return fail(listenFailed);
     const std::int32_t ready = platform::waitForInput(listener, timeoutSeconds);
     if (ready <= 0) return fail(ready == 0 ? timedOut : waitFailed);
-    const platform::Socket accepted = platform::acceptFrom(listener, peerAddress);
+    platform::SocketAddress peer;
+    const platform::Socket accepted = platform::acceptFrom(listener, peer);
     if (accepted < 0) return fail(acceptFailed);
     connection = accepted;
     platform::setLinger(connection, true, 0);

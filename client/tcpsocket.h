@@ -106,8 +106,7 @@ private:
 
     platform::Socket connection = 0;
     platform::Socket listener = 0;
-    platform::SocketAddress address;     ///< where to connect, or where to listen
-    platform::SocketAddress peerAddress; ///< of who was accepted
+    platform::SocketAddress address; ///< where to connect, or where to listen
     std::optional<std::string> hostName;
     std::int32_t port_;
     std::int32_t lastError_ = 0;

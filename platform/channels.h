@@ -56,6 +56,7 @@ public:
     void write(std::string_view text) const;
 
 private:
+    bool startListening();
     void listen();
     void pass(std::string_view piece) const;
 

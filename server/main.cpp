@@ -15,6 +15,7 @@
 
 #include <clocale>
 #include <iostream>
+#include <system_error>
 
 namespace {
 
@@ -57,13 +58,23 @@ ExitCode perform(const QStringList& words) {
     }
 }
 
-} // namespace
-
-int main(int count, char** words) {
+int run(int count, char** words) {
     platform::prepareChannels();
     platform::onParentDeath([] { endAt(ExitCode::parentGone, "the starting process has gone"); });
     const QCoreApplication application(count, words);
     // Qt has taken the user's locale; the kernel reads numbers with the C library.
     std::setlocale(LC_NUMERIC, "C");
     return static_cast<int>(perform(QCoreApplication::arguments().mid(1)));
+}
+
+} // namespace
+
+int main(int count, char** words) {
+    try {
+        return run(count, words);
+    } catch (const std::system_error& error) {
+        std::cerr << "cad-importer-server: the system refuses a thread: " << error.what()
+                  << std::endl;
+        return static_cast<int>(ExitCode::kernelFailed);
+    }
 }

@@ -7,8 +7,13 @@
 #include <QJsonObject>
 #include <QStringList>
 
+#include <algorithm>
+
 namespace host {
 namespace {
+
+/// More than a machine can run; a double tells it to the millisecond.
+constexpr double greatestProcessorMs = 1e15;
 
 QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
@@ -79,7 +84,8 @@ DroppedRecord dropFrom(const QJsonObject& line, const char* key) {
 WorkerLine resultFrom(const QJsonObject& line) {
     const QString kind = line["result"].toString();
     if (kind == "atWork") {
-        return AtWork{static_cast<std::int64_t>(line["processorMs"].toDouble())};
+        const double told = line["processorMs"].toDouble();
+        return AtWork{static_cast<std::int64_t>(std::clamp(told, 0.0, greatestProcessorMs))};
     }
     if (kind == "face") {
         return FaceMeasure{line["identifier"].toInt(), line["areaM2"].toDouble(),

@@ -30,8 +30,8 @@ ServerReportFile::ServerReportFile(const QString& outputBase)
 nlohmann::ordered_json ServerReportFile::read() const {
     QFile file(path_);
     if (QFileInfo(path_).lastModified() == before_ || !file.open(QIODevice::ReadOnly)) return {};
-    const QByteArray text = file.read(greatestReportBytes + 1);
-    if (text.size() > greatestReportBytes) return {};
+    if (file.size() > greatestReportBytes) return {};
+    const QByteArray text = file.read(file.size()); // which makes room for all that is asked for
     bool isDeep = false;
     const auto keep = [&isDeep](int depth, nlohmann::ordered_json::parse_event_t, const auto&) {
         isDeep = isDeep || depth > greatestDepth;

@@ -9,6 +9,7 @@
 #include <new>
 #include <poll.h>
 #include <sys/ioctl.h>
+#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -88,10 +89,17 @@ private:
 
 ErrorTap::ErrorTap(std::function<void(std::string_view)> take)
     : take_(std::move(take)), system_(std::make_unique<System>()) {
-    if (system_->open()) {
+    if (!system_->open() || !startListening()) system_ = nullptr;
+}
+
+/// Without a thread that listens everybody's words go where they went before.
+bool ErrorTap::startListening() {
+    try {
         thread_ = std::thread([this] { listen(); });
-    } else {
-        system_ = nullptr;
+        return true;
+    } catch (const std::system_error&) {
+        system_->restore();
+        return false;
     }
 }
 

@@ -9,7 +9,6 @@
 #include <cstdlib>
 #include <dirent.h>
 #include <fstream>
-#include <iterator>
 #include <map>
 #include <sstream>
 #include <sys/prctl.h>
@@ -31,9 +30,13 @@ struct ProcessRecord {
 /// The program's name stands in brackets in front and may hold anything.
 ProcessRecord recordOf(const std::string& process) {
     constexpr int betweenParentAndStart = 17;
+    constexpr std::size_t longestRecord = 4096;
     ProcessRecord result;
     std::ifstream file("/proc/" + process + "/stat");
-    const std::string text(std::istreambuf_iterator<char>(file), {});
+    // Of a process that goes between the two, the stream throws but for a reading like this.
+    std::string text(longestRecord, '\0');
+    file.read(text.data(), static_cast<std::streamsize>(text.size()));
+    text.resize(static_cast<std::size_t>(file.gcount()));
     const std::size_t bracket = text.rfind(')');
     if (bracket == text.npos) return result;
     std::istringstream rest(text.substr(bracket + 1));

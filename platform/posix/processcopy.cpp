@@ -66,6 +66,9 @@ class Reader {
 public:
     Reader(pid_t copy, int pipeEnd, double limit) : copy_(copy), pipeEnd_(pipeEnd), limit_(limit) {}
 
+    /// Whether the pipe broke before its end.
+    bool hasFailed() const { return hasFailed_; }
+
     bool readAll(const TakeBytes& receive) {
         for (;;) {
             pollfd input{pipeEnd_, POLLIN, 0};
@@ -82,7 +85,8 @@ private:
         std::array<char, 65536> bytes;
         const ssize_t got = ::read(pipeEnd_, bytes.data(), bytes.size());
         if (got > 0) receive(bytes.data(), static_cast<std::size_t>(got));
-        return got > 0 || (got < 0 && errno == EINTR);
+        hasFailed_ = got < 0 && errno != EINTR;
+        return got != 0 && !hasFailed_;
     }
 
     bool isPastLimit() {
@@ -96,6 +100,7 @@ private:
     int pipeEnd_;
     double limit_, used_ = 0, atLastSending_ = 0;
     int idleLooks_ = 0;
+    bool hasFailed_ = false;
 };
 
 CopyEnd endOf(pid_t copy, bool isWithinLimit) {
@@ -117,10 +122,12 @@ CopyEnd runInCopy(const std::function<void(const TakeBytes&)>& work, const TakeB
     const pid_t copy = ::fork();
     if (copy == 0) runAsCopy(work, ends[1], original);
     ::close(ends[1]);
-    CopyEnd end = CopyEnd::notOffered;
-    if (copy > 0) end = endOf(copy, Reader(copy, ends[0], processorSeconds).readAll(receive));
-    ::close(ends[0]);
-    return end;
+    Reader reader(copy, ends[0], processorSeconds);
+    const bool isWithinLimit = copy < 0 || reader.readAll(receive);
+    ::close(ends[0]); // who still writes ends by that
+    if (copy < 0) return CopyEnd::notOffered;
+    const CopyEnd end = endOf(copy, isWithinLimit);
+    return reader.hasFailed() ? CopyEnd::failed : end;
 }
 
 } // namespace platform

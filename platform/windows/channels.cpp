@@ -3,6 +3,7 @@
 #include "platform/channels.h"
 
 #include <new>
+#include <system_error>
 #include <utility>
 #include <windows.h>
 
@@ -89,10 +90,17 @@ struct ErrorTap::System {
 
 ErrorTap::ErrorTap(std::function<void(std::string_view)> take)
     : take_(std::move(take)), system_(std::make_unique<System>()) {
-    if (system_->open()) {
+    if (!system_->open() || !startListening()) system_ = nullptr;
+}
+
+/// Without a thread that listens everybody's words go where they went before.
+bool ErrorTap::startListening() {
+    try {
         thread_ = std::thread([this] { listen(); });
-    } else {
-        system_ = nullptr;
+        return true;
+    } catch (const std::system_error&) {
+        ::SetStdHandle(STD_ERROR_HANDLE, system_->original);
+        return false;
     }
 }
 

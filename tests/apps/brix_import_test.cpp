@@ -145,6 +145,20 @@ TEST_F(BrixImportTest, LeavesFilesAsTheyAreWhenTheImportFails) {
     for (const QString& name : names) EXPECT_EQ(directory.read(name), "old") << name.toStdString();
 }
 
+#ifdef BRIX_REBUILDS
+TEST_F(BrixImportTest, NamesTheOutputsThatNeedAWorkerWhereThereIsNone) {
+    const QString lone = directory.path("brix-import");
+    ASSERT_TRUE(QFile::copy(BRIX_IMPORT, lone));
+    process.start(lone, faking("sphere") + outputs(directory));
+    const ImportResult result{finish(process)};
+    EXPECT_EQ(result.status, 4) << result.errors;
+    std::string named;
+    for (const Json& loss : result.json()["dropped"])
+        named += loss["what"].get<std::string>() + ' ';
+    EXPECT_EQ(named, "picture export ");
+}
+#endif
+
 TEST_F(BrixImportTest, RefusesAFolderForTemporaryFilesThatIsNotThere) {
     QProcessEnvironment variables = environment();
     for (const char* name : testsupport::temporaryVariables) {

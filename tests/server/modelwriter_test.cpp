@@ -11,9 +11,13 @@
 #include <BRepPrimAPI_MakeBox.hxx>
 #include <BRepPrimAPI_MakeCylinder.hxx>
 #include <BRep_Builder.hxx>
+#include <GeomConvert.hxx>
+#include <Geom_BSplineSurface.hxx>
 #include <Geom_Circle.hxx>
 #include <Geom_Line.hxx>
 #include <Geom_OffsetSurface.hxx>
+#include <Geom_Plane.hxx>
+#include <Geom_RectangularTrimmedSurface.hxx>
 #include <Geom_SurfaceOfLinearExtrusion.hxx>
 #include <Geom_SurfaceOfRevolution.hxx>
 #include <Geom_ToroidalSurface.hxx>
@@ -188,6 +192,10 @@ std::vector<Sweep> sweeps() {
          new Geom_ToroidalSurface(gp_Ax3(gp_Pnt(1, 2, 3), gp::DZ()), 2, 5), 2.8, 3.4,
          "CreateTorus"},
         {"skew line", revolved(line({4, 1, 0}, {1, 1, 1})), 1, 5, "CreateNURBSSurface"},
+        {"spline around a tube",
+         GeomConvert::SurfaceToBSplineSurface(
+             new Geom_ToroidalSurface(gp_Ax3(gp_Pnt(1, 2, 3), gp::DZ()), 9, 2)),
+         2 * pi + 0.4, 2 * pi + 2.5, "CreateNURBSSurface"},
         {"wavy offset", new Geom_OffsetSurface(revolved(line({4, 1, 0}, {1, 1, 1})), 0.5), 1, 5,
          "CreateNURBSSurface"},
     };
@@ -238,6 +246,8 @@ TEST(ModelWriter, KeepsTheRangeOfAFaceInTheParametersThatItSends) {
         const bool periodic =
             !std::holds_alternative<CADImport::CreatePlane>(model.surfaces.at(1)) &&
             !std::holds_alternative<CADImport::CreateNURBSSurface>(model.surfaces.at(1));
+        if (std::holds_alternative<CADImport::CreateNURBSSurface>(model.surfaces.at(1)))
+            EXPECT_NEAR(box.second.v - box.first.v, sweep.v2 - sweep.v1, 1e-9);
         const bool isTorus = std::holds_alternative<CADImport::CreateTorus>(model.surfaces.at(1));
         for (const auto& [id, curve] : model.curves) {
             SurfaceView view = viewSurface(model.surfaces.at(1), curvePoint(curve, 0.5));
@@ -249,6 +259,19 @@ TEST(ModelWriter, KeepsTheRangeOfAFaceInTheParametersThatItSends) {
             EXPECT_LT(view.v, box.second.v + 1e-3);
         }
     }
+}
+
+TEST(ModelWriter, AllowsForHowCloselyALineIsRecognised) {
+    const Handle(Geom_Surface) square =
+        new Geom_RectangularTrimmedSurface(new Geom_Plane(gp::XOY()), 0.0, 1.0, 0.0, 1.0);
+    const TopoDS_Shape face = patch(GeomConvert::SurfaceToBSplineSurface(square), 0, 1, 0, 1);
+    Report report;
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    Progress silent(nullptr);
+    const auto bodies = writeModel(bodiesOf(face, {}, report), stream, silent, report);
+    ASSERT_EQ(bodies.size(), 1u);
+    EXPECT_NEAR(bodies[0].faces.at(0).slack, 4e-6, 1e-9);
 }
 
 TEST(ModelWriter, DropsWhatBoundsNothingAndSaysSo) {

@@ -22,9 +22,13 @@ TEST(Watcher, SaysSoWhenNothingHasMovedForAWhile) {
         wait(1.3);
         progress.reach(0.5);
     }
+    progress.enter("measuring", 90, 100);
+    progress.reach(0.1);
     EXPECT_EQ(lines.str(), "progress 40 % writing faces\n"
                            "progress 40 % writing faces, nothing has moved for 1 s\n"
-                           "progress 65 % writing faces\n");
+                           "progress 65 % writing faces\n"
+                           "progress 90 % measuring\n"
+                           "progress 91 % measuring\n");
 }
 
 TEST(Watcher, TellsOnceThatTheProcessorTimeIsUsedUp) {

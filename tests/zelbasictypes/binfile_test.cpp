@@ -169,6 +169,14 @@ TEST_F(BinFile, AFileHandedOutStandsWhereTheStreamStands) {
     EXPECT_EQ(contents(), "12x15");
 }
 
+TEST_F(BinFile, AFileHandedOutLosesNoStagedByte) {
+    BinOutputFile out(path());
+    out.writeBytes("a", 1);
+    EXPECT_NE(out.file(), nullptr);
+    EXPECT_TRUE(out.close());
+    EXPECT_EQ(directory.read("file"), "a");
+}
+
 TEST_F(BinFile, TakesAFileOver) {
     std::FILE* file = std::fopen(narrow().c_str(), "w+b");
     std::fputs("head", file);

@@ -319,4 +319,10 @@ TEST(BinIOMagic, ReadsAndComparesWhatItFinds) {
     EXPECT_EQ(magic.version(), 0xD7);
 }
 
+TEST(BinIO, TakesNothingWhereMemoryEnds) {
+    BinOutputMemory output;
+    output.seekRaw(std::numeric_limits<std::int64_t>::max(), true);
+    EXPECT_EQ(output.writeRaw("a", 1), 0u);
+}
+
 } // namespace

@@ -8,7 +8,10 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -72,6 +75,53 @@ TEST_F(Commit, ThatTheDiskRefusesIsTold) {
     ZelFileWrite writer;
     ASSERT_TRUE(writer.create(path()));
     EXPECT_FALSE(writer.close());
+}
+
+constexpr std::uint32_t blocks = 12;
+
+std::vector<char> contentOf(std::uint32_t block) {
+    return std::vector<char>(block * 7001, static_cast<char>('a' + block));
+}
+
+/// Writes blocks and tells each, by a byte, once it is flushed. A write beyond `limit` is the end.
+[[noreturn]] void writeTelling(const KorString& path, rlim_t limit, int pipe) {
+    const rlimit noFurther{limit, limit};
+    ::setrlimit(RLIMIT_FSIZE, &noFurther);
+    ZelFileWrite writer;
+    writer.create(path);
+    for (std::uint32_t i = 0; i < blocks; ++i) {
+        writer.beginBlock(7, i);
+        writer.stream()->writeBytes(contentOf(i).data(), contentOf(i).size());
+        writer.endBlock();
+        if (writer.stream()->flushDevice() && ::write(pipe, "", 1) != 1) break;
+    }
+    writer.close();
+    std::_Exit(0);
+}
+
+TEST_F(Commit, KeepsWhatItToldWhenTheWriterIsKilledAtAnyWrite) {
+    std::uint32_t told = 0;
+    for (rlim_t limit = 5; told < blocks; limit += 7919) {
+        int pipe[2];
+        ASSERT_EQ(::pipe(pipe), 0);
+        const pid_t child = ::fork();
+        if (child == 0) writeTelling(path(), limit, pipe[1]);
+        ::close(pipe[1]);
+        char byte;
+        for (told = 0; ::read(pipe[0], &byte, 1) == 1;) ++told;
+        ::close(pipe[0]);
+        ::waitpid(child, nullptr, 0);
+        ZelFileRead reader;
+        ASSERT_TRUE(told == 0 || reader.open(path())) << limit;
+        for (std::uint32_t i = 0; i < told; ++i) {
+            std::vector<char> content(contentOf(i).size());
+            ASSERT_TRUE(reader.expectBlock(7)) << limit;
+            EXPECT_EQ(reader.blockVersion(), i);
+            reader.stream()->readBytes(content.data(), content.size());
+            EXPECT_TRUE(content == contentOf(i)) << i << " of " << limit;
+            reader.endBlock();
+        }
+    }
 }
 
 } // namespace

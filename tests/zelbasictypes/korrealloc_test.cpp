@@ -4,6 +4,7 @@
 
 #include "platform/file.h"
 #include "tests/support/endings.h"
+#include "tests/support/loopback.h"
 #include "tests/zelbasictypes/assertioncounter.h"
 #include "tests/zelbasictypes/fakehost.h"
 #include "tests/zelbasictypes/samplemanager.h"
@@ -177,9 +178,11 @@ TEST_F(KorRealloc, LowersItsWishByHalvesAndAsksTheManagerFromTheThirdTimeOn) {
 }
 
 TEST_F(KorRealloc, WithoutSlackGoesThroughATemporaryFile) {
+    const auto descriptors = loopback::openDescriptors();
     fill(1000);
     scarcity.greatestResize = 0;
     EXPECT_EQ(grow(5000), 5000);
+    EXPECT_EQ(loopback::openDescriptors(), descriptors);
     EXPECT_EQ(scarcity.resizes, Sizes{5000});
     EXPECT_EQ(sampleManager().asked, 0);
     EXPECT_TRUE(directory.isEmpty());

@@ -480,12 +480,13 @@ TEST(ZelFileRead, ReportsMisuseAndGoesOn) {
     EXPECT_EQ(assertions.last, "bi_");
     EXPECT_EQ(number, 3);
     EXPECT_FALSE(reader.beginBlock());
+    EXPECT_FALSE(reader.isNextObject(sampleGuid));
     EXPECT_EQ(reader.stream(), nullptr);
-    EXPECT_EQ(assertions.count, 3);
+    EXPECT_EQ(assertions.count, 4);
     EXPECT_FALSE(reader.close());
     EXPECT_TRUE(reader.attach(nullptr));
     reader.endBlock();
-    EXPECT_EQ(assertions.count, 3);
+    EXPECT_EQ(assertions.count, 4);
     const Bytes some(8);
     BinInputMemory stream(some);
     reader.attach(&stream);
