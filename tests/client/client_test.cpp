@@ -247,14 +247,6 @@ TEST_F(ImportTest, TellsWhyAServerDoesNotStart) {
     EXPECT_EQ(exported.size(), 1u);
 }
 
-TEST_F(ImportTest, GoesOnWithoutAServerWhereNobodyCanBeTold) {
-    writeModel({});
-    folder.write("part.igs", "x");
-    EXPECT_TRUE(run(words(), "/nonexistent/server"));
-    EXPECT_FALSE(folder.has("part.direct"));
-    EXPECT_EQ(exported.size(), 1u);
-}
-
 TEST_F(ImportTest, ReadsWhatACrashedServerLeft) {
     IPtr<Dialog> dialog(new Dialog);
     manager.offer("IGuiSimpleDlg", dialog.iface);
@@ -320,19 +312,6 @@ TEST_F(ImportTest, FailsWithoutAnOutputBaseNameAfterTheServerHasRun) {
     EXPECT_FALSE(run({"-FakeReport", reportPath().c_str(), "-OutputBaseName"}));
 }
 
-TEST_F(ImportTest, ModelsAloneAreNoSuccessButAreResults) {
-    const auto model = newModel();
-    const CADImport::EndModel end;
-    writeModel({&model, &end, &model, &end});
-    EXPECT_FALSE(readOnly());
-    EXPECT_TRUE(client->hasResults());
-    EXPECT_EQ(client->models().size(), 2u);
-    EXPECT_FALSE(folder.has("part.direct"));
-
-    EXPECT_FALSE(readOnly()) << "no model file any more";
-    EXPECT_TRUE(client->models().empty());
-}
-
 TEST_F(ImportTest, KeepsCoordinateSystemsWhenTheNextModelFileIsMissing) {
     const auto system = coordinateSystem();
     const auto model = newModel();
@@ -342,66 +321,6 @@ TEST_F(ImportTest, KeepsCoordinateSystemsWhenTheNextModelFileIsMissing) {
     EXPECT_TRUE(readOnly());
     EXPECT_EQ(importers, 3) << "there is no file";
     EXPECT_EQ(takeCoordinateSystems(), 1u);
-}
-
-namespace {
-
-/// Model files of one message of each kind, and the calls that a run makes of them.
-class CutTest : public ImportTest {
-protected:
-    CutTest() {
-        bytes = sample::record(newModel());
-        ends.push_back(static_cast<int>(bytes.size()));
-        sample::Random random(5);
-        for (const auto& message : sample::oneOfEach(random, 2)) {
-            bytes += sample::record(*message);
-            ends.push_back(static_cast<int>(bytes.size()));
-        }
-    }
-
-    /// The calls without the ordinals of their objects, which go on from run to run.
-    std::string callsOf(const QByteArray& file) {
-        folder.write("part.direct", file);
-        trace.str({});
-        readOnly();
-        EXPECT_FALSE(folder.has("part.direct"));
-        takeCoordinateSystems();
-        std::string calls;
-        bool inOrdinal = false;
-        for (const char c : trace.str()) {
-            inOrdinal = c == '#' || (inOrdinal && c >= '0' && c <= '9');
-            if (!inOrdinal) calls += c;
-        }
-        return calls;
-    }
-
-    QByteArray bytes;
-    std::vector<int> ends; ///< of the records
-};
-
-} // namespace
-
-TEST_F(CutTest, MakesTheCallsOfWholeRecordsWhereverTheFileIsCut) {
-    int start = 0;
-    for (const int end : ends) {
-        const std::string whole = callsOf(bytes.left(start));
-        for (int cut = start + 1; cut < end; ++cut) {
-            const std::string calls = callsOf(bytes.left(cut));
-            ASSERT_EQ(calls.substr(0, whole.size()), whole) << "cut at " << cut;
-        }
-        start = end;
-    }
-    EXPECT_GT(callsOf(bytes).size(), 1000u);
-}
-
-TEST_F(ImportTest, LeavesTheModelFileWhereNoImporterCouldTakeIt) {
-    manager.offerClass("IZelCADImporter", [] { return nullptr; });
-    const auto model = newModel();
-    writeModel({&model});
-    folder.write("part.igs", "x");
-    EXPECT_TRUE(readOnly());
-    EXPECT_TRUE(folder.has("part.direct"));
-    EXPECT_TRUE(client->models().empty());
 }
 
 TEST_F(ImportTest, CollectsRegularFilesOfTheBaseNameWithTheWantedExtension) {
@@ -420,39 +339,24 @@ TEST_F(ImportTest, CollectsRegularFilesOfTheBaseNameWithTheWantedExtension) {
                                                "part_2.igs"}));
 }
 
-namespace {
-
 /// What the option scan tells the client, seen through the run that follows.
-class OptionScanTest : public ImportTest {
-protected:
-    /// True when the words leave the client with a server to start.
-    bool startsServer(Words options) {
+TEST_F(ImportTest, TakesTheFirstCompleteSocketOptionOnly) {
+    const auto startsServer = [this](Words options) {
         options.splice(options.end(), words({"-FakeReport", reportPath()}));
         QFile::remove(folder.path("report.txt"));
         run(options);
         return !report().isEmpty();
-    }
-};
-
-} // namespace
-
-TEST_F(OptionScanTest, TakesTheFirstCompleteSocketOptionOnly) {
+    };
+    EXPECT_TRUE(startsServer({"-ResultFile", "-ControlSocket", "", "0"})) << "the value of another";
+    client->setParameters({"-ControlSocket", ""});
+    client->setParameters({});
+    EXPECT_TRUE(startsServer({})) << "an incomplete one";
     EXPECT_FALSE(startsServer({"-ControlSocket", "", "0"}));
     EXPECT_TRUE(startsServer({"-DataSocket", "127.0.0.1", "1", "-ControlSocket", "", "0"}));
     EXPECT_FALSE(startsServer({"-controlsocket", "x", "1", "-DataSocket", "", "70000"}));
     client->setControlSocket("127.0.0.1", 1);
     client->setDataSocket("", 2);
     EXPECT_FALSE(startsServer({})) << "one host for both, the last call decides";
-}
-
-TEST_F(OptionScanTest, LeavesTheHostAloneWhenTheOptionIsIncomplete) {
-    client->setParameters({"-ControlSocket", ""});
-    client->setParameters({});
-    EXPECT_TRUE(startsServer({}));
-}
-
-TEST_F(OptionScanTest, StepsOverAValueThatLooksLikeAnOption) {
-    EXPECT_TRUE(startsServer({"-ResultFile", "-ControlSocket", "", "0"}));
 }
 
 TEST_F(ImportTest, ActsOnNoFrameWithoutAControlThread) {

@@ -61,19 +61,6 @@ TEST_F(FrameReaderTest, TellsFramesApartInOrder) {
     sender.join();
 }
 
-TEST_F(FrameReaderTest, PutsTogetherWhatComesByteByByte) {
-    socket.setNoDelay();
-    std::thread sender([&] {
-        for (const char byte : frame("drip") + frame("drop")) {
-            peer.send(std::string(1, byte));
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
-        }
-    });
-    EXPECT_EQ(next(), "drip");
-    EXPECT_EQ(next(), "drop");
-    sender.join();
-}
-
 TEST_F(FrameReaderTest, EndsWithoutAnErrorWhereverThePeerCloses) {
     const std::string whole = frame("payload");
     for (std::size_t cut = 0; cut < whole.size(); ++cut) {

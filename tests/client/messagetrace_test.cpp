@@ -2,7 +2,6 @@
 // The trace files of a connection.
 #include "client/clientcontrolthread.h"
 
-#include "tests/support/loopback.h"
 #include "tests/support/tracefiles.h"
 
 #include <gtest/gtest.h>
@@ -41,21 +40,4 @@ TEST_F(MessageTraceTest, LeavesNothingWhereTheDirectoryIsMissing) {
     if (!QDir().rmdir(files.folder)) GTEST_SKIP() << "somebody else's files are in C:\\Temp";
     ClientControlThread::writeReadTrace("x");
     EXPECT_FALSE(QDir(files.folder).exists());
-}
-
-TEST_F(MessageTraceTest, TracesAConversationOnlyWhenToldTo) {
-    const loopback::Listener listener;
-    for (const bool on : {false, true}) {
-        ClientControlThread thread;
-        thread.setTracing(on);
-        thread.setServerAddress("127.0.0.1", listener.port());
-        thread.start();
-        loopback::Peer peer = listener.accept();
-        peer.send(loopback::frame(std::string("\0\0\0\x04\0O\0K", 8)));
-        peer.receive(12);
-        peer.close();
-        ASSERT_TRUE(thread.wait(10'000));
-        EXPECT_EQ(trace("Send"), on ? okBlock : "");
-        EXPECT_EQ(trace("Read"), on ? okBlock : "") << "the frame with its count";
-    }
 }

@@ -10,16 +10,16 @@
 #include "component/objects/services/izeltranslatorservice.h"
 #include "platform/module.h"
 #include "tests/support/fakemanager.h"
+#include "tests/support/worker.h"
 #include "zelbasictypes/memory/bucketmemorypool.h"
 #include "zelbasictypes/text/zeltrivialtranslator.h"
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <cstdlib>
-#include <functional>
 #include <list>
-#include <thread>
+#include <set>
+#include <string>
 #include <utility>
 
 /// Qt goes with the module, and what it leaves behind has no name then by which a leak checker
@@ -49,36 +49,6 @@ public:
     IPtr<IZelTranslator> own{new ZelTrivialTranslator};
 };
 
-/// A thread of the host that does one thing after the other and lives as long as the host.
-class Worker {
-public:
-    ~Worker() {
-        (*this)(nullptr);
-        thread.join();
-    }
-    void operator()(std::function<void()> next) {
-        task = std::move(next);
-        told = true;
-        told.notify_all();
-        told.wait(true);
-    }
-
-private:
-    void run() {
-        for (bool more = true; more;) {
-            told.wait(false);
-            more = task != nullptr;
-            if (more) task();
-            told = false;
-            told.notify_all();
-        }
-    }
-
-    std::function<void()> task;
-    std::atomic<bool> told{false};
-    std::thread thread{[this] { run(); }};
-};
-
 class Host {
 public:
     Host() {
@@ -92,7 +62,20 @@ public:
         if (!enter || enter(nullptr, &made) != 1) return;
         component = made;
         component->initialize(&manager);
-        zelQuery<IZelCompInternal>(made)->setScopeName("lab");
+        inside = zelQuery<IZelCompInternal>(made);
+        inside->setScopeName("lab");
+    }
+    void expectIdentity() {
+        KorCString id;
+        inside->componentId()->toText(id);
+        EXPECT_EQ(id, "{7d9a23cb-428c-49c5-a57d-d95863408c16}");
+        EXPECT_STREQ(inside->moduleName(), "brix");
+        std::set<std::string> classes;
+        ZelGuid each;
+        for (bool more = inside->firstClass(&each); more; more = inside->nextClass(&each))
+            classes.insert(inside->className(each));
+        EXPECT_EQ(classes,
+                  (std::set<std::string>{"DefaultLangInitializer", "TessoraCADImporterClient"}));
     }
     /// One import whose server does nothing, and one whose server isn't there.
     void importTwice() {
@@ -121,6 +104,7 @@ private:
     IPtr<Translators> translators{new Translators};
     platform::Module module = nullptr;
     IPtr<IZelComponent> component;
+    IZelCompInternal* inside = nullptr;
 };
 
 int rounds() {
@@ -132,10 +116,11 @@ int rounds() {
 
 /// A thread that called the module lives on behind its end, and one of them ends then.
 TEST(Unloading, TakesTheModuleAwayAtOnceWhicheverThreadCalledIt) {
-    Worker longLived;
+    testsupport::Worker longLived;
     for (int i = 0; i < rounds() && !HasFailure(); ++i) {
-        Worker shortLived;
+        testsupport::Worker shortLived;
         Host host;
+        host.expectIdentity();
         longLived([&] { host.importTwice(); });
 #ifndef _WIN32 // Qt is in the module there, and watches all threads but its first to their ends
         shortLived([&] { host.importTwice(); });

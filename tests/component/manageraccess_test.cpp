@@ -120,18 +120,6 @@ INSTANTIATE_TEST_SUITE_P(Calls, ManagerAccess, testing::Values(Call::Service, Ca
                              return call.param == Call::Service ? "Service" : "Instance";
                          });
 
-TEST(CountService, CountsPlainlyBeforeThereIsAManager) {
-    std::int32_t count = 0;
-    zelIncrement(&count);
-    zelIncrement(&count);
-    EXPECT_EQ(count, 2);
-    EXPECT_FALSE(zelDecrement(&count));
-    EXPECT_TRUE(zelDecrement(&count));
-    EXPECT_EQ(count, -42);
-    EXPECT_FALSE(zelDecrement(&count));
-    EXPECT_EQ(count, -43);
-}
-
 TEST(CountService, LeavesCountingToTheManager) {
     Manager root("", nullptr);
     std::int32_t count = 5;

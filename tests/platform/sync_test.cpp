@@ -56,15 +56,6 @@ TEST(Mutex, IsItsOwnersUntilGivenBackAsOftenAsTaken) {
     EXPECT_FALSE(mutex->signal()) << "nobody owns it";
 }
 
-TEST(Mutex, KeepsThreadsApart) {
-    const auto mutex = makeMutex();
-    expectKeptApart([&](auto step) {
-        mutex->wait(infinite);
-        step();
-        mutex->signal();
-    });
-}
-
 TEST(Waiting, LastsAsLongAsAsked) {
     const auto event = makeEvent(false, false);
     const auto before = Clock::now();

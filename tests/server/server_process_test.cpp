@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The server as a process: what it leaves, how it ends, and what damaged files do to it.
+// The server as a process: what it leaves and how it ends. What damaged files do to it is told by
+// the tests with the models of others.
 #include "tests/server/serverrun.h"
 #include "tests/server/shapes.h"
 #include "tests/server/wirecheck.h"
@@ -25,7 +26,6 @@
 #include <nlohmann/json.hpp>
 
 #include <csignal>
-#include <random>
 
 namespace server::testing {
 namespace {
@@ -365,49 +365,6 @@ TEST_F(LongRun, EndsWithTheProcessThatStartedItAndLeavesNothing) {
     timer.start();
     while (isWriting() && timer.elapsed() < 2000) process_.waitForFinished(5);
     EXPECT_TRUE(results().isEmpty());
-}
-
-/// A byte changed, a line lost, or the tail cut off.
-QByteArray damaged(QByteArray text, std::mt19937& random) {
-    const auto at = static_cast<int>(random() % static_cast<unsigned>(text.size()));
-    switch (random() % 4) {
-    case 0:
-        text[at] = static_cast<char>('0' + random() % 10);
-        break;
-    case 1:
-        text[at] = "(),#$*'.-E"[random() % 10];
-        break;
-    case 2:
-        text.remove(at, text.indexOf('\n', at) - at);
-        break;
-    default:
-        text.truncate(at);
-        break;
-    }
-    return text;
-}
-
-TEST_F(ServerProcess, SurvivesDamagedFilesWithACodeAndWithoutPartialFiles) {
-    const QByteArray sound = [] {
-        QFile file(bracket);
-        file.open(QIODevice::ReadOnly);
-        return file.readAll();
-    }();
-    std::mt19937 random(20);
-    std::map<int, int> codes;
-    for (int i = 0; i < 24; ++i) {
-        folder_.write("damaged.step", damaged(sound, random));
-        const int code = import(path("damaged.step"));
-        ++codes[code];
-        EXPECT_TRUE(code == 0 || code == 3 || code == 5 || code == 6 || code == 8)
-            << i << ": " << code;
-        EXPECT_EQ(results().filter("partial").size(), 0) << i;
-        EXPECT_EQ(results().contains("out.direct"), code == 0) << i;
-        EXPECT_TRUE(readWireModel(contents("out.direct")).problems.empty()) << i;
-        EXPECT_EQ(errors_.contains("cad-importer-server: "), code != 0) << i;
-    }
-    EXPECT_GT(codes[0], 0);
-    EXPECT_GT(codes[3], 0);
 }
 
 } // namespace

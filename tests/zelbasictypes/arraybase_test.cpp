@@ -107,19 +107,6 @@ TEST_F(ArrayTest, TakesTheFirstElementsOfAnotherAndGivesUpWhatThatLacks) {
     EXPECT_EQ(missing(target), 3);
 }
 
-TEST_F(ArrayTest, ClearsUpToAPlaceInsideAChunkAndPassesMissingOnesOver) {
-    Words words(4 * chunk);
-    for (const std::uint32_t i : {5u, chunk + 5, 3 * chunk + 4, 3 * chunk + 5}) words.set(i, 1);
-    words.clearRange(chunk, 3 * chunk + 5);
-    EXPECT_EQ(words.at(5), 1u);
-    EXPECT_EQ(words.at(chunk + 5), 0u);
-    EXPECT_EQ(words.chunkAt(2), nullptr);
-    EXPECT_EQ(words.at(3 * chunk + 4), 0u);
-    EXPECT_EQ(words.at(3 * chunk + 5), 1u);
-    words.clearRange(0, 0xFFFFFFFF);
-    EXPECT_EQ(words.at(3 * chunk + 5), 0u);
-}
-
 TEST_F(ArrayTest, ZeroesTheRestOfAChunkThatBecomesPartOfIt) {
     for (const bool keepTail : {true, false}) {
         Odd odd(4);
@@ -131,15 +118,6 @@ TEST_F(ArrayTest, ZeroesTheRestOfAChunkThatBecomesPartOfIt) {
         EXPECT_EQ(odd.elements(1)[2], keepTail ? 0 : 9);
         EXPECT_FALSE(odd.has(2));
     }
-}
-
-TEST_F(ArrayTest, ExchangesItsChunksAlone) {
-    Words one(chunk);
-    Words other(chunk);
-    one.set(1, 11);
-    one.swapChunks(other);
-    EXPECT_EQ(one.at(1), 0u);
-    EXPECT_EQ(other.at(1), 11u);
 }
 
 TEST_F(ArrayTest, GrowsLessTheLargerItIs) {

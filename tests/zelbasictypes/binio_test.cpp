@@ -79,17 +79,6 @@ TEST(BinIO, WidthsCutAndCarryTheSign) {
     EXPECT_EQ(input.tell(), 0);
 }
 
-TEST(BinIO, NoElementsNeverTouchTheDevice) {
-    PortionInput input(bytes(""), 5);
-    double value = 7;
-    EXPECT_TRUE(input.read(&value, 0));
-    EXPECT_TRUE(input.asked().empty());
-    ScriptedOutput output;
-    EXPECT_TRUE(output.write(&value, 0));
-    EXPECT_TRUE(output.flushBuffer());
-    EXPECT_TRUE(output.writes.empty());
-}
-
 TEST(BinIO, ReadsAskForWholeStagesAndKeepWhatArrived) {
     const Bytes source(3000, 7);
     PortionInput input(source, 100000);

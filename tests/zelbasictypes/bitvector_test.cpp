@@ -73,24 +73,6 @@ TEST(BitVector, GrowsByDoublingWithinItsLimits) {
     EXPECT_EQ(bitsOf(large), (std::vector{7, 4096 * 32}));
 }
 
-TEST(BitVector, ComparesBitsWhateverTheRoom) {
-    BitVector few = of({3}), more = of({3, 4000});
-    for (BitVector* vector : {&few, &more}) vector->setRange(3, 3); // no count to compare
-    EXPECT_FALSE(few == more);
-    EXPECT_FALSE(more == few);
-    more.clear(4000);
-    EXPECT_TRUE(few == more);
-    EXPECT_TRUE(more == few);
-}
-
-TEST(BitVector, KeepsItsRoomWhereItIsAssignedTo) {
-    BitVector wide = of({900});
-    const std::int32_t room = wide.maxBit();
-    wide = of({2, 70});
-    EXPECT_EQ(wide.maxBit(), room);
-    EXPECT_EQ(bitsOf(wide), (std::vector{2, 70}));
-}
-
 TEST(BitVector, KnowsItsCountUntilAnOperationCannotTell) {
     struct Case {
         std::string what;
@@ -130,18 +112,6 @@ TEST(BitVector, KnowsItsCountUntilAnOperationCannotTell) {
         const std::int32_t found = vector.count();
         EXPECT_EQ(found, static_cast<std::int32_t>(bitsOf(vector).size())) << each.what;
     }
-}
-
-TEST(BitVector, SetsAndClearsRangesWithinItsRoom) {
-    BitVector word(10);
-    EXPECT_TRUE(word.setRange(5, 1000));
-    EXPECT_EQ(word.count(), 27);
-    EXPECT_EQ(word.maxBit(), 31);
-    EXPECT_FALSE(word.setRange(32, 40));
-    EXPECT_TRUE(word.clearRange(-4, 30));
-    EXPECT_EQ(bitsOf(word), std::vector{31});
-    EXPECT_TRUE(word.setRange(9, 8));
-    EXPECT_EQ(bitsOf(word), std::vector{31});
 }
 
 TEST(BitVector, AnswersForIndicesFarOutside) {

@@ -103,30 +103,11 @@ TEST_F(Pool, WithoutCachingGivesBlocksStraightBack) {
     give(reused);
 }
 
-TEST_F(Pool, GivesNoBlocksToANewPoolOfAnotherGranularity) {
-    void* block = take(28);
-    void* kept = block;
-    give(block);
-    const IPtr<BucketMemoryPool> coarse(new BucketMemoryPool(
-        16, BucketMemoryPool::standardLinearMax, BucketMemoryPool::standardBucketMax));
-    EXPECT_EQ(currentBucketPool(), coarse.iface);
-    block = coarse->allocate(100, got);
-    EXPECT_EQ(got, 112U);
-    EXPECT_NE(block, kept) << "both stand in the seventh class";
-    coarse->free(112, block);
-}
-
 TEST_F(Pool, DoublesItsClassesWithinItsNumbers) {
     const IPtr<BucketMemoryPool> greedy(new BucketMemoryPool(4, 8192, 0x7FFFFFFF));
     void* block = greedy->allocate(0x40000001, got);
     EXPECT_EQ(got, 0x40000001U) << "too great for a class";
     greedy->free(0x40000001, block);
-}
-
-TEST_F(Pool, AnswersForItsClassAndItsInterfaces) {
-    EXPECT_EQ(zelQuery<BucketMemoryPool>(pool.iface), pool.iface);
-    EXPECT_EQ(zelQuery<IBucketMemoryPool>(pool.iface), pool.iface);
-    EXPECT_EQ(zelQuery<IZelUnknown>(pool.iface), pool.iface);
 }
 
 TEST_F(ProcessPool, LooksForTheSharedPoolAtTheFirstAllocationAndEvery601) {
@@ -169,16 +150,6 @@ TEST_F(ProcessPool, ConnectsToTheSharedPoolOnRequest) {
     EXPECT_TRUE(connectSharedPool());
     EXPECT_EQ(currentBucketPool(), shared.iface);
     EXPECT_TRUE(connectSharedPool());
-}
-
-TEST_F(ProcessPool, BlocksOutliveTheirPool) {
-    unsigned got = 0;
-    void* block = bucketAlloc(40, got);
-    std::memset(block, 1, got);
-    destroyBucketPool();
-    std::memset(block, 2, got);
-    bucketFree(static_cast<std::int32_t>(got), block);
-    bucketFree(static_cast<std::int32_t>(got), nullptr);
 }
 
 TEST_F(ProcessPool, ServesSeveralThreadsWhileTheSharedPoolTurnsUp) {

@@ -54,13 +54,6 @@ TEST_F(FileOpening, NeedsAPathAndAMode) {
     EXPECT_NE(alone("rb"), nullptr) << "what was refused holds nothing";
 }
 
-TEST_F(FileOpening, SendsAStreamElsewhere) {
-    const Stream elsewhere(zelReopenFile(path("other"), "wb", zelOpenFile(path(), "wb")));
-    ASSERT_NE(elsewhere, nullptr);
-    EXPECT_TRUE(directory.has("file"));
-    EXPECT_TRUE(directory.has("other"));
-}
-
 TEST_F(FileOpening, ForWritingAloneKeepsTheTailOfALongerFile) {
     directory.write("file", "abcdef");
     std::fputs("XY", alone("wb").get());

@@ -127,15 +127,4 @@ TEST(KorCString, WritesNothingForNull) {
     EXPECT_EQ(stream.str(), "abc");
 }
 
-TEST(KorCString, AcceptsPartsOfItself) {
-    KorCString text("efab");
-    text.replaceRange(1, 0, text);
-    EXPECT_EQ(text, "eefabfab");
-    text.replaceAll("f", text);
-    EXPECT_EQ(text, "eeeefabfababeefabfabab");
-    KorCString& self = text;
-    text = self;
-    EXPECT_EQ(text, "eeeefabfababeefabfabab");
-}
-
 } // namespace

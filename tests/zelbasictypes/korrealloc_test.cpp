@@ -119,24 +119,6 @@ using Sizes = std::vector<std::size_t>;
 
 } // namespace
 
-TEST_F(KorRealloc, ChangesNothingWhereTheBlockAlreadyFits) {
-    fill(10);
-    EXPECT_EQ(grow(10, 500), 10);
-    EXPECT_EQ(grow(5, 20), 10);
-    EXPECT_EQ(scarcity.resizes, Sizes{});
-}
-
-TEST_F(KorRealloc, FirstAllocationTakesTheLeastCount) {
-    EXPECT_EQ(korRealloc(&block, elementSize, 0, 50, 100), 50);
-    EXPECT_EQ(scarcity.resizes, Sizes{});
-}
-
-TEST_F(KorRealloc, ZeroesWhatItAdds) {
-    fill(10);
-    EXPECT_EQ(grow(20, 40), 40);
-    EXPECT_EQ(scarcity.resizes, Sizes{40});
-}
-
 TEST_F(KorRealloc, ShrinksAndFreesAtZero) {
     fill(10);
     EXPECT_EQ(grow(4), 4);
@@ -145,36 +127,44 @@ TEST_F(KorRealloc, ShrinksAndFreesAtZero) {
     EXPECT_EQ(block, nullptr);
 }
 
-TEST_F(KorRealloc, KeepsTheOldBlockWhenItCannotShrinkIt) {
-    fill(10);
-    scarcity.greatestResize = 0;
-    void* before = block;
-    EXPECT_EQ(grow(4), 4);
-    EXPECT_EQ(block, before);
-}
-
 TEST_F(KorRealloc, LowersItsWishByHalvesAndAsksTheManagerFromTheThirdTimeOn) {
+    constexpr std::int32_t greatest = std::numeric_limits<std::int32_t>::max();
+    constexpr std::size_t all = SIZE_MAX / elementSize;
     const struct {
         const char* what;
+        std::int32_t has, least, most;
         std::size_t heapGives;
         int managerGives;
         std::int32_t got;
         Sizes resizes;
         int asked;
-    } cases[] = {{"no need to ask", 70, 0, 62, {100, 75, 62}, 0},
-                 {"it gives twice", 20, 2, 56, {100, 75, 62, 56, 56, 56}, 2},
-                 {"it refuses and is dropped", 50, 0, 50, {100, 75, 62, 56, 56, 53, 51, 50}, 1}};
+    } cases[] = {
+        {"it fits", 10, 10, 500, all, 0, 10, {}, 0},
+        {"it is larger", 10, 5, 20, all, 0, 10, {}, 0},
+        {"there is none", 0, 50, 100, all, 0, 50, {}, 0},
+        {"it grows", 10, 20, 40, all, 0, 40, {40}, 0},
+        {"it can't shrink", 10, 4, -1, 0, 0, 4, {4}, 0},
+        {"no need to ask", 10, 50, 100, 70, 0, 62, {100, 75, 62}, 0},
+        {"it gives twice", 10, 50, 100, 20, 2, 56, {100, 75, 62, 56, 56, 56}, 2},
+        {"it refuses and is dropped", 10, 50, 100, 50, 0, 50, {100, 75, 62, 56, 56, 53, 51, 50}, 1},
+    };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.what);
-        fill(10);
+        fill(each.has);
         scarcity = {elementsOf(each.heapGives), SIZE_MAX, {}};
         sampleManager().asked = 0;
         sampleManager().left = each.managerGives;
-        EXPECT_EQ(grow(50, 100), each.got);
+        EXPECT_EQ(each.has ? grow(each.least, each.most)
+                           : korRealloc(&block, elementSize, 0, each.least, each.most),
+                  each.got);
         EXPECT_EQ(scarcity.resizes, each.resizes);
         EXPECT_EQ(sampleManager().asked, each.asked);
         zelFreeBlock(std::exchange(block, nullptr));
     }
+    fill(10);
+    scarcity.greatestResize = elementsOf(50);
+    EXPECT_EQ(grow(50, greatest), 50);
+    EXPECT_LE(scarcity.resizes.front(), greatest / elementSize) << "what a signed size can name";
 }
 
 TEST_F(KorRealloc, WithoutSlackGoesThroughATemporaryFile) {
@@ -204,14 +194,6 @@ TEST_F(KorRealloc, GoesOnAfterAContradictoryWish) {
     EXPECT_EQ(assertions.all,
               (std::vector<std::string>{"maxNewSize >= minNewSize",
                                         "minNewSize > curSize && maxNewSize >= minNewSize"}));
-}
-
-TEST_F(KorRealloc, NeverAsksForWhatASignedSizeCannotName) {
-    constexpr std::int32_t greatest = std::numeric_limits<std::int32_t>::max();
-    fill(10);
-    scarcity.greatestResize = elementsOf(50);
-    EXPECT_EQ(grow(50, greatest), 50);
-    EXPECT_LE(scarcity.resizes.front(), greatest / elementSize);
 }
 
 TEST_F(KorRealloc, MallocRetriesForAsLongAsMemoryComesBack) {

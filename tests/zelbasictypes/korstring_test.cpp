@@ -129,11 +129,4 @@ TEST(KorString, SharesValuesThatAreMadeAnew) {
     KorString::freeShared();
 }
 
-TEST(KorString, AcceptsPartsOfItself) {
-    KorString text("efab");
-    EXPECT_EQ(text.replaced(1, 2, text), "eefabab");
-    text.replaceAll("f", text);
-    EXPECT_EQ(text, "eefabab");
-}
-
 } // namespace

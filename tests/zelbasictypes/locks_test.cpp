@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 // Mutexes and the condition, with threads on both sides.
-#include "platform/process.h"
 #include "tests/support/variables.h"
 #include "zelbasictypes/diagnostics/zelcondition.h"
 #include "zelbasictypes/diagnostics/zelmutex.h"
@@ -10,7 +9,6 @@
 #include <atomic>
 #include <chrono>
 #include <cstdlib>
-#include <deque>
 #include <functional>
 #include <mutex>
 #include <string>
@@ -81,20 +79,6 @@ private:
 
 } // namespace
 
-TEST(ZelMutex, KeepsOthersOutForAsLongAsItsOwnerHoldsIt) {
-    ZelMutex mutex;
-    mutex.lock();
-    EXPECT_TRUE(mutex.tryLock());
-    mutex.unlock();
-    EXPECT_FALSE(elsewhere([&] { return mutex.tryLock(); }));
-    mutex.unlock();
-    EXPECT_TRUE(elsewhere([&] {
-        const bool got = mutex.tryLock();
-        mutex.unlock();
-        return got;
-    }));
-}
-
 TEST(ZelMutex, WaitsAtLeastOneMillisecond) {
     ZelMutex mutex;
     mutex.lock();
@@ -103,24 +87,12 @@ TEST(ZelMutex, WaitsAtLeastOneMillisecond) {
         EXPECT_FALSE(elsewhere([&] { return mutex.lockFor(seconds); }));
         EXPECT_GE(std::chrono::steady_clock::now() - start, 1ms) << seconds;
     }
+    EXPECT_FALSE(elsewhere([&] { return mutex.tryLock(); }));
     mutex.unlock();
-    EXPECT_TRUE(mutex.lockFor(1e30));
+    EXPECT_TRUE(mutex.lockFor(1e30) && mutex.tryLock());
     mutex.unlock();
-}
-
-TEST(ZelMutex, MakesOthersWaitUntilItsOwnerLetsItGo) {
-    ZelMutex mutex;
-    std::atomic<bool> got{false};
-    mutex.lock();
-    std::thread other([&] {
-        const std::lock_guard hold(mutex);
-        got = true;
-    });
-    std::this_thread::sleep_for(20ms);
-    EXPECT_FALSE(got);
     mutex.unlock();
-    other.join();
-    EXPECT_TRUE(got);
+    EXPECT_TRUE(elsewhere([&] { return mutex.tryLock() && (mutex.unlock(), true); }));
 }
 
 TEST(ZelNamedMutex, DoesNothingUntilItIsOpen) {
@@ -152,20 +124,6 @@ TEST(ZelNamedMutex, IsOneMutexForAllThatOpenItsName) {
     EXPECT_TRUE(second.close());
     EXPECT_TRUE(maker.close());
     EXPECT_TRUE(maker.isNull());
-}
-
-TEST(ZelNamedMutex, PassesOnWhenTheProcessThatHoldsItIsGone) {
-    const std::string name = uniqueName();
-    ZelNamedMutex mutex;
-    ASSERT_TRUE(mutex.create(name.c_str()));
-    EXPECT_EXIT(
-        {
-            ZelNamedMutex other;
-            if (other.open(name.c_str()) && other.lock()) platform::exitNow(7);
-        },
-        testing::ExitedWithCode(7), "");
-    EXPECT_TRUE(mutex.lockFor(5));
-    EXPECT_TRUE(mutex.unlock());
 }
 
 TEST(ZelCondition, WaitsWithoutItsMutexWhereThatCouldNotBeMade) {
@@ -211,37 +169,6 @@ TEST(ZelCondition, BroadcastComesBackWhenAllHaveGone) {
         }
         EXPECT_TRUE(three.wereWoken(3));
     }
-}
-
-TEST(ZelCondition, PassesItemsFromProducersToConsumers) {
-    ZelMutex mutex;
-    ZelCondition filled;
-    std::deque<int> queue;
-    constexpr int items = 500;
-    int sum = 0;
-    const auto consume = [&] {
-        for (int i = 0; i < items; ++i) {
-            const std::lock_guard hold(mutex);
-            while (queue.empty()) filled.wait(mutex);
-            sum += queue.front();
-            queue.pop_front();
-        }
-    };
-    const auto produce = [&] {
-        for (int i = 1; i <= items; ++i) {
-            const std::lock_guard hold(mutex);
-            queue.push_back(i);
-            i % 3 ? filled.signal() : filled.broadcast();
-        }
-    };
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 2; ++i) {
-        threads.emplace_back(consume);
-        threads.emplace_back(produce);
-    }
-    for (std::thread& thread : threads) thread.join();
-    EXPECT_EQ(sum, items * (items + 1));
-    EXPECT_TRUE(queue.empty());
 }
 
 TEST(ZelSpinCount, IsReadFromTheEnvironmentOnce) {

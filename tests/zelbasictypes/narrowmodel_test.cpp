@@ -11,8 +11,11 @@ class NarrowModel : public textmodel::TextWalk<KorCString, char> {
 protected:
     void replaceRange() {
         const std::int32_t at = place(), n = place();
-        const std::string with = source.piece();
-        text.replaceRange(at, n, kor(with));
+        const std::string with = source.below(8) ? source.piece() : model;
+        if (with == model)
+            text.replaceRange(at, n, text);
+        else
+            text.replaceRange(at, n, kor(with));
         model = textmodel::replacedRange(model, at, n, with);
     }
     void replaceChar() {

@@ -165,23 +165,6 @@ TEST_F(PathFiles, JoinsTheDirectoryAsItIsWrittenWithEachName) {
     }
 }
 
-TEST_F(PathFiles, WalksAnewAfterEachBegin) {
-    directory.write("file", "1");
-    const KorString path = directory.path();
-    ZelDirIterator entries(&path);
-    EXPECT_TRUE(entries.isDone());
-    entries.next();
-    for (int i = 0; i < 3; ++i) {
-        entries.begin();
-        ASSERT_FALSE(entries.isDone());
-        EXPECT_TRUE(pathEqual(entries.entry().path(), directory.path("file")));
-    }
-    entries.next();
-    EXPECT_TRUE(entries.isDone());
-    entries.next();
-    EXPECT_TRUE(entries.isDone());
-}
-
 TEST_F(PathFiles, KeepsEntriesWhoseStateCannotBeRead) {
     std::error_code failed;
     std::filesystem::create_symlink(directory.root / "missing", directory.root / "dangling",

@@ -137,12 +137,14 @@ private:
     void changeRange(Triple& one) {
         std::int32_t first = place(), last = below(4) ? first + below(3000) : place();
         if (first > last) std::swap(first, last);
+        if (below(8) == 0) first = -4;
         const std::int32_t room = one.bits.maxBit();
         const std::int32_t end = std::min(last, room);
         if (below(2)) {
             EXPECT_EQ(one.bits.setRange(first, last), first <= room);
             if (first <= end) one.blocks.setRange(first, end);
-            for (std::int32_t i = first; i <= end; ++i) one.model.insert(one.model.end(), i);
+            for (std::int32_t i = std::max(first, 0); i <= end; ++i)
+                one.model.insert(one.model.end(), i);
         } else {
             EXPECT_EQ(one.bits.clearRange(first, last), first <= room);
             one.blocks.clearRange(first, end);
@@ -347,16 +349,23 @@ private:
     void travel(Triple& one, const Triple&) {
         const std::uint32_t version = below(2) ? 0 : 12;
         const Bytes fromBits = settest::written(one.bits, version);
+        BitVector again(8);
+        EXPECT_TRUE(settest::readInto(again, fromBits));
+        EXPECT_EQ(again.maxBit(), one.bits.maxBit());
+        EXPECT_EQ(again.isLarge(), one.bits.isLarge());
         EXPECT_TRUE(settest::readInto(one.bits, settest::written(one.blocks, version)));
         EXPECT_TRUE(settest::readInto(one.blocks, fromBits));
     }
 
     void copy(Triple& one, const Triple& two) {
         switch (below(5)) {
-        case 0:
+        case 0: {
+            const std::int32_t room = std::max(one.bits.maxBit(), two.bits.maxBit());
             one.bits = two.bits;
+            EXPECT_EQ(one.bits.maxBit(), room);
             one.blocks = two.blocks;
             break;
+        }
         case 1:
             one.bits.copyBits(two.bits);
             one.blocks = BlockBitVector(two.bits);

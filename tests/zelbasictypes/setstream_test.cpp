@@ -128,26 +128,6 @@ TEST(SetStream, ChoosesTheFormByRoomCountAndVersion) {
     }
 }
 
-TEST(SetStream, ComesBackWithItsRoomAndIsWrittenAgainTheSame) {
-    const auto check = [](const auto& set, std::uint32_t version) {
-        auto again = holding<std::decay_t<decltype(set)>>({8});
-        EXPECT_TRUE(readInto(again, written(set, version)));
-        again.count();
-        EXPECT_EQ(written(again, version), written(set, version));
-        return again;
-    };
-    for (const std::int32_t room : {31, 1056, 100 * 32, 70000, 4096 * 32, 300000}) {
-        for (const std::uint32_t version : {0U, 12U}) {
-            const Bits bits = {0, 5, 31, room / 2, room - 1, room};
-            const auto vector = holding<BitVector>(bits, room);
-            const BitVector again = check(vector, version);
-            EXPECT_EQ(again.maxBit(), vector.maxBit());
-            EXPECT_EQ(again.isLarge(), vector.isLarge());
-            check(holding<BlockBitVector>(bits, room), version);
-        }
-    }
-}
-
 TEST(SetStream, LeavesTheCountOpenAfterWordsOnly) {
     BitVector vector;
     ASSERT_TRUE(readInto(vector, stream(2, 63, wordForm, 99, {3, 4})));

@@ -80,18 +80,6 @@ TEST(Utf8, EncodesLongTextsToTheLastUnit) {
     }
 }
 
-TEST(Utf8, ShowsNothingOfALongerTextBefore) {
-    for (const char16_t unit : {u'x', u'\u20ac'}) {
-        KorString text(std::u16string(3000, unit).c_str());
-        for (std::int32_t size = 3000; size > 0; size -= size / 5 + 1) {
-            text.truncate(size);
-            const std::u16string units(static_cast<std::size_t>(size), unit);
-            EXPECT_EQ(text.toUtf8(), plain::toUtf8(units));
-            EXPECT_EQ(text.toNarrow(), unit == u'x' ? plain::toUtf8(units) : "");
-        }
-    }
-}
-
 TEST(TextNumbers, ReadIntegersWithPrefixes) {
     const struct {
         const char16_t* text;

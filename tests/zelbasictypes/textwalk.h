@@ -40,8 +40,12 @@ protected:
         text.setAt(static_cast<std::int32_t>(at), Unit('X')), model[at] = Unit('X');
     }
     void replaceAll() {
-        const Text from = source.text(2), to = source.text(3);
-        text.replaceAll(kor(from), kor(to)), model = replacedAll(model, from, to);
+        const Text from = source.text(2), to = source.below(8) ? source.text(3) : model;
+        if (to == model)
+            text.replaceAll(kor(from), text);
+        else
+            text.replaceAll(kor(from), kor(to));
+        model = replacedAll(model, from, to);
     }
     void fit() {
         const std::int32_t width = place(), mode = source.below(3);

@@ -4,6 +4,7 @@
 #include "zelbasictypes/memory/threadstore.h"
 
 #include "component/objects/iptr.h"
+#include "tests/support/worker.h"
 #include "tests/zelbasictypes/fakehost.h"
 #include "tests/zelbasictypes/standardpool.h"
 #include "zelbasictypes/memory/bucketmemorypool.h"
@@ -13,7 +14,6 @@
 
 #include <atomic>
 #include <cstdlib>
-#include <functional>
 #include <map>
 #include <mutex>
 #include <random>
@@ -50,34 +50,6 @@ std::size_t onHeap() {
     return blocksOnHeap.size();
 }
 
-/// A thread that stays and does what it is told.
-class Worker {
-public:
-    ~Worker() {
-        tell(nullptr);
-        thread.join();
-    }
-    void operator()(std::function<void()> next) { tell(std::move(next)); }
-
-private:
-    void tell(std::function<void()> next) {
-        task = std::move(next);
-        told = true;
-        while (told) std::this_thread::yield();
-    }
-    void run() {
-        for (bool more = true; more; told = false) {
-            while (!told) std::this_thread::yield();
-            more = task != nullptr;
-            if (more) task();
-        }
-    }
-
-    std::function<void()> task;
-    std::atomic<bool> told{false};
-    std::thread thread{[this] { run(); }};
-};
-
 class ThreadStores : public testing::Test {
 protected:
     ThreadStores() {
@@ -103,7 +75,7 @@ protected:
         for (void*& block : blocks) EXPECT_TRUE(pool->free(watched, block));
     }
     /// Has another thread keep so many blocks.
-    void letKeep(Worker& worker, std::size_t count) {
+    void letKeep(testsupport::Worker& worker, std::size_t count) {
         worker([&] { give(take(count)); });
         EXPECT_EQ(onHeap(), count);
     }
@@ -147,7 +119,7 @@ TEST_F(ThreadStores, AreOneStackWithTheBucketsForASingleThread) {
 
 TEST_F(ThreadStores, AreClearedWithTheirPool) {
     for (const std::size_t count : {few, many}) {
-        Worker worker;
+        testsupport::Worker worker;
         letKeep(worker, count);
         give(take(1));
         pool->clear();
@@ -172,7 +144,7 @@ TEST_F(ThreadStores, GoBackToThePoolWhenTheirThreadEnds) {
 }
 
 TEST_F(ThreadStores, FollowTheCachingSwitchOfAnotherThread) {
-    Worker worker;
+    testsupport::Worker worker;
     letKeep(worker, few);
     pool->setCaching(false);
     worker([&] {
@@ -190,7 +162,7 @@ TEST_F(ThreadStores, FollowTheCachingSwitchOfAnotherThread) {
 }
 
 TEST_F(ThreadStores, MoveToTheNewPoolOfTheSameClasses) {
-    Worker worker;
+    testsupport::Worker worker;
     letKeep(worker, few);
     const IPtr<BucketMemoryPool> old(pool.iface);
     pool = standardPool();

@@ -19,8 +19,8 @@ protected:
     }
     void replaced() {
         const std::int32_t start = place(), end = place();
-        const Text with = source.piece();
-        text = text.replaced(start, end, kor(with));
+        const Text with = source.below(8) ? source.piece() : model;
+        text = text.replaced(start, end, with == model ? text : kor(with));
         model = textmodel::replaced(model, start, end, with);
         isNull = false;
     }

@@ -167,16 +167,6 @@ TEST_F(FdStreambuf, SeeksToAnyPositionOrNowhere) {
     EXPECT_EQ(buffer.pubseekoff(-6, std::ios_base::cur), std::streampos(0));
 }
 
-TEST_F(FdStreambuf, CountsASeekFromTheDevicesPosition) {
-    openOn(std::string(1000, 'a') + std::string(1000, 'b'), mode::readBinary);
-    EXPECT_EQ(buffer.sgetc(), 'a');
-    EXPECT_EQ(buffer.in_avail(), 1024);
-    EXPECT_EQ(buffer.pubseekoff(0, std::ios_base::cur), std::streampos(1024));
-    EXPECT_EQ(buffer.in_avail(), -1) << "what waited is dropped";
-    EXPECT_EQ(buffer.sgetc(), 'b');
-    EXPECT_EQ(buffer.pubseekoff(-1999, std::ios_base::cur), std::streampos(1));
-}
-
 TEST_F(FdStreambuf, MovesBlocksPastTheBuffer) {
     directory.write("file", "abcdefgh");
     buffer.setBufferSize(3);

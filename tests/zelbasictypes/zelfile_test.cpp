@@ -277,45 +277,6 @@ TEST(ZelFileRead, RefusesBlocksThatCannotBeAndStaysThere) {
     }
 }
 
-TEST(ZelFileRead, StaysFailedButGoesOnReadingValues) {
-    Reading reading(modelFile(false, bytes("00 00 00 05") + block(false, 1, 0, {})));
-    ZelFileRead& reader = reading.reader;
-    reader.fail();
-    std::int32_t number = 0;
-    reader >> number;
-    EXPECT_EQ(number, 5);
-    EXPECT_FALSE(reader.beginBlock());
-    EXPECT_EQ(reading.position(), 12);
-    reader.endBlock(); // the file block: counts down, doesn't seek
-    EXPECT_EQ(reading.position(), 12);
-    EXPECT_FALSE(reader.good());
-    BinInputMemory other(nullptr, 0);
-    reader.attach(&other);
-    EXPECT_TRUE(reader.good());
-}
-
-TEST(ZelFileRead, LeavesABlockFromAnywhere) {
-    const Bytes inner = block(true, 2, 0, bytes("01 02 03 04 05 06 07 08"));
-    Reading reading(
-        modelFile(true, block(true, 1, 0, inner + bytes("AA BB")) + bytes("00 00 00 07")));
-    ZelFileRead& reader = reading.reader;
-    reader.beginBlock();
-    reader.beginBlock();
-    EXPECT_EQ(reader.bytesLeftInBlock(), 8);
-    std::int32_t number = 0;
-    reader >> number;
-    EXPECT_EQ(reader.bytesLeftInBlock(), 4);
-    reader.endBlock();
-    EXPECT_EQ(reader.bytesLeftInBlock(), 2);
-    reader >> number; // past the end of the block
-    EXPECT_EQ(reader.bytesLeftInBlock(), 0);
-    EXPECT_TRUE(reader.atBlockEnd());
-    reader.endBlock();
-    reader >> number;
-    EXPECT_EQ(number, 7);
-    EXPECT_TRUE(reader.good());
-}
-
 TEST(ZelFileRead, AChildMayEndBehindItsParentButNotBehindTheSource) {
     Bytes file = modelFile(true, block(true, 1, 0, block(true, 2, 0, {})) + bytes("01 02 03 04"));
     setLength(file, 24, true, 16);
@@ -432,14 +393,6 @@ TEST(ZelFileRead, WideTextsOfAnotherKindLeaveTheReaderGood) {
     Reading next(sound);
     next.reader >> text;
     EXPECT_EQ(text, "C"); // what the shared reader met before is forgotten
-}
-
-TEST(ZelFileRead, ACutObjectBlockIsRefused) {
-    Bytes file = modelFile(true, block(true, zelblock::object, 0, bytes("01 02 03")));
-    Reading reading(file);
-    EXPECT_FALSE(reading.reader.beginBlock());
-    EXPECT_EQ(reading.position(), 12);
-    EXPECT_EQ(*reading.reader.currentGuid(), ZelGuid());
 }
 
 /// A file block of length 0 is one that its writer never ended, so that the reader goes on inside.
@@ -564,22 +517,6 @@ TEST(ZelFile, ObjectsReadAndWriteThemselves) {
     EXPECT_EQ(pair.number, 21);
     reader.readBinary(pair);
     EXPECT_EQ(pair.number, 42);
-}
-
-TEST(ZelFile, AnswersToItsNames) {
-    const Bytes none;
-    BinInputMemory input(none);
-    ZelFileRead reader(&input);
-    ZelFileWrite writer;
-    IZelUnknown* unknown = &reader;
-    EXPECT_EQ(zelQuery<ZelFileRead>(unknown), &reader);
-    EXPECT_EQ(zelQuery<IZelDataModelReader>(unknown), &reader);
-    EXPECT_EQ(zelQuery<IZelDataModelWriter>(unknown), nullptr);
-    EXPECT_EQ(zelQuery<ZelFileWrite>(&writer), &writer);
-    EXPECT_EQ(zelQuery<IZelDataModelWriter>(&writer), &writer);
-    EXPECT_EQ(zelQuery<IZelUnknown>(&writer), &writer);
-    EXPECT_STREQ(unknown->className(), "ZelFileRead");
-    EXPECT_STREQ(writer.className(), "ZelFileWrite");
 }
 
 TEST(KorString, HasAFileToItself) {

@@ -64,18 +64,6 @@ TEST_F(ZelFile, OpeningKeepsOrCutsWhatIsThere) {
     }
 }
 
-TEST_F(ZelFile, AFailedOpenIsSeenInTheStateAndMayBeTriedAgain) {
-    directory.write("file", "abc");
-    ZelIfstream file(path("missing"), mode::readBinary);
-    EXPECT_TRUE(file.bad());
-    EXPECT_TRUE(file.fail());
-    file.clear();
-    file.open(path(), mode::readBinary);
-    EXPECT_EQ(file.get(), 'a');
-    ZelIfstream other(narrow().c_str(), mode::readBinary);
-    EXPECT_EQ(other.get(), 'a');
-}
-
 TEST_F(ZelFile, ReportsWhatCouldNotBeWritten) {
     ZelOfstream full("/dev/full", mode::writeBinary);
     if (!full) GTEST_SKIP() << "no full device on this system";

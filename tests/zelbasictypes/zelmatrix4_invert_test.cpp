@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Inverses and solutions, against the products that they undo.
+// Inverses, against the plain elimination, and solutions, against the products that they undo.
 #include "tests/zelbasictypes/mathtest.h"
 
 #include <array>
@@ -41,26 +41,20 @@ void expectPlainElimination(const ZelMatrix4& matrix) {
     for (int i = 0; i < 16; ++i) rows[i / 4][i % 4] = matrix.m[i];
     for (int i = 0; i < 4; ++i) rows[i][4 + i] = 1;
     ZelMatrix4 expected = counting, found = counting;
-    ASSERT_EQ(matrix.invert(found), eliminate(rows, expected));
-    for (int i = 0; i < 16; ++i)
+    const bool isRegular = eliminate(rows, expected);
+    ASSERT_EQ(matrix.invert(found), isRegular);
+    ZelMatrix4 inPlace = matrix;
+    inPlace.invert(inPlace);
+    const ZelMatrix4 given = matrix.inverse();
+    for (int i = 0; i < 16; ++i) {
         ASSERT_TRUE(isSame(found.m[i], expected.m[i]))
             << matrix << "at " << i << ": " << found.m[i] << ", not " << expected.m[i];
+        ASSERT_TRUE(isSame(inPlace.m[i], (isRegular ? expected : matrix).m[i])) << matrix;
+        ASSERT_TRUE(isSame(given.m[i], (isRegular ? expected : ZelMatrix4()).m[i])) << matrix;
+    }
 }
 
 } // namespace
-
-TEST(ZelMatrix4Inverse, UndoesTheMatrixFromBothSides) {
-    Numbers numbers;
-    for (int i = 0; i < 10'000; ++i) {
-        const ZelMatrix4 matrix = numbers.matrix();
-        ZelMatrix4 inverse = matrix;
-        ASSERT_TRUE(inverse.invert(inverse));
-        const double size = 1 + distance(inverse, ZelMatrix4::uniformScale(0));
-        ASSERT_LT(distance(matrix * inverse, {}), 1e-13 * size);
-        ASSERT_LT(distance(inverse * matrix, {}), 1e-13 * size * size);
-        ASSERT_EQ(matrix.inverse(), inverse);
-    }
-}
 
 TEST(ZelMatrix4Inverse, FollowsTheEliminationToTheLastBit) {
     Numbers numbers;
@@ -83,21 +77,6 @@ TEST(ZelMatrix4Inverse, FollowsTheEliminationToTheLastBit) {
         for (double& value : matrix.m) value = extreme[engine() % 8];
         expectPlainElimination(matrix);
     }
-}
-
-TEST(ZelMatrix4Inverse, IsRefusedForAColumnWithNothingToDivideBy) {
-    for (int column = 0; column < 4; ++column)
-        for (const double nothing : {0.0, -0.0, notANumber}) {
-            Numbers numbers;
-            ZelMatrix4 singular = numbers.matrix();
-            double values[4] = {nothing, nothing, nothing, nothing};
-            singular.swapColumn(column, values);
-            ZelMatrix4 out = counting;
-            EXPECT_FALSE(singular.invert(out));
-            EXPECT_EQ(out, counting);
-            EXPECT_TRUE(singular.inverse().isIdentity());
-            EXPECT_FALSE(singular.invert(singular));
-        }
 }
 
 TEST(ZelMatrix4Solve, FindsWhatTheBlockWasMultipliedWith) {

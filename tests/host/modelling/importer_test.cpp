@@ -49,18 +49,6 @@ TEST_F(ImporterTest, KeepsAWholeModelWithItsEntry) {
     EXPECT_FALSE(shell.closed);
 }
 
-TEST_F(ImporterTest, KeepsSeveralModelsThatReuseIdentifiers) {
-    void* finished[2];
-    for (void*& value : finished) {
-        importer->beginModel(true, 0.001);
-        buildDisc(*importer.iface, curve(), surface());
-        value = importer->finishModel();
-    }
-    EXPECT_EQ(modelling.record().models.size(), 2u);
-    EXPECT_NE(resolve(finished[0])->modelEntry(), resolve(finished[1])->modelEntry());
-    EXPECT_EQ(dropped(), "");
-}
-
 TEST_F(ImporterTest, NamesEdgesWithoutCurveAndFacesWithoutSurface) {
     importer->beginModel(true, 0.001);
     buildDisc(*importer.iface, nullptr, nullptr);

@@ -32,29 +32,6 @@ protected:
     }
 };
 
-TEST_F(ShapesTest, AnArcScalesCentreAndRadiusOnly) {
-    const SPtr<IZelArc> arc;
-    arc->define(point, 250, normal, direction, 1, 7, nullptr, 0);
-    const auto record = scaled<ArcRecord>(arc);
-    EXPECT_EQ(record.center, scaledPoint);
-    EXPECT_EQ(record.normal, normal);
-    EXPECT_EQ(record.direction, direction);
-    EXPECT_EQ(record.radius, 0.25);
-    EXPECT_EQ(record.startAngle, 1);
-    EXPECT_EQ(record.endAngle, 7);
-}
-
-TEST_F(ShapesTest, AnEllipseScalesCentreAndBothHalfAxes) {
-    const SPtr<IZelEllipse> ellipse;
-    ellipse->define(point, normal, direction, 500, 250, 1, 7, nullptr, 0);
-    const auto record = scaled<EllipseRecord>(ellipse);
-    EXPECT_EQ(record.center, scaledPoint);
-    EXPECT_EQ(record.bigHalfAxis, 0.5);
-    EXPECT_EQ(record.littleHalfAxis, 0.25);
-    EXPECT_EQ(record.startAngle, 1);
-    EXPECT_EQ(record.endAngle, 7);
-}
-
 TEST_F(ShapesTest, APlaneScalesBothRanges) {
     const SPtr<IZelPlane> plane;
     plane->define(point, normal, direction, length, {0, 1000});
@@ -67,14 +44,6 @@ TEST_F(ShapesTest, ACylinderScalesRadiusAndVRange) {
     const auto record = scaled<CylinderRecord>(cylinder);
     expectFrame(record, sameTurn, scaledLength);
     EXPECT_EQ(record.radius, 0.25);
-}
-
-TEST_F(ShapesTest, AConeScalesItsVRangeAndKeepsItsAngle) {
-    const SPtr<IZelCone> cone;
-    cone->define(point, normal, direction, 0.5, turn, length, turn, length);
-    const auto record = scaled<ConeRecord>(cone);
-    expectFrame(record, sameTurn, scaledLength);
-    EXPECT_EQ(record.halfAngle, 0.5);
 }
 
 TEST_F(ShapesTest, ASphereKeepsBothRanges) {

@@ -25,15 +25,5 @@ TEST_F(TraceTest, WritesNumbersWithAllTheirDigitsAndNamesThoseThatAreNotFinite) 
 )");
 }
 
-TEST_F(TraceTest, FollowsTheTargetAndTheModel) {
-    resolve(makeImporter()->finishModel())->modelEntry();
-    resolve(nullptr);
-    EXPECT_EQ(traced.str(), R"(["importer","finishModel",[]]
-["importTarget","resolveModel",["model"]]
-["model","modelEntry",[]]
-["importTarget","resolveModel",[null]]
-)");
-}
-
 } // namespace
 } // namespace host

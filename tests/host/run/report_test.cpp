@@ -159,12 +159,5 @@ TEST(Reason, NamesTheMostTellingFact) {
     EXPECT_EQ(reasonForNothing(facts), "the import was stopped on request");
 }
 
-TEST(Reason, SaysWithoutServerThatTheFileIsMissing) {
-    RunFacts facts;
-    facts.noServer = true;
-    facts.modelFile = "b.direct";
-    EXPECT_EQ(reasonForNothing(facts), "there is no model file b.direct");
-}
-
 } // namespace
 } // namespace host

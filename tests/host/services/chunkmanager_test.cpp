@@ -3,8 +3,6 @@
 #include "host/services/chunkmanager.h"
 
 #include "tests/host/hosttest.h"
-#include "zelbasictypes/memory/array.h"
-#include "zelbasictypes/memory/bitvectorsplitter.h"
 
 #include <algorithm>
 #include <cstring>
@@ -58,22 +56,6 @@ TEST_F(ChunkManagerTest, ReclaimsWhatItKeepsAndSaysWhetherThatHelps) {
     EXPECT_EQ(chunks->coreNow(), 0);
     EXPECT_FALSE(chunks->reclaim());
     EXPECT_EQ(chunks->swapNow() + chunks->swapLimit(), 0);
-}
-
-TEST_F(ChunkManagerTest, ServesTheArraysOfTheLibrary) {
-    auto* chunks = new ChunkManager;
-    rootManager().offerService("IZelMManager", chunks);
-    constexpr auto chunk = BitVectorSplitter::chunkElements;
-    {
-        ZelMM::Array<unsigned, BitVectorSplitter> words(100 * chunk);
-        for (std::uint32_t i = 0; i < 100; i += 10) words.set(i * chunk, i + 1);
-        EXPECT_EQ(chunks->coreNow(), 10 / chunksInAUnit + 1);
-        EXPECT_EQ(words.at(50 * chunk), 51u);
-        EXPECT_EQ(words.at(50 * chunk + 1), 0u);
-        words.resize(50 * chunk, false);
-    }
-    EXPECT_TRUE(chunks->reclaim());
-    EXPECT_EQ(chunks->coreNow(), 0);
 }
 
 } // namespace
