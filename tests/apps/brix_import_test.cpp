@@ -152,9 +152,9 @@ TEST_F(BrixImportTest, NamesTheOutputsThatNeedAWorkerWhereThereIsNone) {
     process.start(lone, faking("sphere") + outputs(directory));
     const ImportResult result{finish(process)};
     EXPECT_EQ(result.status, 4) << result.errors;
+    const Json json = result.json();
     std::string named;
-    for (const Json& loss : result.json()["dropped"])
-        named += loss["what"].get<std::string>() + ' ';
+    for (const Json& loss : json["dropped"]) named += loss["what"].get<std::string>() + ' ';
     EXPECT_EQ(named, "picture export ");
 }
 #endif

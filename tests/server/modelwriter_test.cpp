@@ -246,8 +246,9 @@ TEST(ModelWriter, KeepsTheRangeOfAFaceInTheParametersThatItSends) {
         const bool periodic =
             !std::holds_alternative<CADImport::CreatePlane>(model.surfaces.at(1)) &&
             !std::holds_alternative<CADImport::CreateNURBSSurface>(model.surfaces.at(1));
-        if (std::holds_alternative<CADImport::CreateNURBSSurface>(model.surfaces.at(1)))
+        if (std::holds_alternative<CADImport::CreateNURBSSurface>(model.surfaces.at(1))) {
             EXPECT_NEAR(box.second.v - box.first.v, sweep.v2 - sweep.v1, 1e-9);
+        }
         const bool isTorus = std::holds_alternative<CADImport::CreateTorus>(model.surfaces.at(1));
         for (const auto& [id, curve] : model.curves) {
             SurfaceView view = viewSurface(model.surfaces.at(1), curvePoint(curve, 0.5));
