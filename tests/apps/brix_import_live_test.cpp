@@ -5,8 +5,6 @@
 #include "tests/apps/serverend.h"
 #include "tests/support/tracefiles.h"
 
-#include <QElapsedTimer>
-
 namespace apps {
 namespace {
 
@@ -71,16 +69,6 @@ TEST_F(LiveTest, GivesAReasonWhenNoModelIsNamed) {
     const ImportResult missing =
         run(talking({"-TalkListen", "-TalkResult", base + ".direct", "-TalkSend", "Finish"}));
     EXPECT_TRUE(missing.says("left neither a model file nor a report")) << missing.errors;
-}
-
-TEST_F(LiveTest, StopsAServerThatHangsInTheConversation) {
-    QElapsedTimer timer;
-    timer.start();
-    const ImportResult result = interrupt(talking({"-TalkListen", "-FakeSleep", "50000"}));
-    EXPECT_LT(timer.elapsed(), 20000);
-    EXPECT_EQ(result.status, 1);
-    EXPECT_TRUE(result.says("the import was stopped on request")) << result.errors;
-    EXPECT_EQ(leftBehind(), QStringList());
 }
 
 TEST_F(LiveTest, EndsWithStatusThreeWhenTheComponentCanNotTalk) {

@@ -1,26 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
 // A component whose client reads no file: the last word of the option list names what it does.
 //   sphere    gives a sphere of 10 mm and a coordinate system
-//   losses    the same, its edge without a curve
 //   export    reports an exported file and no model
 //   ask       asks a question; the answer yes gives the sphere
-//   refused   says that the server could not be started
-//   interrupt asks the busy state until it says that the work is to stop
 //   nothing   does nothing
 #include "cadimport/creator.h"
 #include "client/itessoracadimporterclient.h"
 #include "component/itemfactory.h"
 #include "component/manageraccess.h"
-#include "component/objects/services/iguibusystate.h"
 #include "component/objects/services/iguisimpledlg.h"
 #include "component/objects/sptr.h"
 #include "tests/apps/modelfile.h"
 #include "tests/support/service.h"
 #include "zelbasictypes/sets/bitvector.h"
 #include "zelbasictypes/text/zeltranslator.h"
-
-#include <chrono>
-#include <thread>
 
 namespace {
 
@@ -31,11 +24,7 @@ public:
                      std::list<KorString>& exportedFiles) override {
         const KorString& word = arguments.back();
         if (word == "export") exportedFiles.emplace_back("C:\\out\\part.igs");
-        if (word == "sphere" || word == "losses" || (word == "ask" && show(3, "Go on?"))) {
-            giveModel(target, !(word == "losses"));
-        }
-        if (word == "refused") show(1, "The CAD Importer server could not be started");
-        if (word == "interrupt") waitForInterrupt();
+        if (word == "sphere" || (word == "ask" && wantsToGoOn())) giveModel(target);
         return !exportedFiles.empty() || !systems_.empty();
     }
     bool reservedQuery() override { return false; }
@@ -54,18 +43,13 @@ public:
     bool hasResults() override { return !models_.empty() || !systems_.empty(); }
 
 private:
-    static bool show(std::int32_t kind, const char* text) {
+    static bool wantsToGoOn() {
         const SPtr<IGuiSimpleDlg> dialog;
         return dialog &&
-               dialog->show(kind, zelTranslate(text), KorString(" "), false, false, false) == 1;
+               dialog->show(3, zelTranslate("Go on?"), KorString(" "), false, false, false) == 1;
     }
 
-    static void waitForInterrupt() {
-        const SPtr<IGuiBusyState> busy;
-        while (!busy->isCancelled()) std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
-
-    void giveModel(IZelImportTarget* target, bool withCurve) {
+    void giveModel(IZelImportTarget* target) {
         CADImport::Creator creator(target);
         const auto give = [&creator](const CADImport::Message& message) {
             message.accept(creator);
@@ -77,7 +61,7 @@ private:
         system.yDirection = {0, 1, 0};
         give(system);
         give(apps::newModel(10));
-        apps::giveSphere(give, withCurve);
+        apps::giveSphere(give);
         give(CADImport::EndModel());
         models_ = creator.models();
         creator.coordinateSystems(systems_, masks_);

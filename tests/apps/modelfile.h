@@ -21,7 +21,7 @@ inline CADImport::NewModel newModel(double unit) {
 
 /// A sphere of radius 1, bounded by its seam; with edge 256, loop, face and shell 1. Each message
 /// goes to `take`.
-template <class Take> void giveSphere(Take take, bool withCurve = true) {
+template <class Take> void giveSphere(Take take) {
     constexpr double pi = std::numbers::pi;
     CADImport::CreateSphere sphere;
     sphere.identifier = 1;
@@ -39,7 +39,7 @@ template <class Take> void giveSphere(Take take, bool withCurve = true) {
     seam.endAngle = pi / 2;
     CADImport::CreateEdge edge;
     edge.identifier = 256;
-    edge.curve = withCurve ? 1 : 2;
+    edge.curve = 1;
     edge.faces = {1, 1};
     CADImport::CreateLoop loop;
     loop.identifier = loop.faceId = 1;

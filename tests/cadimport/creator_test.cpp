@@ -3,10 +3,13 @@
 #include "cadimport/creator.h"
 
 #include "cadimport/modelling/curves.h"
+#include "cadimport/recordreader.h"
 #include "component/manageraccess.h"
 #include "host/modelling/modellingcomponent.h"
 #include "tests/support/service.h"
 #include "zelbasictypes/sets/bitvector.h"
+
+#include <QFile>
 
 #include <gtest/gtest.h>
 
@@ -112,8 +115,16 @@ CreateShell shell(const Box& box) {
 
 } // namespace
 
-/// All other shapes stand in the prepared file of the program's tests, with every call they come
-/// to.
+/// The sample part as the reference server wrote it once, with every call that it comes to. All
+/// shapes but the ellipse stand in it.
+TEST_F(CreatorTest, MakesTheCallsOfThePreparedFile) {
+    QFile file(PREPARED_FILE ".direct"), expected(PREPARED_FILE ".trace");
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly) && expected.open(QIODevice::ReadOnly));
+    RecordReader records(file);
+    while (!records.atEnd()) give(*records.next());
+    EXPECT_TRUE(trace.str() == expected.readAll().toStdString());
+}
+
 TEST_F(CreatorTest, HandsTheNumbersOfAnEllipseAcrossInTheHostsOrder) {
     auto ellipse = withIdentifier<CreateEllipse>(3);
     ellipse.center = {7, 8, 9};
