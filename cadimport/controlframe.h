@@ -16,6 +16,6 @@ QByteArray controlFrame(const Message& message);
 
 /// Parses the payload of one frame, that is the bytes after the count. Null when the wire name
 /// isn't registered.
-std::unique_ptr<Message> messageInFrame(const QByteArray& payload);
+[[nodiscard]] std::unique_ptr<Message> messageInFrame(const QByteArray& payload);
 
 } // namespace CADImport

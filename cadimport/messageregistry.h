@@ -26,7 +26,7 @@ MessageRegistry& messageRegistry();
 /// A new message of the class that `wireName` stands for, with its body read from `stream`; the
 /// caller owns it. Null, with the stream unmoved, when the name isn't registered or there is no
 /// memory. Whether the message is valid isn't checked.
-Message* createMessage(const MessageRegistry& registry, const QString& wireName,
-                       QDataStream& stream);
+[[nodiscard]] Message* createMessage(const MessageRegistry& registry, const QString& wireName,
+                                     QDataStream& stream);
 
 } // namespace CADImport

@@ -91,15 +91,15 @@ std::int64_t moveRange(Descriptor from, Descriptor to);
 /// Opens a stream; modes are those of fopen. Others may open the file meanwhile, but the call fails
 /// when one of them denies that. The caller closes the stream.
 /// @{
-std::FILE* openStream(const char16_t* path, const char16_t* mode);
-std::FILE* openStream(const char* path, const char* mode);
+[[nodiscard]] std::FILE* openStream(const char16_t* path, const char16_t* mode);
+[[nodiscard]] std::FILE* openStream(const char* path, const char* mode);
 /// @}
 /// As freopen: closes `stream` in any case, then opens `path` in its place.
 std::FILE* reopenStream(const char16_t* path, const char16_t* mode, std::FILE* stream);
 /// Makes a stream of a descriptor. On success the stream owns the descriptor, and a temporary file
 /// loses its name; on failure the caller keeps it. Using a direction for which the descriptor isn't
 /// open fails at that call.
-std::FILE* streamOf(Descriptor file, const char* mode);
+[[nodiscard]] std::FILE* streamOf(Descriptor file, const char* mode);
 /// Positions of 64 bits; `origin` as for seek(). Fails for a stream without positions, such as a
 /// pipe.
 /// @{
@@ -109,7 +109,7 @@ std::int64_t tellStream(std::FILE* stream);
 /// Writes what the stream has buffered to the disk and returns true once it is there; the stream
 /// must have been opened with the letter c in its mode. Where there is no disk, such as for a pipe,
 /// only the buffer is written out.
-bool commitStream(std::FILE* stream);
+[[nodiscard]] bool commitStream(std::FILE* stream);
 /// The next offset, from `offset` on, at which the file may hold anything but zeros. This skips the
 /// holes of sparse files; it is `offset` itself when the system doesn't tell. -1 when only a hole
 /// follows. The position of the stream doesn't change.

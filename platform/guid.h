@@ -20,6 +20,6 @@ struct Guid {
 
 /// Stores a new random identifier (version 4). False, with `guid` left alone, when the system gives
 /// no random bits.
-bool createGuid(Guid* guid);
+[[nodiscard]] bool createGuid(Guid* guid);
 
 } // namespace platform

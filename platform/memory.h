@@ -18,7 +18,7 @@ struct MemoryStatus {
     std::uint64_t virtualExtendedFree = 0; ///< always 0 on today's systems
 };
 /// False, with `status` unchanged, when the system doesn't tell.
-bool memoryStatus(MemoryStatus& status);
+[[nodiscard]] bool memoryStatus(MemoryStatus& status);
 
 /// The physical memory that this process occupies.
 struct WorkingSet {
@@ -26,6 +26,6 @@ struct WorkingSet {
     std::uint64_t peak = 0;    ///< since the process started
 };
 /// False, with `set` unchanged, when the system doesn't tell.
-bool workingSet(WorkingSet& set);
+[[nodiscard]] bool workingSet(WorkingSet& set);
 
 } // namespace platform

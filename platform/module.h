@@ -12,8 +12,8 @@ using Module = void*;
 
 /// Loads a module and everything it needs. Null on failure; moduleError() says why.
 /// @{
-Module loadModule(const char16_t* path);
-Module loadModule(const char* path);
+[[nodiscard]] Module loadModule(const char16_t* path);
+[[nodiscard]] Module loadModule(const char* path);
 /// @}
 /// The address of an exported symbol, or null.
 void* findEntry(Module module, const char* name);

@@ -28,7 +28,7 @@ using TakeBytes = std::function<void(const char* bytes, std::size_t length)>;
 /// copied, so `work` must neither wait for one nor take a lock that one may hold.
 ///
 /// Windows has no such copies.
-CopyEnd runInCopy(const std::function<void(const TakeBytes& send)>& work, const TakeBytes& receive,
-                  double processorSeconds);
+[[nodiscard]] CopyEnd runInCopy(const std::function<void(const TakeBytes& send)>& work,
+                                const TakeBytes& receive, double processorSeconds);
 
 } // namespace platform

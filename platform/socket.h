@@ -33,7 +33,7 @@ inline constexpr std::uint32_t loopbackHost = 0x7F000001;
 
 /// Asks the system for its socket library, version 1.1. False, with nothing held, when there is
 /// none or another version is granted. Each success must be paired with one cleanupSockets().
-bool startSockets();
+[[nodiscard]] bool startSockets();
 /// Undoes one successful startSockets().
 void cleanupSockets();
 

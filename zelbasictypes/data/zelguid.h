@@ -17,7 +17,7 @@ class ZelGuid {
 public:
     /// Takes a new, globally unique value. False, with nothing changed, when the system has none to
     /// give.
-    bool generate();
+    [[nodiscard]] bool generate();
     /// False for nil.
     bool isValid() const { return *this != ZelGuid(); }
 

@@ -12,7 +12,7 @@
 
 /// Opens a stream of the runtime library, with a `mode` as of fopen of at most 255 characters. Null
 /// for an empty path and on failure. The caller closes the stream.
-std::FILE* zelOpenFile(const KorString& path, const char* mode);
+[[nodiscard]] std::FILE* zelOpenFile(const KorString& path, const char* mode);
 /// The same on an open stream, which is closed in any case.
 std::FILE* zelReopenFile(const KorString& path, const char* mode, std::FILE* file);
 /// Opens a file exclusively: nobody else may open it meanwhile, and it fails when somebody has it
@@ -22,8 +22,9 @@ std::FILE* zelReopenFile(const KorString& path, const char* mode, std::FILE* fil
 /// unless that is 0 or less. A writer never waits. Null on failure, and at once for a null or empty
 /// path. The caller closes the stream.
 /// @{
-std::FILE* zelOpenFileRetry(const KorString& path, const char* mode, double retrySeconds);
-std::FILE* zelOpenFileRetry(const char* path, const char* mode, double retrySeconds);
+[[nodiscard]] std::FILE* zelOpenFileRetry(const KorString& path, const char* mode,
+                                          double retrySeconds);
+[[nodiscard]] std::FILE* zelOpenFileRetry(const char* path, const char* mode, double retrySeconds);
 /// @}
 
 /// Results of the platform: 0 for yes or done, -1 otherwise. `mode` is 0 for existence, 2 for
@@ -41,21 +42,22 @@ bool makeDirectoryOnce(const char* path);
 /// @}
 /// Writes `total` bytes in pieces of at most `chunk`. False as soon as one write falls short, and
 /// for a `chunk` below 1. True when there is nothing to write.
-bool writeChunked(const void* data, std::FILE* file, std::int64_t total, std::int64_t chunk);
+[[nodiscard]] bool writeChunked(const void* data, std::FILE* file, std::int64_t total,
+                                std::int64_t chunk);
 
 /// Copies a file over `to`. False only when one of the files can't be opened; a full disk goes
 /// unnoticed. When `from` can't be read, `to` is left alone. A file copied onto itself stays as it
 /// is.
-bool copyFile(const KorString& from, const KorString& to);
+[[nodiscard]] bool copyFile(const KorString& from, const KorString& to);
 /// The same; also false for a null or empty path.
-bool copyFile(const char* from, const char* to);
+[[nodiscard]] bool copyFile(const char* from, const char* to);
 /// Copies a file, or a directory and everything below it, into `to`, which is made when it is
 /// missing. Existing files are overwritten; where the source has an entry that isn't a regular
 /// file, a directory replaces an existing file. True when every copy succeeded, also for a path
 /// that leads nowhere. A link that leads back into the source or to the target isn't followed.
 /// @{
-bool copyTree(const KorString& from, const KorString& to);
-bool copyTree(const char* from, const char* to);
+[[nodiscard]] bool copyTree(const KorString& from, const KorString& to);
+[[nodiscard]] bool copyTree(const char* from, const char* to);
 /// @}
 
 /// Makes a path for a new file in the directory of the setting "Directories/Temp Directory", else

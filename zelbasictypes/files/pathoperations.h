@@ -99,8 +99,8 @@ bool removeDirectory(const char* path, bool recursive);
 /// leads back to where the move came from or goes to, or to what it would replace, stays where it
 /// is.
 /// @{
-bool moveTree(const KorString& from, const KorString& to);
-bool moveTree(const char* from, const char* to);
+[[nodiscard]] bool moveTree(const KorString& from, const KorString& to);
+[[nodiscard]] bool moveTree(const char* from, const char* to);
 /// @}
 /// The host's directory for a purpose, such as "temp". Borrowed from the directory service; empty
 /// when there is no service.

@@ -196,8 +196,8 @@ public:
     /// Writes or reads a data-model file with this text and nothing else. The result is that of
     /// closing the file. A block of another kind leaves the text empty and isn't a failure.
     /// @{
-    bool saveToFile(const KorString& path) const;
-    bool loadFromFile(const KorString& path);
+    [[nodiscard]] bool saveToFile(const KorString& path) const;
+    [[nodiscard]] bool loadFromFile(const KorString& path);
     /// @}
     /// Exchanges the text only; the narrow and UTF-8 forms that were made stay where they are.
     void swapText(KorString& other) noexcept;
