@@ -113,11 +113,15 @@ def run_commands(page: Path, source: Path, build: Path) -> list[str]:
     return problems + result.stdout.splitlines() if problems else []
 
 
+def whole_path(name: str) -> Path:
+    return Path(name).resolve()
+
+
 def main() -> int:
     parser = argparse.ArgumentParser(description=__doc__,
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--source", type=Path, required=True)
-    parser.add_argument("--build", type=Path)
+    parser.add_argument("--source", type=whole_path, required=True)
+    parser.add_argument("--build", type=whole_path)
     parser.add_argument("--run", metavar="PAGE")
     options = parser.parse_args()
     if options.run:
