@@ -36,7 +36,7 @@
 namespace host {
 namespace {
 
-constexpr double relativeTolerance = 1e-6;
+constexpr double boxTolerance = 1e-6;
 
 /// Lower and upper bounds; grown coordinate by coordinate, which the kernel's box doesn't offer.
 struct Bounds {
@@ -94,7 +94,7 @@ ControlNet netOf(const Geom_BezierSurface& surface) {
 
 /// Grows the bounds around the pieces, of which some points are within them already.
 void include(const std::vector<ControlNet>& pieces, Bounds& bounds) {
-    const double tolerance = relativeTolerance * bounds.diagonal();
+    const double tolerance = boxTolerance * bounds.diagonal();
     const auto bound = [&](int axis, double sign, double known) {
         std::vector<BezierNet> nets;
         for (const ControlNet& piece : pieces) nets.push_back(piece.along(axis, sign));
@@ -188,7 +188,7 @@ void cutTo(ParameterRanges to, Geom_BSplineSurface& surface) {
     ParameterRanges own;
     surface.Bounds(own.u1, own.u2, own.v1, own.v2);
     const auto spans = [](double low, double high, double first, double last) {
-        return high - low >= (last - first) * (1.0 - relativeTolerance);
+        return high - low >= (last - first) * (1.0 - boxTolerance);
     };
     if (surface.IsUPeriodic() && spans(to.u1, to.u2, own.u1, own.u2)) surface.SetUNotPeriodic();
     if (surface.IsVPeriodic() && spans(to.v1, to.v2, own.v1, own.v2)) surface.SetVNotPeriodic();

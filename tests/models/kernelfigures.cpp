@@ -2,15 +2,18 @@
 // What the kernel itself makes of a CAD file: scripts/compare-models holds imports against it.
 // Shares no code with the server or the host.
 //
-//     kernel-figures FILE    prints {"faces", "area", "areaMargin", "volume", "volumeMargin"}
+//     kernel-figures FILE    prints {"faces", "area", "areaMargin", "volume", "volumeMargin",
+//     "valid"}
 //
 // Square and cubic millimetres. The volume is null where a face belongs to no closed shell. Margins
 // are how far the figures are in doubt: a file gives each edge a curve in space and one in the
-// parameters of each surface, and what lies between the two may belong to the face or not. Ends
-// with 1 when the file can't be read or a figure is no number.
+// parameters of each surface, and what lies between the two may belong to the face or not. "valid"
+// says whether all faces pass the kernel's check. Ends with 1 when the file can't be read or a
+// figure is no number.
 #include <BRepAdaptor_Curve.hxx>
 #include <BRepAdaptor_Surface.hxx>
 #include <BRepBndLib.hxx>
+#include <BRepCheck_Analyzer.hxx>
 #include <BRepGProp_Domain.hxx>
 #include <BRepGProp_Face.hxx>
 #include <BRepGProp_Sinert.hxx>
@@ -242,6 +245,13 @@ TopoDS_Shape shapeIn(const std::string& path) {
     return shape;
 }
 
+bool isValid(const TopoDS_Shape& shape) {
+    for (TopExp_Explorer walk(shape, TopAbs_FACE); walk.More(); walk.Next()) {
+        if (!BRepCheck_Analyzer(walk.Current()).IsValid()) return false;
+    }
+    return true;
+}
+
 int printFigures(const std::string& path) {
     const TopoDS_Shape shape = shapeIn(path);
     if (shape.IsNull()) return 1;
@@ -255,7 +265,8 @@ int printFigures(const std::string& path) {
     } else {
         std::printf("\"volume\": null, ");
     }
-    std::printf("\"volumeMargin\": %.17g}\n", sum.volumeMargin);
+    std::printf("\"volumeMargin\": %.17g, \"valid\": %s}\n", sum.volumeMargin,
+                isValid(shape) ? "true" : "false");
     return 0;
 }
 
