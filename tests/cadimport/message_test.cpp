@@ -134,7 +134,7 @@ struct Rising {
     void set(QString&) {}
     template <class T> void set(QList<T>& list) { list = {T{}}; }
     template <class T> void set(T& whole) {
-        std::apply([this](auto&... parts) { (set(parts), ...); }, fieldsOf(whole));
+        std::apply([&](auto&... parts) { (set(parts), ...); }, fieldsOf(whole));
     }
     double last = 0;
 };

@@ -30,7 +30,7 @@ using namespace server::testing;
 const gp_Ax1 tiltAxis(gp_Pnt(1, -2, 3), gp_Dir(1, 2, 3));
 constexpr double tiltAngle = 0.7;
 
-TopoDS_Shape tilted(const TopoDS_Shape& shape) {
+TopoDS_Shape turned(const TopoDS_Shape& shape) {
     gp_Trsf turn;
     turn.SetRotation(tiltAxis, tiltAngle);
     return BRepBuilderAPI_Transform(shape, turn).Shape();
@@ -66,8 +66,8 @@ void expectEqual(const Bnd_Box& found, const Bnd_Box& expected, double tolerance
 }
 
 TEST(BoundingBox, AgreesWithFormulas) {
-    const TopoDS_Shape sphere = tilted(BRepPrimAPI_MakeSphere(7.0).Shape());
-    const TopoDS_Shape torus = tilted(BRepPrimAPI_MakeTorus(7.0, 3.0).Shape());
+    const TopoDS_Shape sphere = turned(BRepPrimAPI_MakeSphere(7.0).Shape());
+    const TopoDS_Shape torus = turned(BRepPrimAPI_MakeTorus(7.0, 3.0).Shape());
     expectEqual(boxOfFaces(sphere), expectedBox(0, 7), 1e-9);
     expectEqual(boxOfFaces(torus), expectedBox(7, 3), 1e-9);
     const auto asSplines = [](const TopoDS_Shape& shape) {
@@ -105,7 +105,7 @@ Sampled sampled(const TopoDS_Face& face, Bnd_Box underTest) {
 TEST(BoundingBox, HoldsTheFaceAndLittleMore) {
     for (const char* name : {"Box", "FullCone", "WideningCone", "EllipticBar", "CrossedPipes",
                              "MirroredPipes", "Vase", "SplinePocket", "BoxWithVoids"}) {
-        const TopoDS_Shape shape = tilted(shapeNamed(name));
+        const TopoDS_Shape shape = turned(shapeNamed(name));
         int number = 0;
         for (TopExp_Explorer walk(shape, TopAbs_FACE); walk.More(); walk.Next()) {
             SCOPED_TRACE(std::string(name) + ", face " + std::to_string(++number));
