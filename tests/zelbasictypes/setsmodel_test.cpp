@@ -359,7 +359,8 @@ private:
     void copy(Triple& one, const Triple& two) {
         switch (below(5)) {
         case 0: {
-            const std::int32_t room = std::max(one.bits.maxBit(), two.bits.maxBit());
+            const bool keepsRoom = !one.bits.isLarge() && one.bits.maxBit() > two.bits.maxBit();
+            const std::int32_t room = (keepsRoom ? one : two).bits.maxBit();
             one.bits = two.bits;
             EXPECT_EQ(one.bits.maxBit(), room);
             one.blocks = two.blocks;
