@@ -4,6 +4,7 @@
 
 #include <BRepBndLib.hxx>
 #include <BRepMesh_IncrementalMesh.hxx>
+#include <BRepTools.hxx>
 #include <BRep_Tool.hxx>
 #include <Bnd_Box.hxx>
 #include <Poly_PolygonOnTriangulation.hxx>
@@ -88,6 +89,8 @@ void triangulate(const TopoDS_Shape& shape, const MeshFineness& fineness) {
     BRepBndLib::Add(shape, box, false);
     if (box.IsVoid() || box.IsOpen()) return;
     const double diagonal = std::sqrt(box.SquareExtent());
+    // The kernel keeps triangles by their distance alone, however great their angle.
+    BRepTools::Clean(shape);
     BRepMesh_IncrementalMesh mesher(shape, std::max(fineness.diagonalShare * diagonal, 1e-7), false,
                                     fineness.radians, false);
 }

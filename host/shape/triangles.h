@@ -36,7 +36,7 @@ struct MeshFineness {
     static MeshFineness forPixels(int pixels) { return {0.5 / std::max(pixels, 1), 0.5}; }
 };
 
-/// Puts triangles into the shape, unless it has such fine ones. May throw what the kernel throws.
+/// Puts triangles into the shape, in place of those that it has. May throw what the kernel throws.
 void triangulate(const TopoDS_Shape& shape, const MeshFineness& fineness = {});
 
 /// Triangulates and takes out. Faces that the kernel could not triangulate are left out.

@@ -3,9 +3,11 @@
 #include "host/shape/exportfile.h"
 
 #include "host/shape/filefailure.h"
+#include "host/shape/triangles.h"
 #include "tests/server/shapes.h"
 
 #include <BRepGProp.hxx>
+#include <BRepPrimAPI_MakeCylinder.hxx>
 #include <BRepTools.hxx>
 #include <BRep_Builder.hxx>
 #include <GProp_GProps.hxx>
@@ -53,6 +55,16 @@ TEST_F(ExportFile, WritesBrepAndStepUnderBothNamesInAnyCase) {
         reader.TransferRoots();
         EXPECT_NEAR(volume(reader.OneShape()), boxVolume, 1e-6);
     }
+}
+
+TEST_F(ExportFile, MeshesAsFinelyAfterAPictureAsWithoutOne) {
+    const auto trianglesOf = [&](bool isDrawnFirst) {
+        const TopoDS_Shape rod = BRepPrimAPI_MakeCylinder(0.05, 100.0).Shape(); // so angles count
+        if (isDrawnFirst) triangulate(rod, MeshFineness::forPixels(1024));
+        exportShape(rod, name("rod.stl"));
+        return RWStl::ReadFile(name("rod.stl").c_str())->NbTriangles();
+    };
+    EXPECT_EQ(trianglesOf(true), trianglesOf(false));
 }
 
 TEST_F(ExportFile, WritesStlWhoseTrianglesFaceOutward) {
