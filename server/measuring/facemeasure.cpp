@@ -21,6 +21,7 @@
 #include <gp_Vec.hxx>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <stdexcept>
 
@@ -33,7 +34,7 @@ constexpr double greatestDisagreement = 1e-3; ///< relative
 struct Fineness {
     double share, radians;
 };
-constexpr Fineness coarseMesh{1e-3, 0.5}, fineMesh{1.25e-4, 0.1};
+constexpr std::array<Fineness, 3> meshes{{{1e-3, 0.5}, {2.5e-4, 0.25}, {1.25e-4, 0.1}}};
 
 struct Figures {
     double area = 0.0, volume = 0.0;
@@ -123,40 +124,30 @@ std::optional<Figures> meshFigures(const TopoDS_Face& face, const gp_Pnt& refere
     });
 }
 
-/// The integral that a mesh bears out. Without a second one within the allowance that may be the
-/// one that is much nearer to it than the other, so that a coarse mesh will do.
-std::optional<FaceMeasure> clearlyNearest(const Figures& mesh, const Allowance& allowance,
-                                          const std::optional<Figures>& own,
-                                          const std::optional<Figures>& kernel) {
-    constexpr double muchNearer = 5.0;
-    const double far = HUGE_VAL;
-    const double ownDistance = own ? distance(*own, mesh, allowance) : far;
-    const double kernelDistance = kernel ? distance(*kernel, mesh, allowance) : far;
-    const bool isOwn = ownDistance <= kernelDistance;
-    const double nearer = std::min(ownDistance, kernelDistance);
-    const bool isClear =
-        nearer <= 1.0 ||
-        (own && kernel && muchNearer * nearer <= std::max(ownDistance, kernelDistance));
-    if (!isClear) return std::nullopt;
-    const Figures& figures = isOwn ? *own : *kernel;
-    return FaceMeasure{figures.area, figures.volume};
-}
+FaceMeasure measureOf(const Figures& figures) { return {figures.area, figures.volume}; }
 
-/// One of the integrals where a mesh bears it out, else the mesh itself with what it changes when
-/// it gets finer.
+/// One of the integrals where the mesh bears it out, else the mesh itself. The mesh gets finer, at
+/// growing cost, until it bears out one of them and not the other; by how much it changes on the
+/// way tells how far it can be trusted.
 std::optional<FaceMeasure> decided(const TopoDS_Face& face, const gp_Pnt& reference,
                                    const Allowance& allowance, const std::optional<Figures>& own,
                                    const std::optional<Figures>& kernel) {
-    const auto coarse = meshFigures(face, reference, coarseMesh);
-    if (!coarse) return std::nullopt;
-    if (const auto clear = clearlyNearest(*coarse, allowance, own, kernel)) return clear;
-    const auto fine = meshFigures(face, reference, fineMesh);
-    if (!fine) return std::nullopt;
-    const FaceMeasure mesh{fine->area, fine->volume, std::abs(fine->area - coarse->area),
-                           std::abs(fine->volume - coarse->volume)};
-    const Allowance nearMesh{std::max(allowance.area, mesh.areaUncertainty),
+    auto last = meshFigures(face, reference, meshes.front());
+    FaceMeasure mesh;
+    bool isOwnNear = false, isKernelNear = false;
+    for (std::size_t i = 1; i < meshes.size() && isOwnNear == isKernelNear; ++i) {
+        const auto next = meshFigures(face, reference, meshes[i]);
+        if (!last || !next) return std::nullopt;
+        mesh = {next->area, next->volume, std::abs(next->area - last->area),
+                std::abs(next->volume - last->volume)};
+        const Allowance near{std::max(allowance.area, mesh.areaUncertainty),
                              std::max(allowance.volume, mesh.volumeUncertainty)};
-    return clearlyNearest(*fine, nearMesh, own, kernel).value_or(mesh);
+        isOwnNear = own && distance(*own, *next, near) <= 1.0;
+        isKernelNear = kernel && distance(*kernel, *next, near) <= 1.0;
+        last = next;
+    }
+    if (isOwnNear) return measureOf(*own);
+    return isKernelNear ? measureOf(*kernel) : mesh;
 }
 
 } // namespace
@@ -167,8 +158,7 @@ std::optional<FaceMeasure> measured(const TopoDS_Face& face, const gp_Pnt& refer
     const double area = std::max(own ? own->area : 0.0, kernel ? kernel->area : 0.0);
     const Allowance allowance{greatestDisagreement * area,
                               greatestDisagreement * area * reach / 3.0};
-    if (own && kernel && distance(*own, *kernel, allowance) <= 1.0)
-        return FaceMeasure{own->area, own->volume};
+    if (own && kernel && distance(*own, *kernel, allowance) <= 1.0) return measureOf(*own);
     return decided(face, reference, allowance, own, kernel);
 }
 
