@@ -142,15 +142,18 @@ std::set<Identifier> invalidAsRead(const Json& serverReport) {
 
 void noteOldFaults(const Json& serverReport, std::vector<DroppedRecord>& losses,
                    std::vector<DroppedRecord>& notes) {
-    const std::set<Identifier> invalid = invalidAsRead(serverReport);
+    std::set<Identifier> invalid = invalidAsRead(serverReport);
     std::erase_if(losses, [&](const DroppedRecord& loss) {
-        const bool isOld = loss.what == "validity" && invalid.count(loss.identifier) > 0;
+        const bool isOld = loss.what == "validity" && invalid.erase(loss.identifier) > 0;
         if (isOld) {
             notes.push_back(loss);
             notes.back().why += ", and so it was in the file";
         }
         return isOld;
     });
+    for (const Identifier face : invalid) {
+        notes.push_back({"validity", face, "it was invalid in the file", 1});
+    }
 }
 
 std::vector<DroppedRecord> differences(const Json& serverReport, const ModelRecord& record,

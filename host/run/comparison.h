@@ -11,8 +11,8 @@
 
 namespace host {
 
-/// Makes a note of each loss "validity" of a face that the server found invalid as it was read: a
-/// face that came as it stands in the file is no loss.
+/// Makes a note of each face that the server found invalid as it was read. A loss "validity" of
+/// such a face becomes that note: a face that came as it stands in the file is no loss.
 void noteOldFaults(const nlohmann::ordered_json& serverReport, std::vector<DroppedRecord>& losses,
                    std::vector<DroppedRecord>& notes);
 

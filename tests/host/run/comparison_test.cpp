@@ -68,15 +68,18 @@ TEST_F(ComparisonTest, LeavesOutWhatHasNoFigure) {
 TEST(OldFaults, AreNotesForFacesThatTheServerFoundInvalid) {
     const auto report = Json::parse(R"({"measured":{"faces":[
         {"identifier":1,"area":2,"margin":0},{"identifier":2,"area":2,"margin":0,"valid":false},
-        {"identifier":3,"area":2,"margin":0,"valid":true},{"identifier":4,"valid":false}]}})");
+        {"identifier":3,"area":2,"margin":0,"valid":true},{"identifier":4,"valid":false},
+        {"identifier":5,"area":2,"margin":0,"valid":false}]}})");
     std::vector<DroppedRecord> losses, notes;
     for (const Identifier face : {0, 1, 2, 3, 4}) losses.push_back({"validity", face, "bad"});
     losses.push_back({"face", 2, "lost"});
     noteOldFaults(report, losses, notes);
     EXPECT_EQ(losses.size(), 5U);
-    ASSERT_EQ(notes.size(), 1U);
+    ASSERT_EQ(notes.size(), 2U);
     EXPECT_EQ(notes[0].identifier, 2);
     EXPECT_EQ(notes[0].why, "bad, and so it was in the file");
+    EXPECT_EQ(notes[1].identifier, 5);
+    EXPECT_EQ(notes[1].why, "it was invalid in the file");
 }
 
 TEST_F(ComparisonTest, SurvivesAReportOfAnyForm) {
