@@ -11,7 +11,7 @@ build_packages=(
 test_packages=(
   clang clang-format libclang-rt-14-dev qtbase5-dev libgtest-dev libgmock-dev
   occt-misc binutils python3 git locales doxygen
-  reuse clang-tidy lintian dpkg-dev
+  reuse clang-tidy lintian dpkg-dev zsh fish
 )
 # What the library races against in benchmarks/.
 benchmark_packages=(
